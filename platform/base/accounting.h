@@ -1,0 +1,20 @@
+/// What is open or allocated in the layer right now, by kind: how tests see a leak.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+
+namespace platform {
+
+/// Adds to (or takes from) the number of objects of a kind that are alive: "heap block", "printer",
+/// "registry key", "device context", "font", "bitmap", "socket", "module", "process", "thread"...
+void CountObject(const char* kind, int change);
+
+/// The kinds with at least one object alive, and how many. Empty when nothing is held.
+std::map<std::string, int> LiveObjects();
+
+/// Bytes allocated now from one heap (`HeapCreate`, `GetProcessHeap`).
+std::size_t HeapBytes(void* heap);
+
+}  // namespace platform

@@ -1,0 +1,38 @@
+/// The machine: the one folder in which the layer keeps everything it knows.
+///
+/// `registry.sqlite` (the registry), `Windows/` (INI files, System32, the driver directory) and
+/// `machine.log` (programs started). Paths that the plug-in sees are the platform's: `C:\...` is
+/// the machine's folder itself, so `C:\Windows` is its `Windows/`; any other file of the system is
+/// seen below `Z:\`. Path look-ups below `C:` ignore case, as the platform's file system does.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// Chooses the machine of this process and makes the folder and its sub-folders when missing.
+/// Registry connections to an earlier machine are closed. Throws
+/// `std::filesystem::filesystem_error` when the folder cannot be made. Not while handles of the
+/// layer are open.
+void UseMachine(const std::filesystem::path& folder);
+
+/// The machine in use; empty before the first `UseMachine`.
+const std::filesystem::path& MachineFolder();
+
+/// The driver's directory of the machine, `Windows/System32/spool/drivers/x64/3`.
+std::filesystem::path DriverFolder();
+
+/// The file that a platform path names; an empty path when it names none (no machine, relative
+/// path with a drive, unknown drive). A path without drive is taken below the Windows directory.
+std::filesystem::path HostPath(std::u16string_view platformPath);
+
+/// The platform path under which the plug-in sees a file.
+std::u16string PlatformPath(const std::filesystem::path& hostPath);
+
+/// UTF-8 of a UTF-16 text (lone surrogates become U+FFFD), and back.
+std::string Utf8(std::u16string_view text);
+std::u16string Utf16(std::string_view text);
+
+}  // namespace platform

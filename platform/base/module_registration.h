@@ -1,0 +1,26 @@
+/// How a module (a shared object with embedded resources) makes itself known to the layer. Used by
+/// the glue that is linked into every module; nothing else needs it.
+#pragma once
+
+#include <windef.h>
+
+#include <cstddef>
+
+namespace platform {
+
+/// One loaded module; its address is the module handle.
+struct ModuleImage {
+    const unsigned char* resources;  ///< binary resources, the format of a .res file
+    std::size_t resourcesSize;       ///< bytes
+    const void* codeAddress;         ///< any address inside the module, to find its file
+    BOOL(WINAPI* entry)(HINSTANCE, DWORD, LPVOID);  ///< `DllMain`, or null
+};
+
+/// Called when the module is mapped, before anything else of it runs: registers it and calls its
+/// entry with DLL_PROCESS_ATTACH.
+void AttachModule(ModuleImage& image);
+
+/// Called when the module is about to go: calls its entry with DLL_PROCESS_DETACH and forgets it.
+void DetachModule(ModuleImage& image);
+
+}  // namespace platform

@@ -1,0 +1,47 @@
+/* Styles and IDs that resource scripts and code share; the resource compiler reads this file too.
+ */
+#ifndef PLATFORM_WINRESRC_H
+#define PLATFORM_WINRESRC_H
+
+#define IDOK 1
+#define IDCANCEL 2
+#define IDYES 6
+#define IDNO 7
+
+#define WS_POPUP 0x80000000
+#define WS_CHILD 0x40000000
+#define WS_VISIBLE 0x10000000
+#define WS_DISABLED 0x08000000
+#define WS_CAPTION 0x00C00000
+#define WS_BORDER 0x00800000
+#define WS_VSCROLL 0x00200000
+#define WS_SYSMENU 0x00080000
+#define WS_GROUP 0x00020000
+#define WS_TABSTOP 0x00010000
+#define WS_EX_CONTEXTHELP 0x00000400
+
+#define DS_SETFONT 0x40
+#define DS_MODALFRAME 0x80
+
+#define SS_LEFT 0x00
+#define SS_BLACKFRAME 0x07
+#define SS_WHITEFRAME 0x09
+
+#define BS_PUSHBUTTON 0x00
+#define BS_DEFPUSHBUTTON 0x01
+#define BS_AUTOCHECKBOX 0x03
+#define BS_GROUPBOX 0x07
+#define BS_AUTORADIOBUTTON 0x09
+
+#define ES_AUTOHSCROLL 0x0080
+#define ES_NUMBER 0x2000
+
+#define CBS_DROPDOWNLIST 0x0003
+#define CBS_SORT 0x0100
+
+#define UDS_SETBUDDYINT 0x0002
+#define UDS_ALIGNRIGHT 0x0004
+#define UDS_AUTOBUDDY 0x0010
+#define UDS_ARROWKEYS 0x0020
+
+#endif

@@ -1,0 +1,42 @@
+/// Failure injection: every function of the layer that can fail passes one named point.
+///
+/// A test arms a point (or counts all of them) and sees the n-th call fail with the error given.
+/// Unarmed, a point costs one relaxed atomic load.
+#pragma once
+
+#include <windef.h>
+
+#include <string>
+#include <vector>
+
+namespace platform {
+
+/// Passed by a function of the layer at its start. True when the call must fail now: the function
+/// then reports `*error` in its own way (last error, status, result) and does nothing else.
+/// \param point  the function's name, such as "SetPrinterDataW"; a literal.
+/// \param error  the code to report; untouched when the call may go on.
+bool MustFail(const char* point, DWORD* error);
+
+/// Counts calls, and fails one of them, for as long as it lives. One at a time in a process; calls
+/// of every thread count.
+class FailurePlan {
+public:
+    /// Counts only.
+    FailurePlan();
+    /// Fails the n-th call (from 1) of any point.
+    FailurePlan(int nthCall, DWORD error);
+    /// Fails the n-th call (from 1) of the named point; 0 fails every call of it.
+    FailurePlan(std::string point, int nthCall, DWORD error);
+    ~FailurePlan();
+    FailurePlan(const FailurePlan&) = delete;
+    FailurePlan& operator=(const FailurePlan&) = delete;
+
+    /// How many calls passed a point so far.
+    int Calls() const;
+    /// Whether the armed failure has happened.
+    bool Fired() const;
+    /// The names of the points passed, in order.
+    std::vector<std::string> Passed() const;
+};
+
+}  // namespace platform

@@ -1,0 +1,121 @@
+/* IDs of the module's strings, dialog and controls; the resource script and the code share them. */
+#ifndef RESOURCES_RESOURCE_IDS_H
+#define RESOURCES_RESOURCE_IDS_H
+
+/* Items of the document page, and texts of the watermark editor's lists */
+#define IDS_WATERMARK 5
+#define IDS_ANGLE_HORIZONTAL 20
+#define IDS_ANGLE_DIAGONAL 21
+#define IDS_ANGLE_VERTICAL 22
+#define IDS_ANGLE_USER_DEFINE 23
+#define IDS_NEW_WATERMARK_NAME 24
+#define IDS_NEW_WATERMARK_TEXT 25
+#define IDS_SCALING 27
+#define IDS_COLOR_BLACK 28
+#define IDS_COLOR_CYAN 29
+#define IDS_COLOR_MAGENTA 30
+#define IDS_COLOR_YELLOW 31
+#define IDS_COLOR_RED 32
+#define IDS_COLOR_GREEN 33
+#define IDS_COLOR_BLUE 34
+#define IDS_ENABLED 35
+#define IDS_DISABLED 36
+#define IDS_EDIT 37
+
+/* Items of the printer page, named as the driver's configuration names them */
+#define IDS_INSTALLED 41
+#define IDS_NOT_INSTALLED 42
+#define IDS_AUTO_CONFIGURE 43
+#define IDS_TRAY_2 44
+#define IDS_DUPLEX_OPTION 45
+#define IDS_TRAY_3 46
+
+#define IDS_TRANSMIT_ONCE 47
+
+/* Messages and captions */
+#define IDS_CAPTION_ERROR 48
+#define IDS_DEFAULTS_NOT_LOADED 49
+#define IDS_PRINTER_NOT_OPENED 50
+#define IDS_LIST_FULL 51
+#define IDS_CAPTION_WATERMARK 52
+#define IDS_NONE_NOT_DELETED 53
+#define IDS_CONFIRM_DELETE 54
+#define IDS_LIST_EMPTY 55
+#define IDS_LIST_NOT_STORED 56
+#define IDS_CONFIRM_OVERWRITE 57
+#define IDS_CAPTION_WARNING 58
+#define IDS_NONE_NOT_ADDED 59
+#define IDS_NAME_EMPTY 60
+#define IDS_TEXT_EMPTY 61
+#define IDS_SCALING_CONFLICT 62
+#define IDS_CAPTION_CONFLICT 63
+#define IDS_CAPTION_DELETE 64
+#define IDS_NEW_WATERMARK_SELECTED 65
+
+/* Media and paper names */
+#define IDS_LETTERHEAD 70
+#define IDS_RECYCLED_PAPER 73
+#define IDS_FIRST_PAPER_NAME 78 /* sixteen names, 78 to 93 */
+#define IDS_LAST_PAPER_NAME 93
+#define IDS_TRAY_1 94
+
+/* The models' help files: this ID plus the model index */
+#define IDS_HELP_FILE 100
+
+#define IDS_PAPER_TOO_LONG 295
+#define IDS_PAPER_TOO_SHORT 296
+#define IDS_ON 299
+#define IDS_OFF 300
+#define IDS_SATURATION 301
+#define IDS_PERCEPTUAL 302
+#define IDS_RENDERING_INTENT 303
+#define IDS_PAPER_TOO_SHORT_FOR_DUPLEX 304
+
+/* The watermark editor */
+#define IDD_WATERMARK_EDITOR 297
+#define IDC_DELETE 4
+#define IDC_TYPEFACE 1011
+#define IDC_SIZE 1012
+#define IDC_BOLD 1013
+#define IDC_ITALIC 1014
+#define IDC_USER_ANGLE_SPIN 1021
+#define IDC_ANGLE 1022
+#define IDC_USER_ANGLE 1023
+#define IDC_CENTER 1024
+#define IDC_USER_POSITION 1025
+#define IDC_HORIZONTAL_SPIN 1026
+#define IDC_HORIZONTAL 1027
+#define IDC_VERTICAL_SPIN 1028
+#define IDC_VERTICAL 1029
+#define IDC_COLOR 1031
+#define IDC_SIZE_SPIN 1032
+#define IDC_NAME 1033
+#define IDC_WATERMARK_LIST 1035
+#define IDC_PREVIEW_AREA 1036
+#define IDC_PREVIEW_PAGE 1037
+#define IDC_TEXT 1040
+#define IDC_PREVIEW_GROUP 1058
+#define IDC_OPERATIONS_GROUP 1059
+#define IDC_WATERMARK_LIST_LABEL 1060
+#define IDC_SETTINGS_GROUP 1061
+#define IDC_NAME_LABEL 1062
+#define IDC_TEXT_LABEL 1063
+#define IDC_FONT_GROUP 1064
+#define IDC_TYPEFACE_LABEL 1065
+#define IDC_SIZE_LABEL 1066
+#define IDC_SIZE_RANGE_LABEL 1067
+#define IDC_STYLE_LABEL 1068
+#define IDC_ANGLE_GROUP 1069
+#define IDC_USER_ANGLE_LABEL 1070
+#define IDC_DEGREES_LABEL 1071
+#define IDC_POSITION_GROUP 1072
+#define IDC_VERTICAL_LABEL 1073
+#define IDC_NEW 1074
+#define IDC_CANCEL 1076
+#define IDC_HELP_BUTTON 1077
+#define IDC_COLOR_LABEL 1078
+#define IDC_HORIZONTAL_LABEL 1079
+#define IDC_EDITOR_GROUP 1080
+#define IDC_ANGLE_RANGE_LABEL 1081
+
+#endif
