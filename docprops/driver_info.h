@@ -1,0 +1,22 @@
+/// The printer's driver as the spooler knows it, and the help file beside it.
+#pragma once
+
+#include <windows.h>
+
+#include <winspool.h>
+
+namespace oemui {
+
+/// Asks the spooler for the driver information of a level (`DRIVER_INFO_2W` for level 2), five
+/// times at most.
+/// \return the information in a block of the heap, which the caller frees with `HeapFree`; null
+///         when the spooler does not give it.
+PBYTE QueryDriverInfo(HANDLE heap, HANDLE printer, DWORD level);
+
+/// The path of a help file in the driver's directory.
+/// \param textId  string ID of the file's name in the module.
+/// \return the path, shorter than 260 characters, in a block of the heap; null when the directory
+///         or the name is unknown or too long.
+PWSTR BuildHelpFilePath(HANDLE printer, HANDLE heap, HINSTANCE module, UINT textId);
+
+}  // namespace oemui

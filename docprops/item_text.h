@@ -1,0 +1,29 @@
+/// Texts for the property pages, and the search among the driver's items.
+#pragma once
+
+#include "common/oem_driver_interface.h"
+#include "common/text.h"
+
+namespace oemui {
+
+/// Loads a text of a module's string table into a block of the page's heap.
+/// \return the text in a block of its own size, terminated; null when the text is missing or empty
+///         or the heap is exhausted. It goes with the heap, or with `HeapFree`.
+PWSTR LoadItemText(HANDLE heap, HINSTANCE module, UINT textId);
+
+/// The text behind a pointer of the page's records; empty for null.
+inline TextView ItemText(LPCWSTR text) {
+    return text == nullptr ? TextView() : TextView(text);
+}
+
+/// The first of the driver's items with this public ID (`DMPUB_...`); null when it has none.
+POPTITEM FindDriverItem(const OEMCUIPPARAM& params, BYTE publicId);
+
+/// A choice of an item; null when the item has no such choice.
+POPTPARAM FindChoice(const OPTITEM& item, LONG choice);
+
+/// Tells the driver that the plug-in changed an item's selection on the document page, if it
+/// wants to know.
+void ReportSelectionToDriver(const OEMCUIPPARAM& params, POPTITEM item);
+
+}  // namespace oemui
