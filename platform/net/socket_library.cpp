@@ -1,0 +1,239 @@
+// The socket library's calls over this machine's own sockets.
+#include <winbase.h>
+#include <winsock.h>
+
+#include <cstdio>
+#include <cstring>
+#include <map>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/base/accounting.h"
+#include "platform/net/host_names.h"
+#include "platform/net/posix_sockets.h"
+#include "platform/testing/failure_points.h"
+
+namespace {
+
+namespace net = platform::net;
+
+constexpr WORD kVersion = 0x0101;
+constexpr int kConnectMilliseconds = 21000;
+
+struct OpenSocket {
+    int descriptor;
+    bool waits = true;
+};
+
+// The library of this process: its starts and its sockets. A socket's number is never given twice,
+// so that a closed one stays unknown.
+std::mutex mutex;
+int starts = 0;
+std::map<SOCKET, OpenSocket> sockets;
+SOCKET nextSocket = 0x100;
+
+int Fail(DWORD error) {
+    SetLastError(error);
+    return SOCKET_ERROR;
+}
+
+// Copies the socket behind a number, because no lock is held while a call waits; on failure the
+// socket error is set.
+bool FindSocket(SOCKET socket, OpenSocket* found) {
+    const std::lock_guard lock(mutex);
+    if (starts == 0) {
+        SetLastError(WSANOTINITIALISED);
+        return false;
+    }
+    const auto entry = sockets.find(socket);
+    if (entry == sockets.end()) {
+        SetLastError(WSAENOTSOCK);
+        return false;
+    }
+    *found = entry->second;
+    return true;
+}
+
+DWORD CheckKind(int family, int type, int protocol) {
+    if (family != AF_INET) return WSAEAFNOSUPPORT;
+    if (type != SOCK_STREAM) return WSAESOCKTNOSUPPORT;
+    return protocol == 0 || protocol == IPPROTO_TCP ? 0 : WSAEPROTONOSUPPORT;
+}
+
+DWORD AddSocket(SOCKET* number) {
+    const std::lock_guard lock(mutex);
+    if (starts == 0) return WSANOTINITIALISED;
+    OpenSocket open = {};
+    if (const DWORD error = net::OpenStream(&open.descriptor)) return error;
+    *number = std::exchange(nextSocket, nextSocket + 4);
+    sockets.emplace(*number, open);
+    platform::CountObject("socket", 1);
+    return 0;
+}
+
+bool LibraryStarted() {
+    const std::lock_guard lock(mutex);
+    return starts != 0;
+}
+
+void CloseAllSockets() {
+    for (const auto& [number, open] : sockets) {
+        net::CloseStream(open.descriptor);
+        platform::CountObject("socket", -1);
+    }
+    sockets.clear();
+}
+
+// What the last look-up of a thread answered.
+struct HostAnswer {
+    std::string name;
+    std::vector<ULONG> addresses;
+    std::vector<CHAR*> addressList;
+    CHAR* noAlias = nullptr;
+    hostent entry = {};
+};
+thread_local HostAnswer hostAnswer;
+
+hostent* FillHostAnswer(const CHAR* name, std::vector<ULONG> addresses) {
+    HostAnswer& answer = hostAnswer;
+    answer.name = name;
+    answer.addresses = std::move(addresses);
+    answer.addressList.clear();
+    for (ULONG& address : answer.addresses)
+        answer.addressList.push_back(reinterpret_cast<CHAR*>(&address));
+    answer.addressList.push_back(nullptr);
+    answer.entry = {answer.name.data(), &answer.noAlias, AF_INET, sizeof(ULONG),
+                    answer.addressList.data()};
+    return &answer.entry;
+}
+
+}  // namespace
+
+int WSAStartup(WORD version, WSADATA* details) {
+    DWORD error = 0;
+    if (platform::MustFail("WSAStartup", &error)) return static_cast<int>(error);
+    if (!details) return WSAEFAULT;
+    const int major = version & 0xFF;
+    if (major < 1 || (major == 1 && version < kVersion)) return WSAVERNOTSUPPORTED;
+    *details = {};
+    details->wVersion = kVersion;
+    details->wHighVersion = kVersion;
+    std::snprintf(details->szDescription, sizeof details->szDescription, "Loopback sockets");
+    std::snprintf(details->szSystemStatus, sizeof details->szSystemStatus, "Running");
+    const std::lock_guard lock(mutex);
+    ++starts;
+    platform::CountObject("socket library", 1);
+    return 0;
+}
+
+int WSACleanup() {
+    DWORD error = 0;
+    if (platform::MustFail("WSACleanup", &error)) return Fail(error);
+    const std::lock_guard lock(mutex);
+    if (starts == 0) return Fail(WSANOTINITIALISED);
+    if (--starts == 0) CloseAllSockets();
+    platform::CountObject("socket library", -1);
+    return 0;
+}
+
+int WSAGetLastError() {
+    return static_cast<int>(GetLastError());
+}
+
+SOCKET socket(int family, int type, int protocol) {
+    DWORD error = 0;
+    SOCKET number = INVALID_SOCKET;
+    if (!platform::MustFail("socket", &error)) error = CheckKind(family, type, protocol);
+    if (error == 0) error = AddSocket(&number);
+    if (error != 0) SetLastError(error);
+    return number;
+}
+
+int connect(SOCKET socket, const sockaddr* address, int addressSize) {
+    DWORD error = 0;
+    if (platform::MustFail("connect", &error)) return Fail(error);
+    OpenSocket open = {};
+    if (!FindSocket(socket, &open)) return SOCKET_ERROR;
+    sockaddr_in target = {};
+    if (!address || addressSize < static_cast<int>(sizeof target)) return Fail(WSAEFAULT);
+    std::memcpy(&target, address, sizeof target);
+    if (target.sin_family != AF_INET) return Fail(WSAEAFNOSUPPORT);
+    error = net::ConnectStream(open.descriptor, target.sin_addr.s_addr, target.sin_port,
+                               open.waits ? kConnectMilliseconds : 0);
+    return error == 0 ? 0 : Fail(error);
+}
+
+int ioctlsocket(SOCKET socket, LONG command, ULONG* value) {
+    DWORD error = 0;
+    if (platform::MustFail("ioctlsocket", &error)) return Fail(error);
+    OpenSocket open = {};
+    if (!FindSocket(socket, &open)) return SOCKET_ERROR;
+    if (!value) return Fail(WSAEFAULT);
+    if (command != FIONBIO) return Fail(WSAEINVAL);
+    error = net::SetWaiting(open.descriptor, *value == 0);
+    if (error != 0) return Fail(error);
+    const std::lock_guard lock(mutex);
+    const auto entry = sockets.find(socket);
+    if (entry != sockets.end()) entry->second.waits = *value == 0;
+    return 0;
+}
+
+int send(SOCKET socket, const CHAR* bytes, int length, int flags) {
+    DWORD error = 0;
+    if (platform::MustFail("send", &error)) return Fail(error);
+    OpenSocket open = {};
+    if (!FindSocket(socket, &open)) return SOCKET_ERROR;
+    if (!bytes || length < 0) return Fail(WSAEFAULT);
+    if (flags != 0) return Fail(WSAEOPNOTSUPP);
+    std::size_t sent = 0;
+    error = net::SendBytes(open.descriptor, bytes, static_cast<std::size_t>(length), &sent);
+    return error == 0 ? static_cast<int>(sent) : Fail(error);
+}
+
+int recv(SOCKET socket, CHAR* buffer, int length, int flags) {
+    DWORD error = 0;
+    if (platform::MustFail("recv", &error)) return Fail(error);
+    OpenSocket open = {};
+    if (!FindSocket(socket, &open)) return SOCKET_ERROR;
+    if (!buffer || length < 0) return Fail(WSAEFAULT);
+    if (flags != 0) return Fail(WSAEOPNOTSUPP);
+    std::size_t received = 0;
+    error = net::ReceiveBytes(open.descriptor, buffer, static_cast<std::size_t>(length), &received);
+    return error == 0 ? static_cast<int>(received) : Fail(error);
+}
+
+int closesocket(SOCKET socket) {
+    DWORD error = 0;
+    if (platform::MustFail("closesocket", &error)) return Fail(error);
+    OpenSocket open = {};
+    if (!FindSocket(socket, &open)) return SOCKET_ERROR;
+    const std::lock_guard lock(mutex);
+    if (sockets.erase(socket) == 0) return Fail(WSAENOTSOCK);
+    net::CloseStream(open.descriptor);
+    platform::CountObject("socket", -1);
+    return 0;
+}
+
+USHORT htons(USHORT value) {
+    return __builtin_bswap16(value);
+}
+
+ULONG inet_addr(const CHAR* text) {
+    if (!text) return INADDR_NONE;
+    return net::ParseAddress(text).value_or(INADDR_NONE);
+}
+
+hostent* gethostbyname(const CHAR* name) {
+    DWORD error = 0;
+    if (!platform::MustFail("gethostbyname", &error)) {
+        const bool started = LibraryStarted();
+        std::vector<ULONG> addresses;
+        if (started && name) addresses = net::LookUpHost(name);
+        if (!addresses.empty()) return FillHostAnswer(name, std::move(addresses));
+        error = started ? WSAHOST_NOT_FOUND : WSANOTINITIALISED;
+    }
+    SetLastError(error);
+    return nullptr;
+}
