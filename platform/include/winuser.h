@@ -1,6 +1,156 @@
-/// Message boxes, dialogs, controls, string resources and help.
+/// Message boxes, dialogs, controls and string resources.
+///
+/// Texts are UTF-16. Everything about windows is for the user-interface thread. A window handle
+/// that is wrong or stale fails with ERROR_INVALID_WINDOW_HANDLE (last error); 0, null or false is
+/// failure unless told otherwise. Coordinates are pixels at 96 dots per inch, whatever the screen.
 #pragma once
 
 #include <windef.h>
+#include <wingdi.h>
+#include <winresrc.h>
 
 using DLGPROC = INT_PTR(CALLBACK*)(HWND dialog, UINT message, WPARAM first, LPARAM second);
+
+#define MAKEINTRESOURCEW(id) \
+    (reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id))))
+#define IS_INTRESOURCE(name) ((reinterpret_cast<ULONG_PTR>(name) >> 16) == 0)
+
+// Buttons of a message box.
+#define MB_OK 0x00000000
+#define MB_OKCANCEL 0x00000001
+#define MB_YESNO 0x00000004
+
+// Messages of a dialog.
+#define WM_PAINT 0x000F
+#define WM_HELP 0x0053        ///< second parameter: a `HELPINFO*`
+#define WM_INITDIALOG 0x0110  ///< second parameter: the creation parameter
+#define WM_COMMAND 0x0111     ///< first: control ID low, code high; second: the control
+
+// Notifications of controls, the high word of a command.
+#define BN_CLICKED 0
+#define EN_SETFOCUS 0x0100
+#define EN_KILLFOCUS 0x0200
+#define EN_CHANGE 0x0300
+#define EN_UPDATE 0x0400
+#define EN_MAXTEXT 0x0501
+#define CBN_SELCHANGE 1
+#define CBN_SETFOCUS 3
+#define CBN_KILLFOCUS 4
+#define CBN_DROPDOWN 7
+#define CBN_CLOSEUP 8
+#define CBN_SELENDOK 9
+#define CBN_SELENDCANCEL 10
+
+// Messages of edits and buttons.
+#define EM_LIMITTEXT 0x00C5  ///< first: what typing may reach, in WCHARs; 0: no limit
+#define BM_GETCHECK 0x00F0
+#define BM_SETCHECK 0x00F1
+#define BST_UNCHECKED 0
+#define BST_CHECKED 1
+
+// Messages of lists. An index that is none answers CB_ERR.
+#define CB_ADDSTRING 0x0143     ///< the new item's index, CB_ERRSPACE without memory
+#define CB_DELETESTRING 0x0144  ///< the number of items left
+#define CB_GETCOUNT 0x0146
+#define CB_GETCURSEL 0x0147     ///< CB_ERR: nothing is selected
+#define CB_GETLBTEXT 0x0148     ///< second: a buffer of CB_GETLBTEXTLEN + 1 WCHARs
+#define CB_GETLBTEXTLEN 0x0149  ///< in WCHARs, without the terminator
+#define CB_SETCURSEL 0x014E     ///< an index that is none clears the selection
+#define CB_GETITEMDATA 0x0150
+#define CB_SETITEMDATA 0x0151
+#define CB_FINDSTRINGEXACT 0x0158  ///< first: the index to begin after, -1 for all; wraps
+#define CB_GETDROPPEDWIDTH 0x015F
+#define CB_SETDROPPEDWIDTH 0x0160  ///< pixels; never narrower than the list itself
+#define CB_ERR (-1)
+#define CB_ERRSPACE (-2)
+
+// Keys of `platform::hands::PressKey`; letters and digits are their capital ASCII characters.
+#define VK_BACK 0x08
+#define VK_TAB 0x09
+#define VK_RETURN 0x0D
+#define VK_ESCAPE 0x1B
+#define VK_SPACE 0x20
+#define VK_PRIOR 0x21
+#define VK_NEXT 0x22
+#define VK_END 0x23
+#define VK_HOME 0x24
+#define VK_LEFT 0x25
+#define VK_UP 0x26
+#define VK_RIGHT 0x27
+#define VK_DOWN 0x28
+#define VK_DELETE 0x2E
+#define VK_F1 0x70
+#define VK_F4 0x73
+
+#define HELPINFO_WINDOW 1
+
+/// What WM_HELP asks about.
+struct HELPINFO {
+    UINT cbSize;
+    INT iContextType;  ///< HELPINFO_WINDOW
+    INT iCtrlId;       ///< the control; 0: the dialog itself
+    HANDLE hItemHandle;
+    DWORD_PTR dwContextId;
+    POINT MousePos;  ///< on the screen
+};
+using LPHELPINFO = HELPINFO*;
+static_assert(sizeof(HELPINFO) == 40 && offsetof(HELPINFO, hItemHandle) == 16);
+
+/// Shows a message and waits for the answer; the focused control hears of the focus it loses
+/// meanwhile. \param owner, text, caption  may be null. \param type  MB_OK, MB_OKCANCEL, MB_YESNO.
+/// \return IDOK, IDCANCEL, IDYES or IDNO; 0 on failure.
+int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);
+
+/// Runs the dialog of a template until `EndDialog`. \param dialogTemplate  a name or
+/// MAKEINTRESOURCEW(id). \param owner  may be null. \return what `EndDialog` was given; -1 on
+/// failure: no such template, or one that is damaged.
+INT_PTR WINAPI DialogBoxParamW(HINSTANCE module, LPCWSTR dialogTemplate, HWND owner,
+                               DLGPROC procedure, LPARAM parameter);
+/// Ends a modal dialog: it is hidden at once and gone when its procedure returns.
+BOOL WINAPI EndDialog(HWND dialog, INT_PTR result);
+
+/// A control of a dialog; null when there is none of that ID (ERROR_CONTROL_ID_NOT_FOUND).
+HWND WINAPI GetDlgItem(HWND dialog, int controlId);
+/// Sets a control's text. An edit notifies before the call returns, also when nothing changes.
+BOOL WINAPI SetDlgItemTextW(HWND dialog, int controlId, LPCWSTR text);
+/// Copies a control's text, cut to fit. \param capacity  WCHARs, with the terminator.
+/// \return the number of WCHARs copied.
+UINT WINAPI GetDlgItemTextW(HWND dialog, int controlId, LPWSTR text, int capacity);
+BOOL WINAPI SetDlgItemInt(HWND dialog, int controlId, UINT value, BOOL isSigned);
+/// The number at the front of a control's text; 0 without one, or when it does not fit 32 bits.
+/// \param translated  whether there was a number; may be null.
+UINT WINAPI GetDlgItemInt(HWND dialog, int controlId, BOOL* translated, BOOL isSigned);
+LRESULT WINAPI SendDlgItemMessageW(HWND dialog, int controlId, UINT message, WPARAM first,
+                                   LPARAM second);
+/// Sends a message to a control, or to a dialog's procedure.
+LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM first, LPARAM second);
+
+/// \return whether the window was disabled before. A control that had the focus loses it.
+BOOL WINAPI EnableWindow(HWND window, BOOL enable);
+BOOL WINAPI IsWindowEnabled(HWND window);
+/// \return the window that had the focus. A disabled window refuses it.
+HWND WINAPI SetFocus(HWND window);
+/// \return null when no window of this thread has it.
+HWND WINAPI GetFocus();
+
+/// \param capacity  WCHARs, with the terminator. \return the number of WCHARs copied.
+int WINAPI GetWindowTextW(HWND window, LPWSTR text, int capacity);
+int WINAPI GetWindowTextLengthW(HWND window);
+BOOL WINAPI SetWindowTextW(HWND window, LPCWSTR text);
+
+HWND WINAPI GetParent(HWND window);
+HWND WINAPI GetDesktopWindow();
+BOOL WINAPI GetClientRect(HWND window, RECT* rectangle);
+/// On the screen.
+BOOL WINAPI GetWindowRect(HWND window, RECT* rectangle);
+BOOL WINAPI ClientToScreen(HWND window, POINT* point);
+/// \param x, y  in the parent's client area, or on the screen for a dialog.
+BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
+
+/// Copies a string resource, cut to fit. \param capacity  WCHARs, with the terminator; 0: `text` is
+/// a pointer that gets the address of the unterminated resource itself.
+/// \return its length in WCHARs; 0 when there is no such string.
+int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR text, int capacity);
+
+/// Formats into a buffer of 1024 WCHARs, terminator included. \return the length in WCHARs.
+int wsprintfW(LPWSTR text, LPCWSTR format, ...);
