@@ -1,4 +1,4 @@
-/// Message boxes, dialogs, controls and string resources.
+/// Message boxes, dialogs and controls.
 ///
 /// Texts are UTF-16. Everything about windows is for the user-interface thread. A window handle
 /// that is wrong or stale fails with ERROR_INVALID_WINDOW_HANDLE (last error); 0, null or false is
@@ -14,6 +14,9 @@ using DLGPROC = INT_PTR(CALLBACK*)(HWND dialog, UINT message, WPARAM first, LPAR
 #define MAKEINTRESOURCEW(id) \
     (reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id))))
 #define IS_INTRESOURCE(name) ((reinterpret_cast<ULONG_PTR>(name) >> 16) == 0)
+
+#define ERROR_INVALID_WINDOW_HANDLE 1400
+#define ERROR_CONTROL_ID_NOT_FOUND 1421
 
 // Buttons of a message box.
 #define MB_OK 0x00000000
@@ -146,11 +149,3 @@ BOOL WINAPI GetWindowRect(HWND window, RECT* rectangle);
 BOOL WINAPI ClientToScreen(HWND window, POINT* point);
 /// \param x, y  in the parent's client area, or on the screen for a dialog.
 BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
-
-/// Copies a string resource, cut to fit. \param capacity  WCHARs, with the terminator; 0: `text` is
-/// a pointer that gets the address of the unterminated resource itself.
-/// \return its length in WCHARs; 0 when there is no such string.
-int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR text, int capacity);
-
-/// Formats into a buffer of 1024 WCHARs, terminator included. \return the length in WCHARs.
-int wsprintfW(LPWSTR text, LPCWSTR format, ...);

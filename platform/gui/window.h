@@ -1,0 +1,77 @@
+/// The object behind a window handle: a dialog, a control, the desktop, or a window of the host's
+/// that owns dialogs. For the user-interface thread only.
+#pragma once
+
+#include <windows.h>
+
+#include <QFont>
+#include <QImage>
+#include <QPoint>
+#include <QSize>
+#include <QString>
+#include <QWidget>
+
+namespace platform {
+
+enum class WindowKind { kDesktop, kOwner, kDialog, kStatic, kButton, kEdit, kList, kUpDown };
+
+class Window {
+public:
+    virtual ~Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    /// The window of a handle; null for one that is wrong or stale.
+    static Window* From(HWND handle);
+    /// The window that a widget shows (or the nearest of its parents that shows one); may be null.
+    static Window* Of(const QWidget* widget);
+    /// The desktop: no parent, no widget, its client area begins at (0, 0) of the screen.
+    static Window& Desktop();
+
+    HWND Handle() const { return handle_; }
+    WindowKind Kind() const { return kind_; }
+    Window* Parent() const { return parent_; }
+    /// The dialog that a control stands in, or the dialog itself; else null.
+    Window* DialogWindow();
+    int ControlId() const { return controlId_; }  ///< 0 for everything but controls
+    QWidget* Widget() const { return widget_; }   ///< null for the desktop
+    QSize ClientSize() const;                     ///< pixels at 96 dots per inch
+    QPoint ClientOrigin() const;                  ///< on the screen
+    QFont Font() const;                           ///< the font of the dialog's template
+
+    /// What device contexts of this window draw into: of the client size, at first in the colour
+    /// of the window. A change of the client size begins a new image. An empty client area has an
+    /// image of one pixel.
+    QImage& Backing();
+    /// Shows the image, at once when the window is on the screen.
+    void ShowBacking();
+    /// Whether there is an image to show in place of the window's own face.
+    bool HasDrawing() const;
+
+    /// The window's text; a list's is its selected item's.
+    virtual QString Text() const { return {}; }
+    virtual void SetText(const QString& text);
+    /// What the window does about a message; 0 for one it does not know.
+    virtual LRESULT Receive(UINT message, WPARAM first, LPARAM second);
+    /// Puts the window elsewhere, in its parent's client area.
+    virtual void Place(const QRect& place);
+
+protected:
+    Window(WindowKind kind, Window* parent, int controlId);
+    /// Gives the window its widget, which then belongs to it.
+    void Adopt(QWidget* widget);
+
+private:
+    WindowKind kind_;
+    Window* parent_;
+    int controlId_;
+    HWND handle_;
+    QWidget* widget_ = nullptr;
+    QImage backing_;
+    bool drawn_ = false;
+};
+
+/// The window of a handle when it is one of the given type; else null with the last error set.
+Window* RequireWindow(HWND handle);
+
+}  // namespace platform
