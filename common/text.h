@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "common/plugin_module.h"
+
 namespace oemui {
 
 using TextView = std::basic_string_view<WCHAR>;
@@ -36,10 +38,30 @@ TextView TextIn(const WCHAR (&array)[Capacity]) {
 /// character has a case here.
 bool EqualIgnoringAsciiCase(TextView left, TextView right);
 
+/// A text of a module's string table, cut to the capacity; empty when the table has no such text.
+template <std::size_t Capacity>
+class LoadedText {
+public:
+    explicit LoadedText(UINT textId, HINSTANCE module = PluginModule()) {
+        const int length = ::LoadStringW(module, textId, characters_, static_cast<int>(Capacity));
+        characters_[length > 0 ? static_cast<std::size_t>(length) : 0] = 0;
+    }
+
+    LPCWSTR c_str() const { return characters_; }
+    bool empty() const { return characters_[0] == 0; }
+    TextView View() const { return TextIn(characters_); }
+
+private:
+    WCHAR characters_[Capacity] = {};
+};
+
 /// Shows a message box without owner, text and caption from the string table of the plug-in's
 /// module (at most 259 characters each).
 /// \param type  MB_OK, MB_OKCANCEL or MB_YESNO.
 /// \return the button, or 0 when the box could not be shown.
 int ShowMessage(UINT textId, UINT captionId, UINT type);
+
+/// The same for a text that is at hand, such as one with a number or a name put in.
+int ShowMessageText(LPCWSTR text, UINT captionId, UINT type);
 
 }  // namespace oemui

@@ -15,8 +15,8 @@ PBYTE QueryDriverInfo(HANDLE heap, HANDLE printer, DWORD level);
 
 /// The path of a help file in the driver's directory.
 /// \param textId  string ID of the file's name in the module.
-/// \return the path, shorter than 260 characters, in a block of the heap; null when the directory
-///         or the name is unknown or too long.
+/// \return the path, cut at 259 characters, in a block of the heap; null when the directory or the
+///         name is unknown or the heap is exhausted.
 PWSTR BuildHelpFilePath(HANDLE printer, HANDLE heap, HINSTANCE module, UINT textId);
 
 }  // namespace oemui

@@ -1,0 +1,205 @@
+#include "docprops/document_items.h"
+
+#include "common/page_state.h"
+#include "common/unique_handle.h"
+#include "docprops/document_callback.h"
+#include "docprops/driver_info.h"
+#include "docprops/installed_options.h"
+#include "docprops/item_text.h"
+#include "docprops/page_settings.h"
+#include "docprops/paper_constraints.h"
+#include "frame/model_identity.h"
+#include "resources/resource_ids.h"
+#include "watermark/default_watermarks.h"
+#include "watermark/watermark_store.h"
+
+namespace oemui {
+namespace {
+
+constexpr WORD kChoiceCount = 2;
+constexpr BYTE kItemLevel = 1;
+constexpr ULONG_PTR kEditIcon = 1002;
+constexpr LONG kDriverColorManagement = 2;
+constexpr DWORD kShownAsChanged = OPTIF_COLLAPSE | OPTIF_CHANGED;
+
+struct ChoiceLayout {
+    UINT TextId;  ///< 0 for none
+    ULONG_PTR Icon;
+};
+
+struct ItemLayout {
+    UINT NameId;
+    BYTE Type;
+    ChoiceLayout Choices[kChoiceCount];
+    DWORD HelpTopic;
+};
+
+constexpr ItemLayout kLayouts[kDocumentItemCount] = {
+    // The number's range: the lowest value stands where the second choice has its icon.
+    {IDS_SCALING, TVOT_UDARROW, {{0, 0}, {0, kSmallestScaling}}, 1212},
+    {IDS_WATERMARK,
+     TVOT_COMBOBOX,
+     {{IDS_ENABLED, IDI_CPSUI_ON}, {IDS_DISABLED, IDI_CPSUI_OFF}},
+     1114},
+    {IDS_TRANSMIT_ONCE, TVOT_COMBOBOX, {{IDS_OFF, IDI_CPSUI_OFF}, {IDS_ON, IDI_CPSUI_ON}}, 1115},
+    {IDS_RENDERING_INTENT, TVOT_COMBOBOX, {{IDS_SATURATION, 0}, {IDS_PERCEPTUAL, 0}}, 1123},
+};
+
+// One button for every page of the process; its title belongs to the last page built.
+EXTPUSH editButton = {};
+
+/// A zero-filled record of the page's heap; it goes with the heap. Null when the heap is exhausted.
+template <typename Record>
+Record* AllocateForPage(const OEMCUIPPARAM& params, std::size_t count = 1) {
+    auto* records = static_cast<Record*>(
+        ::HeapAlloc(params.hOEMHeap, HEAP_ZERO_MEMORY, count * sizeof(Record)));
+    if (records == nullptr) return nullptr;
+    for (std::size_t i = 0; i < count; ++i) records[i].cbSize = sizeof(Record);
+    return records;
+}
+
+PWSTR LoadPageText(const OEMCUIPPARAM& params, UINT textId) {
+    return textId == 0 ? nullptr : LoadItemText(params.hOEMHeap, PageModule(params), textId);
+}
+
+/// The type record with its choices; null when the heap is exhausted.
+POPTTYPE MakeType(const OEMCUIPPARAM& params, const ItemLayout& layout) {
+    auto* type = AllocateForPage<OPTTYPE>(params);
+    auto* choices = AllocateForPage<OPTPARAM>(params, kChoiceCount);
+    if (type == nullptr || choices == nullptr) return nullptr;
+    for (WORD i = 0; i < kChoiceCount; ++i) {
+        choices[i].pData = LoadPageText(params, layout.Choices[i].TextId);
+        choices[i].IconID = layout.Choices[i].Icon;
+    }
+    type->Type = layout.Type;
+    type->Count = kChoiceCount;
+    type->pOptParam = choices;
+    return type;
+}
+
+void AttachHelp(const OEMCUIPPARAM& params, DWORD topic, POPTITEM item) {
+    if (item->pOIExt == nullptr) {
+        item->pOIExt = AllocateForPage<OIEXT>(params);
+        if (item->pOIExt == nullptr) return;
+        item->pOIExt->pHelpFile = BuildHelpFilePath(
+            params.hPrinter, params.hOEMHeap, PageModule(params), IDS_HELP_FILE + Model().Index);
+    }
+    item->Flags |= OPTIF_HAS_POIEXT;
+    item->HelpIndex = topic;
+}
+
+/// Builds one item. It stays as it was cleared, and the result is null, when the heap is exhausted
+/// or the page has no room for the item.
+POPTITEM BuildItem(const OEMCUIPPARAM& params, DocumentItem place, UINT32 selection, DWORD flags) {
+    if (place >= params.cOEMOptItems) return nullptr;
+    const ItemLayout& layout = kLayouts[place];
+    POPTTYPE type = MakeType(params, layout);
+    if (type == nullptr) return nullptr;
+    POPTITEM item = params.pOEMOptItems + place;
+    item->Level = kItemLevel;
+    item->Flags = flags;
+    item->pName = LoadPageText(params, layout.NameId);
+    item->Sel = static_cast<LONG>(selection);
+    item->pOptType = type;
+    AttachHelp(params, layout.HelpTopic, item);
+    return item;
+}
+
+void BuildScalingItem(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
+    if (!IsValidScaling(devmode->Scaling)) devmode->Scaling = kUnscaled;
+    POPTITEM item = BuildItem(params, kScalingItem, devmode->Scaling, kShownAsChanged);
+    if (item == nullptr) return;
+    item->pOptType->pOptParam[0].pData = CopyToHeap(params.hOEMHeap, TEXT("%"));
+    item->pOptType->pOptParam[1].lParam = kLargestScaling;
+}
+
+/// Keeps the devmode's copy of the first entry, which stands for no watermark, as the printer's
+/// list has it; makes that list from the defaults when there is none.
+void RefreshFirstWatermark(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
+    const UniquePrinter printer = OpenPrinterFor(params.pPrinterName, PRINTER_ALL_ACCESS);
+    if (!printer) return;
+    WatermarkList list;
+    if (ReadPrinterWatermarkList(printer.Get(), &list) != ERROR_SUCCESS) {
+        InitPrinterWatermarkList(params.pPrinterName);
+        ReadPrinterWatermarkList(printer.Get(), &list);
+    }
+    if (UsableWatermarkIndex(devmode->WatermarkIndex) == 0) {
+        CopyWatermark(&devmode->Watermark, list.Entries[0]);
+    }
+}
+
+PEXTPUSH RewriteEditButton(const OEMCUIPPARAM& params) {
+    editButton = {};
+    editButton.cbSize = sizeof editButton;
+    editButton.pTitle = LoadPageText(params, IDS_EDIT);
+    editButton.IconID = kEditIcon;
+    return &editButton;
+}
+
+void BuildWatermarkItem(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
+    RefreshFirstWatermark(params, devmode);
+    POPTITEM item = BuildItem(params, kWatermarkItem, devmode->WatermarkOn != 0 ? 0 : 1,
+                              kShownAsChanged | OPTIF_CALLBACK | OPTIF_EXT_IS_EXTPUSH);
+    if (item != nullptr) item->pExtPush = RewriteEditButton(params);
+}
+
+void BuildTransmitOnceItem(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
+    const PageSettings settings = ReadPageSettings(params);
+    const bool isSingleCopy = settings.Copies < 2;
+    if (isSingleCopy || !settings.Collated) devmode->TransmitOnce = 0;
+    BuildItem(params, kTransmitOnceItem, devmode->TransmitOnce,
+              kShownAsChanged | (isSingleCopy ? OPTIF_DISABLED : 0));
+}
+
+void BuildRenderingIntentItem(const OEMCUIPPARAM& params, const PrivateDevmode& devmode) {
+    BuildItem(params, kRenderingIntentItem, devmode.RenderingIntent == kIntentPerceptual ? 1 : 0,
+              0);
+}
+
+void ClearItems(const OEMCUIPPARAM& params) {
+    for (DWORD i = 0; i < params.cOEMOptItems; ++i) {
+        params.pOEMOptItems[i] = {};
+        params.pOEMOptItems[i].cbSize = sizeof(OPTITEM);
+        params.pOEMOptItems[i].DMPubID = DMPUB_NONE;
+    }
+}
+
+void BuildItems(const OEMCUIPPARAM& params) {
+    PrivateDevmode* devmode = PagePrivateDevmode(params);
+    if (devmode == nullptr) return;
+    BuildScalingItem(params, devmode);
+    BuildWatermarkItem(params, devmode);
+    BuildTransmitOnceItem(params, devmode);
+    BuildRenderingIntentItem(params, *devmode);
+}
+
+/// The printer's language decides about colour, so the driver's own choices are out of sight.
+void HideColorManagement(const OEMCUIPPARAM& params) {
+    if (POPTITEM method = FindDriverItem(params, DMPUB_ICMMETHOD); method != nullptr) {
+        method->Sel = kDriverColorManagement;
+        method->Flags = OPTIF_HIDE;
+        if (params.pPublicDM != nullptr) params.pPublicDM->dmICMMethod = DMICMMETHOD_DRIVER;
+    }
+    if (POPTITEM intent = FindDriverItem(params, DMPUB_ICMINTENT); intent != nullptr) {
+        intent->Flags = OPTIF_HIDE;
+    }
+}
+
+}  // namespace
+
+HRESULT BuildDocumentItems(DWORD /*mode*/, POEMCUIPPARAM params) {
+    if (params->pOEMOptItems == nullptr) {
+        params->cOEMOptItems = kDocumentItemCount;
+        if (Model().Index == 0) LoadExemptPaperNames();
+        return S_OK;
+    }
+    params->OEMCUIPCallback = DocumentPropertyCallback;
+    ClearItems(*params);
+    BuildItems(*params);
+    AdjustDriverItems(params);
+    HideColorManagement(*params);
+    CurrentPrinterName = params->pPrinterName;
+    return S_OK;
+}
+
+}  // namespace oemui

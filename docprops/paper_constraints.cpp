@@ -1,0 +1,189 @@
+#include "docprops/paper_constraints.h"
+
+#include <iterator>
+#include <memory>
+#include <new>
+
+#include "common/page_state.h"
+#include "common/unique_handle.h"
+#include "docprops/item_text.h"
+#include "resources/resource_ids.h"
+
+namespace oemui {
+namespace {
+
+constexpr std::size_t kPaperNameCapacity = 32;
+using PaperName = WCHAR[kPaperNameCapacity];
+
+// String IDs of the platform driver's resource library.
+constexpr UINT kDriverPaperNames[] = {10000, 10004, 10008, 10006, 10010, 10005, 10013,
+                                      10012, 10019, 10027, 10026, 10036, 10030};
+constexpr UINT kDriverPlainPaper = 10512;
+
+/// Papers that are never checked; empty until they are first loaded.
+PaperName exemptPaperNames[29] = {};
+
+/// The media of the plain group; an empty name takes no part.
+struct PlainMediaNames {
+    PaperName Names[3] = {};
+};
+
+/// Lengths in thousandths of a millimetre; the number is the one that the message shows.
+struct LengthRule {
+    LONG Limit;
+    UINT TextId;
+    int Millimetres;
+};
+
+constexpr LengthRule kLongestSpecialPaper = {297000, IDS_PAPER_TOO_LONG, 297};
+constexpr LengthRule kShortestPlainPaper = {198000, IDS_PAPER_TOO_SHORT, 198};
+constexpr LengthRule kShortestDuplexPaper = {279400, IDS_PAPER_TOO_SHORT_FOR_DUPLEX, 279};
+
+UniqueLibrary LoadDriverResources() {
+    return UniqueLibrary(::LoadLibraryW(TEXT("UNIRES.DLL")));
+}
+
+/// Loads a name; the array stays as it was when the module has no such string.
+bool LoadName(HINSTANCE module, UINT textId, PaperName& name) {
+    const LoadedText<kPaperNameCapacity> text(textId, module);
+    if (text.empty()) return false;
+    CopyText(name, text.View());
+    return true;
+}
+
+/// \param next  the first entry to fill; where the loading ended on return.
+/// \return false when the library lacks one of its names.
+bool LoadDriverPaperNames(std::size_t* next) {
+    const UniqueLibrary library = LoadDriverResources();
+    if (!library) return true;
+    for (const UINT textId : kDriverPaperNames) {
+        if (!LoadName(library.Get(), textId, exemptPaperNames[*next])) return false;
+        ++*next;
+    }
+    return true;
+}
+
+/// The form name of the public devmode, terminated whatever the devmode holds.
+struct FormName {
+    explicit FormName(const DEVMODEW& devmode) { CopyText(Characters, TextIn(devmode.dmFormName)); }
+
+    WCHAR Characters[CCHFORMNAME];
+};
+
+/// The length of the first form of this name; 0 when the printer has none.
+LONG FindFormLength(HANDLE printer, const FormName& name) {
+    DWORD size = 0;
+    DWORD count = 0;
+    ::EnumFormsW(printer, 1, nullptr, 0, &size, &count);
+    if (size == 0) return 0;
+    const std::unique_ptr<BYTE[]> buffer(new (std::nothrow) BYTE[size]);
+    if (buffer == nullptr) return 0;
+    if (!::EnumFormsW(printer, 1, buffer.get(), size, &size, &count)) return 0;
+    const auto* forms = reinterpret_cast<const FORM_INFO_1W*>(buffer.get());
+    const auto* end = forms + count;
+    const auto* form = std::find_if(forms, end, [&name](const FORM_INFO_1W& candidate) {
+        return candidate.pName != nullptr && ::lstrcmpiW(candidate.pName, name.Characters) == 0;
+    });
+    return form == end ? 0 : form->Size.cy;
+}
+
+/// The length of the devmode's paper; 0 when it cannot be found out.
+LONG FindPaperLength(const OEMCUIPPARAM& params) {
+    if (params.pPublicDM == nullptr) return 0;
+    const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName, PRINTER_ACCESS_USE);
+    return printer ? FindFormLength(printer.Get(), FormName(*params.pPublicDM)) : 0;
+}
+
+bool LoadPlainMediaNames(PlainMediaNames* names) {
+    {
+        const UniqueLibrary library = LoadDriverResources();
+        if (library && !LoadName(library.Get(), kDriverPlainPaper, names->Names[0])) return false;
+    }
+    return PluginModule() != nullptr &&
+           LoadName(PluginModule(), IDS_RECYCLED_PAPER, names->Names[1]) &&
+           LoadName(PluginModule(), IDS_LETTERHEAD, names->Names[2]);
+}
+
+bool IsPlainMedia(const OEMCUIPPARAM& params, const PlainMediaNames& plain) {
+    const OPTITEM* media = FindDriverItem(params, DMPUB_MEDIATYPE);
+    const OPTPARAM* choice = media == nullptr ? nullptr : FindChoice(*media, media->Sel);
+    if (choice == nullptr) return false;
+    const TextView name = ItemText(choice->pData);
+    return !name.empty() &&
+           std::any_of(std::begin(plain.Names), std::end(plain.Names), [&](const PaperName& entry) {
+               return EqualIgnoringAsciiCase(TextIn(entry), name);
+           });
+}
+
+bool IsDuplexSelected(const OEMCUIPPARAM& params) {
+    const OPTITEM* duplex = FindDriverItem(params, DMPUB_DUPLEX);
+    return duplex != nullptr && duplex->Sel != 0;
+}
+
+void TellBrokenRule(const LengthRule& rule) {
+    if (PluginModule() == nullptr) return;
+    const LoadedText<kMessageCapacity> format(rule.TextId);
+    WCHAR text[kMessageCapacity + 16];
+    ::wsprintfW(text, format.c_str(), rule.Millimetres);
+    ShowMessageText(text, IDS_CAPTION_CONFLICT, MB_OK);
+}
+
+bool BreaksMediaRule(LONG length, bool isPlain) {
+    const LengthRule& rule = isPlain ? kShortestPlainPaper : kLongestSpecialPaper;
+    const bool isBroken = isPlain ? length < rule.Limit : length > rule.Limit;
+    if (isBroken) TellBrokenRule(rule);
+    return isBroken;
+}
+
+bool BreaksDuplexRule(LONG length, bool isDuplex) {
+    const bool isBroken = isDuplex && length < kShortestDuplexPaper.Limit;
+    if (isBroken) TellBrokenRule(kShortestDuplexPaper);
+    return isBroken;
+}
+
+}  // namespace
+
+void LoadExemptPaperNames() {
+    std::size_t next = 0;
+    if (!LoadDriverPaperNames(&next) || PluginModule() == nullptr) return;
+    UINT textId = IDS_FIRST_PAPER_NAME;
+    while (next < std::size(exemptPaperNames) &&
+           LoadName(PluginModule(), textId, exemptPaperNames[next])) {
+        ++next;
+        ++textId;
+    }
+}
+
+bool IsExemptPaper(const OEMCUIPPARAM& params) {
+    if (params.pPublicDM == nullptr) return false;
+    const FormName form(*params.pPublicDM);
+    return std::any_of(
+        std::begin(exemptPaperNames), std::end(exemptPaperNames),
+        [&form](const PaperName& exempt) { return ::lstrcmpiW(exempt, form.Characters) == 0; });
+}
+
+bool CheckCustomPaperLength(const OEMCUIPPARAM& params) {
+    const LONG length = FindPaperLength(params);
+    if (length == 0) return false;
+    // Between the limits no rule can be broken, whatever the media and the sides.
+    if (length > kShortestDuplexPaper.Limit && length < kLongestSpecialPaper.Limit) return false;
+    PlainMediaNames plain;
+    if (!LoadPlainMediaNames(&plain)) return false;
+    const bool breaksMediaRule = BreaksMediaRule(length, IsPlainMedia(params, plain));
+    const bool breaksDuplexRule = BreaksDuplexRule(length, IsDuplexSelected(params));
+    return breaksMediaRule || breaksDuplexRule;
+}
+
+void ResetPaperToFirstForm(const OEMCUIPPARAM& params) {
+    POPTITEM form = FindDriverItem(params, DMPUB_FORMNAME);
+    if (form == nullptr) return;
+    form->Sel = 0;
+    form->Flags |= OPTIF_CHANGED;
+    const OPTPARAM* first = FindChoice(*form, 0);
+    if (params.pPublicDM != nullptr && first != nullptr && first->pData != nullptr) {
+        CopyText(params.pPublicDM->dmFormName, first->pData);
+    }
+    ReportSelectionToDriver(params, form);
+}
+
+}  // namespace oemui

@@ -1,0 +1,184 @@
+#include "frame/plugin_object.h"
+
+#include <cstring>
+#include <utility>
+
+#include "docprops/document_items.h"
+#include "frame/model_identity.h"
+#include "frame/module_counters.h"
+#include "frame/private_devmode.h"
+#include "install/driver_event.h"
+#include "install/printer_event.h"
+#include "printerprops/printer_items.h"
+
+namespace oemui {
+namespace {
+
+constexpr DWORD kInterfaceValueSize = 4;
+constexpr UINT32 kPluginVersion = 1;
+
+WCHAR pageTitle[] = TEXT("OEM UI Page");
+
+HRESULT FailWith(DWORD error) {
+    ::SetLastError(error);
+    return E_FAIL;
+}
+
+bool IsAnsweredInfo(DWORD mode) {
+    return mode == OEMGI_GETSIGNATURE || mode == OEMGI_GETVERSION || mode == OEMGI_GETPUBLISHERINFO;
+}
+
+/// The plug-in adds no page of its own: its items stand on the driver's pages.
+/// \param parameter  a record that the reason defines.
+HRESULT AnswerPropertySheet(PPROPSHEETUI_INFO sheet, LPARAM parameter) {
+    if (sheet == nullptr || sheet->Version != PROPSHEETUI_INFO_VERSION) {
+        return FailWith(ERROR_INVALID_PARAMETER);
+    }
+    switch (sheet->Reason) {
+        case PROPSHEETUI_REASON_GET_INFO_HEADER:
+            reinterpret_cast<PPROPSHEETUI_INFO_HEADER>(parameter)->pTitle = pageTitle;
+            sheet->Result = 1;
+            break;
+        case PROPSHEETUI_REASON_SET_RESULT:
+            sheet->Result =
+                static_cast<ULONG_PTR>(reinterpret_cast<PSETRESULT_INFO>(parameter)->Result);
+            break;
+        case PROPSHEETUI_REASON_GET_ICON:
+            sheet->Result = 0;
+            break;
+        case PROPSHEETUI_REASON_INIT:
+        case PROPSHEETUI_REASON_DESTROY:
+            sheet->Result = 1;
+            break;
+        default:
+            break;
+    }
+    return S_OK;
+}
+
+}  // namespace
+
+OemUiPlugin::OemUiPlugin() {
+    ++liveObjectCount;
+}
+
+OemUiPlugin::~OemUiPlugin() {
+    IPrintOemDriverUI* held = std::exchange(driverInterface_, nullptr);
+    if (held != nullptr) held->Release();
+    --liveObjectCount;
+}
+
+STDMETHODIMP OemUiPlugin::QueryInterface(REFIID iid, void** object) {
+    if (!(iid == IID_IUnknown) && !(iid == IID_IPrintOemUI)) {
+        *object = nullptr;
+        return E_NOINTERFACE;
+    }
+    *object = static_cast<IPrintOemUI*>(this);
+    AddRef();
+    return S_OK;
+}
+
+STDMETHODIMP_(ULONG) OemUiPlugin::AddRef() {
+    return ++references_;
+}
+
+STDMETHODIMP_(ULONG) OemUiPlugin::Release() {
+    const ULONG remaining = --references_;
+    if (remaining == 0) delete this;
+    return remaining;
+}
+
+STDMETHODIMP OemUiPlugin::GetInfo(DWORD mode, PVOID buffer, DWORD bufferSize, PDWORD neededSize) {
+    if (neededSize == nullptr || !IsAnsweredInfo(mode)) return FailWith(ERROR_INVALID_PARAMETER);
+    *neededSize = kInterfaceValueSize;
+    if (bufferSize < kInterfaceValueSize || buffer == nullptr) {
+        return FailWith(ERROR_INSUFFICIENT_BUFFER);
+    }
+    if (mode == OEMGI_GETPUBLISHERINFO) {
+        *neededSize = 0;
+        return FailWith(ERROR_NOT_SUPPORTED);
+    }
+    const UINT32 value = mode == OEMGI_GETSIGNATURE ? Model().Signature : kPluginVersion;
+    std::memcpy(buffer, &value, sizeof value);
+    return S_OK;
+}
+
+STDMETHODIMP OemUiPlugin::DevMode(DWORD mode, POEMDMPARAM params) {
+    return HandleDevMode(mode, params);
+}
+
+STDMETHODIMP OemUiPlugin::PublishDriverInterface(IUnknown* driver) {
+    if (driverInterface_ != nullptr) return S_OK;
+    void* answer = nullptr;
+    if (driver == nullptr || FAILED(driver->QueryInterface(IID_IPrintOemDriverUI, &answer))) {
+        return E_FAIL;
+    }
+    driverInterface_ = static_cast<IPrintOemDriverUI*>(answer);
+    return S_OK;
+}
+
+STDMETHODIMP OemUiPlugin::CommonUIProp(DWORD mode, POEMCUIPPARAM params) {
+    if (params == nullptr) return FailWith(ERROR_INVALID_PARAMETER);
+    switch (mode) {
+        case OEMCUIP_DOCPROP:
+            return BuildDocumentItems(mode, params);
+        case OEMCUIP_PRNPROP:
+            return BuildPrinterItems(mode, params);
+        default:
+            return FailWith(ERROR_INVALID_PARAMETER);
+    }
+}
+
+STDMETHODIMP OemUiPlugin::DocumentPropertySheets(PPROPSHEETUI_INFO sheet, LPARAM parameter) {
+    return AnswerPropertySheet(sheet, parameter);
+}
+
+STDMETHODIMP OemUiPlugin::DevicePropertySheets(PPROPSHEETUI_INFO sheet, LPARAM parameter) {
+    return AnswerPropertySheet(sheet, parameter);
+}
+
+STDMETHODIMP OemUiPlugin::DevQueryPrintEx(POEMUIOBJ /*driver*/, DEVQUERYPRINT_INFO* /*query*/,
+                                          DEVMODEW* /*publicDevmode*/, PVOID /*privateDevmode*/) {
+    return E_NOTIMPL;
+}
+
+STDMETHODIMP OemUiPlugin::DeviceCapabilities(POEMUIOBJ /*driver*/, HANDLE /*printer*/,
+                                             PWSTR /*deviceName*/, WORD /*capability*/,
+                                             PVOID /*output*/, DEVMODEW* /*publicDevmode*/,
+                                             PVOID /*privateDevmode*/, DWORD /*oldResult*/,
+                                             DWORD* /*result*/) {
+    return E_NOTIMPL;
+}
+
+STDMETHODIMP OemUiPlugin::UpgradePrinter(DWORD /*level*/, PBYTE /*upgradeInfo*/) {
+    return E_NOTIMPL;
+}
+
+STDMETHODIMP OemUiPlugin::PrinterEvent(PWSTR printerName, INT event, DWORD /*flags*/,
+                                       LPARAM /*parameter*/) {
+    return HandlePrinterEvent(printerName, event);
+}
+
+STDMETHODIMP OemUiPlugin::DriverEvent(DWORD event, DWORD /*level*/, LPBYTE /*driverInfo*/,
+                                      LPARAM /*parameter*/) {
+    return HandleDriverEvent(event);
+}
+
+STDMETHODIMP OemUiPlugin::QueryColorProfile(HANDLE /*printer*/, POEMUIOBJ /*driver*/,
+                                            DEVMODEW* /*publicDevmode*/, PVOID /*privateDevmode*/,
+                                            ULONG queryMode, VOID* profile, ULONG* profileSize,
+                                            DWORD* profileFlags) {
+    return oemui::QueryColorProfile(queryMode, profile, profileSize, profileFlags);
+}
+
+STDMETHODIMP OemUiPlugin::FontInstallerDlgProc(HWND /*window*/, UINT /*message*/, WPARAM /*first*/,
+                                               LPARAM /*second*/) {
+    return E_NOTIMPL;
+}
+
+STDMETHODIMP OemUiPlugin::UpdateExternalFonts(HANDLE /*printer*/, HANDLE /*heap*/,
+                                              PWSTR /*cartridges*/) {
+    return E_NOTIMPL;
+}
+
+}  // namespace oemui

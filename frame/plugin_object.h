@@ -1,0 +1,53 @@
+/// The plug-in's object: every call of the driver enters here.
+#pragma once
+
+#include <atomic>
+
+#include "common/oem_driver_interface.h"
+
+namespace oemui {
+
+/// Answers the driver, or passes the call on to the operation that owns it. Destroyed by its last
+/// `Release`; keeps nothing but the driver's interface. Any thread.
+class OemUiPlugin final : public IPrintOemUI {
+public:
+    OemUiPlugin();
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
+    STDMETHODIMP_(ULONG) AddRef() override;
+    STDMETHODIMP_(ULONG) Release() override;
+
+    /// Gives the signature or the version, 32 bits each. \return E_FAIL with last error
+    /// ERROR_INVALID_PARAMETER, ERROR_INSUFFICIENT_BUFFER or ERROR_NOT_SUPPORTED.
+    STDMETHODIMP GetInfo(DWORD mode, PVOID buffer, DWORD bufferSize, PDWORD neededSize) override;
+    STDMETHODIMP DevMode(DWORD mode, POEMDMPARAM params) override;
+    /// Asks the driver for its interface, once; a later call finds it there. \return E_FAIL when
+    /// the driver does not give it.
+    STDMETHODIMP PublishDriverInterface(IUnknown* driver) override;
+    STDMETHODIMP CommonUIProp(DWORD mode, POEMCUIPPARAM params) override;
+    STDMETHODIMP DocumentPropertySheets(PPROPSHEETUI_INFO sheet, LPARAM parameter) override;
+    STDMETHODIMP DevicePropertySheets(PPROPSHEETUI_INFO sheet, LPARAM parameter) override;
+    STDMETHODIMP DevQueryPrintEx(POEMUIOBJ driver, DEVQUERYPRINT_INFO* query,
+                                 DEVMODEW* publicDevmode, PVOID privateDevmode) override;
+    STDMETHODIMP DeviceCapabilities(POEMUIOBJ driver, HANDLE printer, PWSTR deviceName,
+                                    WORD capability, PVOID output, DEVMODEW* publicDevmode,
+                                    PVOID privateDevmode, DWORD oldResult, DWORD* result) override;
+    STDMETHODIMP UpgradePrinter(DWORD level, PBYTE upgradeInfo) override;
+    STDMETHODIMP PrinterEvent(PWSTR printerName, INT event, DWORD flags, LPARAM parameter) override;
+    STDMETHODIMP DriverEvent(DWORD event, DWORD level, LPBYTE driverInfo,
+                             LPARAM parameter) override;
+    STDMETHODIMP QueryColorProfile(HANDLE printer, POEMUIOBJ driver, DEVMODEW* publicDevmode,
+                                   PVOID privateDevmode, ULONG queryMode, VOID* profile,
+                                   ULONG* profileSize, DWORD* profileFlags) override;
+    STDMETHODIMP FontInstallerDlgProc(HWND window, UINT message, WPARAM first,
+                                      LPARAM second) override;
+    STDMETHODIMP UpdateExternalFonts(HANDLE printer, HANDLE heap, PWSTR cartridges) override;
+
+private:
+    ~OemUiPlugin();
+
+    std::atomic<ULONG> references_{1};
+    IPrintOemDriverUI* driverInterface_ = nullptr;
+};
+
+}  // namespace oemui

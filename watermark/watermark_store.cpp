@@ -1,0 +1,40 @@
+#include "watermark/watermark_store.h"
+
+#include "common/unique_handle.h"
+#include "resources/resource_ids.h"
+
+namespace oemui {
+namespace {
+
+// The spooler's declarations take names that they only read as writable.
+WCHAR valueName[] = TEXT("WaterMarkList");
+
+}  // namespace
+
+DWORD ReadPrinterWatermarkList(HANDLE printer, WatermarkList* list) {
+    *list = {};
+    DWORD needed = 0;
+    const DWORD status = ::GetPrinterDataW(printer, valueName, nullptr,
+                                           reinterpret_cast<LPBYTE>(list), sizeof *list, &needed);
+    if (status != ERROR_SUCCESS) {
+        *list = {};
+        return status;
+    }
+    return SanitizeWatermarkList(list) ? ERROR_SUCCESS : ERROR_INVALID_DATA;
+}
+
+void WritePrinterWatermarkList(LPCWSTR printerName, const WatermarkList& list,
+                               UINT writeFailedTextId) {
+    const UniquePrinter printer = OpenPrinterFor(printerName, PRINTER_ALL_ACCESS);
+    if (!printer) {
+        ShowMessage(IDS_PRINTER_NOT_OPENED, IDS_CAPTION_ERROR, MB_OK);
+        return;
+    }
+    auto* bytes = reinterpret_cast<LPBYTE>(const_cast<WatermarkList*>(&list));
+    if (::SetPrinterDataW(printer.Get(), valueName, REG_BINARY, bytes, sizeof list) !=
+        ERROR_SUCCESS) {
+        ShowMessage(writeFailedTextId, IDS_CAPTION_ERROR, MB_OK);
+    }
+}
+
+}  // namespace oemui
