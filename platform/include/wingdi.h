@@ -182,56 +182,57 @@ using FONTENUMPROCW = int(CALLBACK*)(const LOGFONTW* font, const TEXTMETRICW* me
 /// A device context of a printer with its default page, at 600 dots per inch: only its
 /// capabilities are of use. Driver, output and devmode must be null. Null when the printer is
 /// unknown.
-HDC CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* devmode);
+HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* devmode);
 
 /// A memory device context that draws nowhere until a bitmap is selected. The context it is
 /// compatible with may be null.
-HDC CreateCompatibleDC(HDC context);
+HDC WINAPI CreateCompatibleDC(HDC context);
 
 /// Ends a context made by the two calls above. Objects selected into it may be deleted afterwards.
-BOOL DeleteDC(HDC context);
+BOOL WINAPI DeleteDC(HDC context);
 
 /// A capability named above, in device units; 0 for any other index.
-int GetDeviceCaps(HDC context, int index);
+int WINAPI GetDeviceCaps(HDC context, int index);
 
 /// A white bitmap of the given size in pixels, 1..32767 each and at most 256 MB. A side of 0 gives
 /// a bitmap of one pixel.
-HBITMAP CreateCompatibleBitmap(HDC context, int width, int height);
+HBITMAP WINAPI CreateCompatibleBitmap(HDC context, int width, int height);
 
 /// A font; the face and the measures are settled when it is selected.
-HFONT CreateFontIndirectW(const LOGFONTW* font);
+HFONT WINAPI CreateFontIndirectW(const LOGFONTW* font);
 
 /// WHITE_BRUSH or DKGRAY_BRUSH; lives for ever.
-HGDIOBJ GetStockObject(int object);
+HGDIOBJ WINAPI GetStockObject(int object);
 
 /// Selects a bitmap (memory contexts only, one context at a time), a font or a brush.
 /// \return the object of that kind selected before; null when refused.
-HGDIOBJ SelectObject(HDC context, HGDIOBJ object);
+HGDIOBJ WINAPI SelectObject(HDC context, HGDIOBJ object);
 
-/// Deletes a bitmap or a font. Refused, false, while a bitmap is selected into a context; a font
-/// selected goes when the context lets go of it. A stock object is left alone, true.
-BOOL DeleteObject(HGDIOBJ object);
+/// Deletes a bitmap or a font. Refused, false, while it is selected into a context; a stock object
+/// is left alone, true.
+BOOL WINAPI DeleteObject(HGDIOBJ object);
 
 /// Copies a rectangle between two contexts; only SRCCOPY. The parts outside either are left out.
-BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
-            DWORD operation);
+BOOL WINAPI BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX,
+                   int sourceY, DWORD operation);
 
 /// TA_* flags. \return the flags before; GDI_ERROR on failure.
-UINT SetTextAlign(HDC context, UINT align);
+UINT WINAPI SetTextAlign(HDC context, UINT align);
 
 /// \return the colour before; CLR_INVALID on failure.
-COLORREF SetTextColor(HDC context, COLORREF color);
-COLORREF SetBkColor(HDC context, COLORREF color);
+COLORREF WINAPI SetTextColor(HDC context, COLORREF color);
+COLORREF WINAPI SetBkColor(HDC context, COLORREF color);
 
 /// Draws one line of text in the selected font at a point given by the alignment, its background
 /// filled with the background colour.
 /// \param length  in WCHARs, 0..8192; surrogates may be lone.
-BOOL TextOutW(HDC context, int x, int y, LPCWSTR text, int length);
+BOOL WINAPI TextOutW(HDC context, int x, int y, LPCWSTR text, int length);
 
 /// The width and the cell height of a text in the selected font, in pixels, as if not turned.
-BOOL GetTextExtentPoint32W(HDC context, LPCWSTR text, int length, SIZE* size);
+BOOL WINAPI GetTextExtentPoint32W(HDC context, LPCWSTR text, int length, SIZE* size);
 
 /// Calls back once for every font family of the system (`family` null), in no order, or once for
-/// the family named.
+/// the family named. Of the font only face, weight, character set, pitch and family are told, of
+/// the metrics weight, character set, pitch and family.
 /// \return what the last call back returned, or 1 without one; 0 on failure.
-int EnumFontFamiliesW(HDC context, LPCWSTR family, FONTENUMPROCW procedure, LPARAM argument);
+int WINAPI EnumFontFamiliesW(HDC context, LPCWSTR family, FONTENUMPROCW procedure, LPARAM argument);

@@ -149,3 +149,35 @@ BOOL WINAPI GetWindowRect(HWND window, RECT* rectangle);
 BOOL WINAPI ClientToScreen(HWND window, POINT* point);
 /// \param x, y  in the parent's client area, or on the screen for a dialog.
 BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
+
+/// What `BeginPaint` tells about a repaint.
+struct PAINTSTRUCT {
+    HDC hdc;
+    BOOL fErase;   ///< false: the background is already there
+    RECT rcPaint;  ///< the whole client area
+    BOOL fRestore;
+    BOOL fIncUpdate;
+    BYTE rgbReserved[32];
+};
+static_assert(sizeof(PAINTSTRUCT) == 72 && offsetof(PAINTSTRUCT, rcPaint) == 12);
+
+/// A context that draws into the window's client area, shown at once; give it back with
+/// `ReleaseDC`. Its font at first is the system's.
+HDC WINAPI GetDC(HWND window);
+/// \return 1 when the context was of that window and is gone now.
+int WINAPI ReleaseDC(HWND window, HDC context);
+/// As `GetDC`, for a repaint; at any time. Ended by `EndPaint`.
+HDC WINAPI BeginPaint(HWND window, PAINTSTRUCT* paint);
+BOOL WINAPI EndPaint(HWND window, const PAINTSTRUCT* paint);
+
+/// \param rectangle  right and bottom are outside; an inverted one is empty. \param brush  a stock
+/// brush.
+int WINAPI FillRect(HDC context, const RECT* rectangle, HBRUSH brush);
+
+#define HELP_CONTEXT 1
+#define HELP_CONTEXTPOPUP 8
+
+/// Gives a topic of a help file to the user to read. A missing file or topic is told to the user
+/// and is no failure. \param file  a platform path. \param command  HELP_CONTEXT or
+/// HELP_CONTEXTPOPUP. \param topic  its number.
+BOOL WINAPI WinHelpW(HWND owner, LPCWSTR file, UINT command, ULONG_PTR topic);
