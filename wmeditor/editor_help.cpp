@@ -1,0 +1,158 @@
+#include "wmeditor/editor_help.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "common/join_text.h"
+#include "common/page_state.h"
+#include "common/unique_handle.h"
+#include "docprops/driver_info.h"
+#include "frame/model_identity.h"
+#include "resources/resource_ids.h"
+
+namespace oemui {
+namespace {
+
+constexpr DWORD kEditorTopic = 1114;
+constexpr DWORD kFirstControlTopic = 1301;
+constexpr DWORD kSettingsTopic = 1302;
+constexpr DWORD kLastControlTopic = 1305;
+
+struct HelpContext {
+    int controlId;
+    DWORD context;
+};
+
+constexpr HelpContext kEditorHelpContexts[] = {
+    {IDC_PREVIEW_GROUP, 1300},
+    {IDC_PREVIEW_AREA, 1301},
+    {IDC_PREVIEW_PAGE, 1301},
+    {IDC_OPERATIONS_GROUP, 1302},
+    {IDC_WATERMARK_LIST_LABEL, 1303},
+    {IDC_WATERMARK_LIST, 1303},
+    {IDC_NEW, 1304},
+    {IDC_DELETE, 1305},
+    {IDOK, 1306},
+    {IDC_CANCEL, 1307},
+    {IDC_HELP_BUTTON, 1308},
+    {IDC_SETTINGS_GROUP, 1309},
+    {IDC_NAME_LABEL, 1310},
+    {IDC_TEXT_LABEL, 1311},
+    {IDC_NAME, 1310},
+    {IDC_TEXT, 1311},
+    {IDC_FONT_GROUP, 1312},
+    {IDC_TYPEFACE_LABEL, 1313},
+    {IDC_TYPEFACE, 1313},
+    {IDC_SIZE_LABEL, 1314},
+    {IDC_SIZE, 1314},
+    {IDC_SIZE_SPIN, 1314},
+    {IDC_SIZE_RANGE_LABEL, 1314},
+    {IDC_STYLE_LABEL, 1315},
+    {IDC_BOLD, 1315},
+    {IDC_ITALIC, 1315},
+    {IDC_COLOR_LABEL, 1316},
+    {IDC_COLOR, 1316},
+    {IDC_ANGLE_GROUP, 1317},
+    {IDC_USER_ANGLE_LABEL, 1317},
+    {IDC_DEGREES_LABEL, 1317},
+    {IDC_ANGLE, 1317},
+    {IDC_USER_ANGLE, 1317},
+    {IDC_USER_ANGLE_SPIN, 1317},
+    {IDC_POSITION_GROUP, 1318},
+    {IDC_HORIZONTAL_LABEL, 1318},
+    {IDC_HORIZONTAL, 1318},
+    {IDC_HORIZONTAL_SPIN, 1318},
+    {IDC_VERTICAL_LABEL, 1318},
+    {IDC_VERTICAL, 1318},
+    {IDC_VERTICAL_SPIN, 1318},
+    {IDC_CENTER, 1318},
+    {IDC_USER_POSITION, 1318},
+};
+static_assert(std::size(kEditorHelpContexts) == 43);
+
+/// A block of the process heap.
+class HeapBlock {
+public:
+    explicit HeapBlock(PBYTE block) : block_(block) {}
+    HeapBlock(const HeapBlock&) = delete;
+    HeapBlock& operator=(const HeapBlock&) = delete;
+    ~HeapBlock() {
+        if (block_ != nullptr) ::HeapFree(::GetProcessHeap(), 0, block_);
+    }
+    PBYTE Get() const { return block_; }
+
+private:
+    PBYTE block_;
+};
+
+TextView HelpFileName() {
+    return TextIn(Model().HelpFile);
+}
+
+/// The help file in the directory of the driver's own file.
+bool BesideDriver(LPCWSTR driverPath, WCHAR (&path)[MAX_PATH]) {
+    const TextView driver(driverPath);
+    const std::size_t lastBackslash = driver.rfind(TEXT('\\'));
+    if (lastBackslash == TextView::npos) return false;
+    return JoinText(path, {driver.substr(0, lastBackslash + 1), HelpFileName()});
+}
+
+/// Asks with the extended version record first: not every system knows it.
+bool ReadSystemPlatform(DWORD* platform) {
+    OSVERSIONINFOEXW version{};
+    auto* const plain = reinterpret_cast<OSVERSIONINFOW*>(&version);
+    for (const std::size_t size : {sizeof(OSVERSIONINFOEXW), sizeof(OSVERSIONINFOW)}) {
+        version.dwOSVersionInfoSize = static_cast<DWORD>(size);
+        if (!::GetVersionExW(plain)) continue;
+        *platform = version.dwPlatformId;
+        return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+void ShowControlHelp(HWND dialog, const HELPINFO* request) {
+    WCHAR path[MAX_PATH];
+    if (request == nullptr || !FindHelpFilePath(path)) return;
+    ::WinHelpW(dialog, path, HELP_CONTEXTPOPUP, HelpTopicOfControl(request->iCtrlId));
+}
+
+void ShowEditorHelp(HWND dialog) {
+    WCHAR path[MAX_PATH];
+    if (FindHelpFilePath(path)) ::WinHelpW(dialog, path, HELP_CONTEXT, kEditorTopic);
+}
+
+DWORD HelpTopicOfControl(int controlId) {
+    const auto* const found = std::find_if(
+        std::begin(kEditorHelpContexts), std::end(kEditorHelpContexts),
+        [controlId](const HelpContext& entry) { return entry.controlId == controlId; });
+    const DWORD context = found != std::end(kEditorHelpContexts) ? found->context : 0;
+    // The help file has one topic for all settings and buttons without a topic of their own.
+    if (context > kLastControlTopic) return kSettingsTopic;
+    return std::max(context, kFirstControlTopic);
+}
+
+bool FindHelpFilePath(WCHAR (&path)[MAX_PATH]) {
+    path[0] = 0;
+    const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName, PRINTER_ACCESS_USE);
+    if (!printer) return DefaultHelpFilePath(path);
+    const HeapBlock block(QueryDriverInfo(::GetProcessHeap(), printer.Get(), 2));
+    const auto* const driver = reinterpret_cast<const DRIVER_INFO_2W*>(block.Get());
+    return driver != nullptr && driver->pDriverPath != nullptr &&
+           BesideDriver(driver->pDriverPath, path);
+}
+
+bool DefaultHelpFilePath(WCHAR (&path)[MAX_PATH]) {
+    path[0] = 0;
+    DWORD platform = 0;
+    if (!ReadSystemPlatform(&platform)) return false;
+    WCHAR directory[MAX_PATH];
+    const UINT length = ::GetSystemDirectoryW(directory, static_cast<UINT>(std::size(directory)));
+    if (length == 0 || length >= std::size(directory)) return false;
+    const TextView system(directory, length);
+    if (platform != VER_PLATFORM_WIN32_NT) return JoinText(path, {system});
+    return JoinText(path, {system, TEXT("\\spool\\drivers\\x64\\3\\"), HelpFileName()});
+}
+
+}  // namespace oemui
