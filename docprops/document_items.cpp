@@ -22,6 +22,13 @@ constexpr ULONG_PTR kEditIcon = 1002;
 constexpr LONG kDriverColorManagement = 2;
 constexpr DWORD kShownAsChanged = OPTIF_COLLAPSE | OPTIF_CHANGED;
 
+/// The page being built.
+struct Page {
+    const OEMCUIPPARAM& Params;
+    PrivateDevmode& Devmode;
+    PWSTR HelpFile;  ///< one path for the help of every item; null when it is unknown
+};
+
 struct ChoiceLayout {
     UINT TextId;  ///< 0 for none
     ULONG_PTR Icon;
@@ -77,50 +84,48 @@ POPTTYPE MakeType(const OEMCUIPPARAM& params, const ItemLayout& layout) {
     return type;
 }
 
-void AttachHelp(const OEMCUIPPARAM& params, DWORD topic, POPTITEM item) {
-    if (item->pOIExt == nullptr) {
-        item->pOIExt = AllocateForPage<OIEXT>(params);
-        if (item->pOIExt == nullptr) return;
-        item->pOIExt->pHelpFile = BuildHelpFilePath(
-            params.hPrinter, params.hOEMHeap, PageModule(params), IDS_HELP_FILE + Model().Index);
-    }
+void AttachHelp(const Page& page, DWORD topic, POPTITEM item) {
+    item->pOIExt = AllocateForPage<OIEXT>(page.Params);
+    if (item->pOIExt == nullptr) return;
+    item->pOIExt->pHelpFile = page.HelpFile;
     item->Flags |= OPTIF_HAS_POIEXT;
     item->HelpIndex = topic;
 }
 
 /// Builds one item. It stays as it was cleared, and the result is null, when the heap is exhausted
 /// or the page has no room for the item.
-POPTITEM BuildItem(const OEMCUIPPARAM& params, DocumentItem place, UINT32 selection, DWORD flags) {
-    if (place >= params.cOEMOptItems) return nullptr;
+POPTITEM BuildItem(const Page& page, DocumentItem place, UINT32 selection, DWORD flags) {
+    if (place >= page.Params.cOEMOptItems) return nullptr;
     const ItemLayout& layout = kLayouts[place];
-    POPTTYPE type = MakeType(params, layout);
+    POPTTYPE type = MakeType(page.Params, layout);
     if (type == nullptr) return nullptr;
-    POPTITEM item = params.pOEMOptItems + place;
+    POPTITEM item = page.Params.pOEMOptItems + place;
     item->Level = kItemLevel;
     item->Flags = flags;
-    item->pName = LoadPageText(params, layout.NameId);
+    item->pName = LoadPageText(page.Params, layout.NameId);
     item->Sel = static_cast<LONG>(selection);
     item->pOptType = type;
-    AttachHelp(params, layout.HelpTopic, item);
+    AttachHelp(page, layout.HelpTopic, item);
     return item;
 }
 
-void BuildScalingItem(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
-    if (!IsValidScaling(devmode->Scaling)) devmode->Scaling = kUnscaled;
-    POPTITEM item = BuildItem(params, kScalingItem, devmode->Scaling, kShownAsChanged);
+void BuildScalingItem(const Page& page) {
+    UINT32& scaling = page.Devmode.Scaling;
+    if (!IsValidScaling(scaling)) scaling = kUnscaled;
+    POPTITEM item = BuildItem(page, kScalingItem, scaling, kShownAsChanged);
     if (item == nullptr) return;
-    item->pOptType->pOptParam[0].pData = CopyToHeap(params.hOEMHeap, TEXT("%"));
+    item->pOptType->pOptParam[0].pData = CopyToHeap(page.Params.hOEMHeap, TEXT("%"));
     item->pOptType->pOptParam[1].lParam = kLargestScaling;
 }
 
 /// Keeps the devmode's copy of the first entry, which stands for no watermark, as the printer's
 /// list has it; makes that list from the defaults when there is none.
-void RefreshFirstWatermark(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
-    const UniquePrinter printer = OpenPrinterFor(params.pPrinterName, PRINTER_ALL_ACCESS);
+void RefreshFirstWatermark(LPCWSTR printerName, PrivateDevmode* devmode) {
+    const UniquePrinter printer = OpenPrinterFor(printerName, PRINTER_ALL_ACCESS);
     if (!printer) return;
     WatermarkList list;
     if (ReadPrinterWatermarkList(printer.Get(), &list) != ERROR_SUCCESS) {
-        InitPrinterWatermarkList(params.pPrinterName);
+        InitPrinterWatermarkList(printerName);
         ReadPrinterWatermarkList(printer.Get(), &list);
     }
     if (UsableWatermarkIndex(devmode->WatermarkIndex) == 0) {
@@ -136,24 +141,24 @@ PEXTPUSH RewriteEditButton(const OEMCUIPPARAM& params) {
     return &editButton;
 }
 
-void BuildWatermarkItem(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
-    RefreshFirstWatermark(params, devmode);
-    POPTITEM item = BuildItem(params, kWatermarkItem, devmode->WatermarkOn != 0 ? 0 : 1,
+void BuildWatermarkItem(const Page& page) {
+    RefreshFirstWatermark(page.Params.pPrinterName, &page.Devmode);
+    POPTITEM item = BuildItem(page, kWatermarkItem, page.Devmode.WatermarkOn != 0 ? 0 : 1,
                               kShownAsChanged | OPTIF_CALLBACK | OPTIF_EXT_IS_EXTPUSH);
-    if (item != nullptr) item->pExtPush = RewriteEditButton(params);
+    if (item != nullptr) item->pExtPush = RewriteEditButton(page.Params);
 }
 
-void BuildTransmitOnceItem(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
-    const PageSettings settings = ReadPageSettings(params);
+void BuildTransmitOnceItem(const Page& page) {
+    const PageSettings settings = ReadPageSettings(page.Params);
     const bool isSingleCopy = settings.Copies < 2;
-    if (isSingleCopy || !settings.Collated) devmode->TransmitOnce = 0;
-    BuildItem(params, kTransmitOnceItem, devmode->TransmitOnce,
+    if (isSingleCopy || !settings.Collated) page.Devmode.TransmitOnce = 0;
+    BuildItem(page, kTransmitOnceItem, page.Devmode.TransmitOnce,
               kShownAsChanged | (isSingleCopy ? OPTIF_DISABLED : 0));
 }
 
-void BuildRenderingIntentItem(const OEMCUIPPARAM& params, const PrivateDevmode& devmode) {
-    BuildItem(params, kRenderingIntentItem, devmode.RenderingIntent == kIntentPerceptual ? 1 : 0,
-              0);
+void BuildRenderingIntentItem(const Page& page) {
+    const bool isPerceptual = page.Devmode.RenderingIntent == kIntentPerceptual;
+    BuildItem(page, kRenderingIntentItem, isPerceptual ? 1 : 0, 0);
 }
 
 void ClearItems(const OEMCUIPPARAM& params) {
@@ -167,10 +172,13 @@ void ClearItems(const OEMCUIPPARAM& params) {
 void BuildItems(const OEMCUIPPARAM& params) {
     PrivateDevmode* devmode = PagePrivateDevmode(params);
     if (devmode == nullptr) return;
-    BuildScalingItem(params, devmode);
-    BuildWatermarkItem(params, devmode);
-    BuildTransmitOnceItem(params, devmode);
-    BuildRenderingIntentItem(params, *devmode);
+    const Page page = {params, *devmode,
+                       BuildHelpFilePath(params.hPrinter, params.hOEMHeap, PageModule(params),
+                                         IDS_HELP_FILE + Model().Index)};
+    BuildScalingItem(page);
+    BuildWatermarkItem(page);
+    BuildTransmitOnceItem(page);
+    BuildRenderingIntentItem(page);
 }
 
 /// The printer's language decides about colour, so the driver's own choices are out of sight.

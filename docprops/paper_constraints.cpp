@@ -78,7 +78,8 @@ LONG FindFormLength(HANDLE printer, const FormName& name) {
     if (size == 0) return 0;
     const std::unique_ptr<BYTE[]> buffer(new (std::nothrow) BYTE[size]);
     if (buffer == nullptr) return 0;
-    if (!::EnumFormsW(printer, 1, buffer.get(), size, &size, &count)) return 0;
+    DWORD needed = 0;
+    if (!::EnumFormsW(printer, 1, buffer.get(), size, &needed, &count)) return 0;
     const auto* forms = reinterpret_cast<const FORM_INFO_1W*>(buffer.get());
     const auto* end = forms + count;
     const auto* form = std::find_if(forms, end, [&name](const FORM_INFO_1W& candidate) {
