@@ -1,0 +1,198 @@
+#include "install/printer_event.h"
+
+#include <winspool.h>
+
+#include <algorithm>
+#include <memory>
+#include <new>
+
+#include "common/join_text.h"
+#include "common/oem_driver_interface.h"
+#include "common/unique_handle.h"
+#include "frame/model_identity.h"
+#include "install/uninstaller_setting.h"
+
+namespace oemui {
+namespace {
+
+/// Characters with terminator for a registry path that holds a printer's name.
+constexpr std::size_t kKeyPathCapacity = 512;
+
+constexpr INT kDefaultSetting = 1;
+constexpr LPCWSTR kSettingName = TEXT("EAIDCDisable");
+constexpr LPCWSTR kPendingOperations = TEXT("PendingFileRenameOperations");
+
+/// A value of the registry as it is stored.
+struct StoredValue {
+    DWORD Type = REG_NONE;
+    DWORD Size = 0;                       ///< bytes
+    std::unique_ptr<WCHAR[]> Characters;  ///< room for the whole value; null when there is none
+
+    BYTE* Bytes() const { return reinterpret_cast<BYTE*>(Characters.get()); }
+};
+
+/// Leaves the bare printer name at the buffer's front: without server, and of pooled ports nothing.
+void ReduceToShortName(PWSTR printerName) {
+    const TextView name = printerName;
+    TextView shortName = name.substr(name.rfind(TEXT('\\')) + 1);
+    shortName = shortName.substr(0, shortName.find(TEXT(',')));
+    std::copy(shortName.begin(), shortName.end(), printerName);
+    printerName[shortName.size()] = 0;
+}
+
+UniqueKey OpenKey(LPCWSTR path) {
+    UniqueKey key;
+    if (::RegOpenKeyExW(HKEY_LOCAL_MACHINE, path, 0, KEY_ALL_ACCESS, key.Receive()) !=
+        ERROR_SUCCESS) {
+        return {};
+    }
+    return key;
+}
+
+StoredValue ReadValue(HKEY key, LPCWSTR name) {
+    StoredValue value;
+    if (::RegQueryValueExW(key, name, nullptr, &value.Type, nullptr, &value.Size) !=
+            ERROR_SUCCESS ||
+        value.Size == 0) {
+        return {};
+    }
+    // Half a character at the end needs room as well.
+    value.Characters.reset(new (std::nothrow) WCHAR[value.Size / sizeof(WCHAR) + 1]);
+    if (!value.Characters || ::RegQueryValueExW(key, name, nullptr, &value.Type, value.Bytes(),
+                                                &value.Size) != ERROR_SUCCESS) {
+        return {};
+    }
+    return value;
+}
+
+/// The last part of a path: name and extension without drive and directory.
+TextView FileNameOf(TextView path) {
+    return path.substr(path.find_last_of(TEXT("\\/:")) + 1);
+}
+
+/// The next text of a list, with `*rest` moved behind its terminator.
+/// \return false when the list ends before the terminator.
+bool TakeText(TextView* rest, TextView* text) {
+    const std::size_t length = rest->find(WCHAR{0});
+    if (length == TextView::npos) return false;
+    *text = rest->substr(0, length);
+    rest->remove_prefix(length + 1);
+    return true;
+}
+
+void InstallPrintProcessor(LPCWSTR shortName) {
+    WCHAR file[kModelFileNameCapacity];
+    WCHAR processor[kModelFileNameCapacity];
+    const TextView fileName = TextIn(Model().PrintProcessorFile);
+    CopyText(file, fileName);
+    CopyText(processor, fileName.substr(0, fileName.find(TEXT('.'))));
+    if (!IsPrintProcessorInstalled(processor) &&
+        !::AddPrintProcessorW(nullptr, nullptr, file, processor)) {
+        return;
+    }
+    AssignPrintProcessor(shortName, processor);
+}
+
+/// The size of a printer's record in bytes; 0 when the spooler does not tell it.
+DWORD PrinterInfoSize(HANDLE printer) {
+    DWORD needed = 0;
+    if (!::GetPrinterW(printer, 2, nullptr, 0, &needed) &&
+        ::GetLastError() != ERROR_INSUFFICIENT_BUFFER) {
+        return 0;
+    }
+    return needed;
+}
+
+}  // namespace
+
+HRESULT HandlePrinterEvent(PWSTR printerName, INT event) {
+    if (event != PRINTER_EVENT_INITIALIZE || printerName == nullptr) return E_NOTIMPL;
+    const UINT setting = ::GetPrivateProfileIntW(TEXT("EAIDCData"), kSettingName, kDefaultSetting,
+                                                 Model().SettingsFile);
+    ReduceToShortName(printerName);
+    SetPrinterDriverDataValue(printerName, setting);
+    KeepUninstallerFromDeletion(UninstallerSetting().Executable);
+    InstallPrintProcessor(printerName);
+    return E_NOTIMPL;
+}
+
+bool SetPrinterDriverDataValue(LPCWSTR shortName, DWORD number) {
+    WCHAR path[kKeyPathCapacity];
+    // Without a name the path would lead elsewhere.
+    if (*shortName == 0 ||
+        !JoinText(path, {TEXT("System\\CurrentControlSet\\Control\\Print\\Printers\\"), shortName,
+                         TEXT("\\PrinterDriverData")})) {
+        return false;
+    }
+    const UniqueKey key = OpenKey(path);
+    return key &&
+           ::RegSetValueExW(key.Get(), kSettingName, 0, REG_DWORD,
+                            reinterpret_cast<const BYTE*>(&number), sizeof number) == ERROR_SUCCESS;
+}
+
+void KeepUninstallerFromDeletion(LPCWSTR fileName) {
+    UniqueKey key;
+    if (::RegOpenKeyW(HKEY_LOCAL_MACHINE,
+                      TEXT("System\\CurrentControlSet\\Control\\Session Manager"),
+                      key.Receive()) != ERROR_SUCCESS) {
+        return;
+    }
+    const StoredValue value = ReadValue(key.Get(), kPendingOperations);
+    if (!value.Characters) return;
+    if (SpoilPendingDeletions(value.Characters.get(), value.Size / sizeof(WCHAR), fileName)) {
+        ::RegSetValueExW(key.Get(), kPendingOperations, 0, value.Type, value.Bytes(), value.Size);
+    }
+}
+
+bool SpoilPendingDeletions(WCHAR* operations, std::size_t length, TextView fileName) {
+    constexpr std::size_t kSpoiltFromEnd = 3;
+    bool isChanged = false;
+    TextView rest(operations, length);
+    TextView path;
+    TextView target;
+    while (TakeText(&rest, &path) && !path.empty() && TakeText(&rest, &target)) {
+        const bool isDeletion = target.empty() && path.size() >= kSpoiltFromEnd;
+        if (!isDeletion || fileName.empty()) continue;
+        if (!EqualIgnoringAsciiCase(FileNameOf(path), fileName)) continue;
+        const auto end = static_cast<std::size_t>(path.data() - operations) + path.size();
+        operations[end - kSpoiltFromEnd] = TEXT('_');
+        isChanged = true;
+    }
+    return isChanged;
+}
+
+bool IsPrintProcessorInstalled(LPCWSTR processorName) {
+    DWORD needed = 0;
+    DWORD count = 0;
+    ::EnumPrintProcessorsW(nullptr, nullptr, 1, nullptr, 0, &needed, &count);
+    if (needed == 0) return false;
+    const std::unique_ptr<BYTE[]> list(new (std::nothrow) BYTE[needed]);
+    if (!list ||
+        !::EnumPrintProcessorsW(nullptr, nullptr, 1, list.get(), needed, &needed, &count)) {
+        return false;
+    }
+    const auto* first = reinterpret_cast<const PRINTPROCESSOR_INFO_1W*>(list.get());
+    return std::any_of(first, first + count, [processorName](const PRINTPROCESSOR_INFO_1W& entry) {
+        return entry.pName != nullptr && EqualIgnoringAsciiCase(entry.pName, processorName);
+    });
+}
+
+void AssignPrintProcessor(LPCWSTR shortName, LPCWSTR processorName) {
+    // An empty name would open the print server.
+    if (*shortName == 0) return;
+    const UniquePrinter printer =
+        OpenPrinterFor(shortName, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
+    if (!printer) return;
+    DWORD size = PrinterInfoSize(printer.Get());
+    if (size < sizeof(PRINTER_INFO_2W)) return;
+    const std::unique_ptr<BYTE[]> buffer(new (std::nothrow) BYTE[size]);
+    if (!buffer || !::GetPrinterW(printer.Get(), 2, buffer.get(), size, &size)) return;
+    auto* info = reinterpret_cast<PRINTER_INFO_2W*>(buffer.get());
+    if (info->pPrintProcessor != nullptr && TextView(info->pPrintProcessor) == processorName)
+        return;
+    // The record's text is not const in the platform's declaration, but only read.
+    if (*processorName != 0) info->pPrintProcessor = const_cast<LPWSTR>(processorName);
+    ::SetPrinterW(printer.Get(), 2, buffer.get(), 0);
+}
+
+}  // namespace oemui

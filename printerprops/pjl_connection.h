@@ -1,0 +1,28 @@
+/// The plug-in's own connection to a printer's raw port. The socket library has to be started.
+#pragma once
+
+#include <windows.h>
+
+#include "printerprops/port_discovery.h"
+
+namespace oemui {
+
+/// Connects to the printer's raw port, 9100, and makes the socket non-blocking; a connection that
+/// is open already is used as it is and not counted again. The connect blocks. Nothing stays open
+/// on failure.
+bool OpenPrinterConnection(PrinterLink* link);
+
+/// Gives back one open; the last one makes the socket blocking again and closes it.
+/// \return false when the socket cannot be made blocking; it then stays the caller's.
+bool ClosePrinterConnection(PrinterLink* link);
+
+/// Sends once; what the connection does not take is not sent again.
+/// \param sent  bytes taken; 0 when the socket would have blocked or the link has no host.
+bool SendToPrinter(PrinterLink* link, const char* bytes, DWORD length, DWORD* sent);
+
+/// Receives once.
+/// \param received  bytes brought; 0 when the socket would have blocked or the link has no host.
+/// \return false when the connection broke or the printer closed it.
+bool ReceiveFromPrinter(PrinterLink* link, char* buffer, DWORD size, DWORD* received);
+
+}  // namespace oemui

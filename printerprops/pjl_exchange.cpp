@@ -1,0 +1,162 @@
+#include "printerprops/pjl_exchange.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "printerprops/pjl_connection.h"
+
+namespace oemui {
+namespace {
+
+constexpr int kReceiveAttempts = 60;
+constexpr DWORD kPollMilliseconds = 250;
+constexpr char kFormFeed = '\f';
+
+constexpr std::string_view kExitLanguage = "\x1B%-12345X";
+constexpr std::string_view kLineEnd = "\r\n";
+static_assert(kMaxPjlText + 2 * kExitLanguage.size() + kLineEnd.size() < kPjlMessageCapacity);
+
+/// Stands for the reply when the question could not go out at once.
+constexpr std::string_view kSubstituteReply = "@PJL INFO STATUS\r\nCODE=999999\r\n\f";
+static_assert(kSubstituteReply.size() == 32);
+
+enum class Mode { kNone, kRead, kSet, kGet };
+
+/// A command taken apart.
+struct Command {
+    Mode Kind;
+    std::string_view Text;  ///< the job-language text; of the set and get modes only
+};
+
+/// The bytes that go over the wire.
+struct Message {
+    char Bytes[kPjlMessageCapacity];
+    DWORD Length;
+};
+
+/// Where a reply goes.
+struct ReplyBuffer {
+    char* Bytes;
+    DWORD Size;
+    DWORD* Length;
+};
+
+/// A connection for the length of a scope.
+class Connection {
+public:
+    explicit Connection(PrinterLink* link) : link_(link), isOpen_(OpenPrinterConnection(link)) {}
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection() {
+        if (!isOpen_ || ClosePrinterConnection(link_)) return;
+        // The socket would not turn blocking again; the exchange leaves it open all the less.
+        ::closesocket(link_->Socket);
+        link_->Socket = INVALID_SOCKET;
+    }
+
+    explicit operator bool() const { return isOpen_; }
+
+private:
+    PrinterLink* link_;
+    bool isOpen_;
+};
+
+bool EqualIgnoringCase(std::string_view left, std::string_view capitals) {
+    return std::equal(left.begin(), left.end(), capitals.begin(), capitals.end(),
+                      [](char a, char b) { return a == b || (a >= 'a' && a - 'a' + 'A' == b); });
+}
+
+Mode ModeOf(std::string_view command) {
+    if (EqualIgnoringCase(command, "READ")) return Mode::kRead;
+    if (command.find("#SET#") != std::string_view::npos) return Mode::kSet;
+    if (command.find("#GET#") != std::string_view::npos) return Mode::kGet;
+    return Mode::kNone;
+}
+
+Command ParseCommand(std::string_view command) {
+    constexpr std::string_view kDelimiters = " \n";
+    const Mode mode = ModeOf(command);
+    if (mode == Mode::kRead) return {mode, {}};
+    command.remove_prefix(std::min(command.find_first_not_of(kDelimiters), command.size()));
+    const std::string_view token = command.substr(0, command.find_first_of(kDelimiters));
+    if (!EqualIgnoringCase(token, "#SET#") && !EqualIgnoringCase(token, "#GET#")) {
+        return {Mode::kNone, {}};
+    }
+    return {mode, command.substr(std::min(token.size() + 1, command.size()))};
+}
+
+bool BuildMessage(std::string_view text, Message* message) {
+    if (text.empty() || text.size() > kMaxPjlText) return false;
+    char* end = message->Bytes;
+    for (const std::string_view part : {kExitLanguage, text, kLineEnd, kExitLanguage}) {
+        end = std::copy(part.begin(), part.end(), end);
+    }
+    message->Length = static_cast<DWORD>(end - message->Bytes);
+    return true;
+}
+
+bool ReadAtOnce(PrinterLink* link, const ReplyBuffer& reply) {
+    for (int attempt = 0; attempt < kReceiveAttempts; ++attempt) {
+        if (ReceiveFromPrinter(link, reply.Bytes, reply.Size, reply.Length)) return true;
+    }
+    return false;
+}
+
+/// Polls until a form feed has arrived. A printer that has stopped talking but is still connected
+/// counts as one that answered nothing.
+bool PollReply(PrinterLink* link, const ReplyBuffer& reply) {
+    bool isWaiting = false;
+    ::Sleep(kPollMilliseconds);
+    for (int poll = 0; poll < kReceiveAttempts; ++poll) {
+        char* piece = reply.Bytes + *reply.Length;
+        DWORD received = 0;
+        const bool isAlive = ReceiveFromPrinter(link, piece, reply.Size - *reply.Length, &received);
+        *reply.Length += received;
+        if (std::find(piece, piece + received, kFormFeed) != piece + received) return true;
+        isWaiting = isAlive && (isWaiting || received == 0);
+        ::Sleep(kPollMilliseconds);
+    }
+    if (isWaiting) *reply.Length = 0;
+    return isWaiting;
+}
+
+bool SubstituteReply(const ReplyBuffer& reply) {
+    if (reply.Size <= kSubstituteReply.size() + 1) return false;
+    std::copy(kSubstituteReply.begin(), kSubstituteReply.end(), reply.Bytes);
+    *reply.Length = static_cast<DWORD>(kSubstituteReply.size());
+    return true;
+}
+
+bool SendCommand(PrinterLink* link, const Command& command, const ReplyBuffer& reply) {
+    Message message;
+    DWORD sent = 0;
+    if (!BuildMessage(command.Text, &message)) return false;
+    const bool isSent = SendToPrinter(link, message.Bytes, message.Length, &sent);
+    if (command.Kind == Mode::kSet || !isSent) return isSent;
+    return sent == 0 ? SubstituteReply(reply) : PollReply(link, reply);
+}
+
+}  // namespace
+
+bool ExchangePjl(PrinterLink* link, LPCWSTR command, char* reply, DWORD size, DWORD* length) {
+    *length = 0;
+    char narrow[kPjlMessageCapacity];
+    if (::WideCharToMultiByte(CP_ACP, 0, command, -1, narrow, sizeof narrow, nullptr, nullptr) ==
+        0) {
+        return false;
+    }
+    const Command parsed = ParseCommand(narrow);
+    const ReplyBuffer buffer = {reply, size, length};
+    const Connection connection(link);
+    if (!connection) return false;
+    switch (parsed.Kind) {
+        case Mode::kNone:
+            return true;
+        case Mode::kRead:
+            return ReadAtOnce(link, buffer);
+        default:
+            return SendCommand(link, parsed, buffer);
+    }
+}
+
+}  // namespace oemui

@@ -1,0 +1,258 @@
+#include "printerprops/port_discovery.h"
+
+#include <winspool.h>
+
+#include <memory>
+#include <new>
+
+#include "common/join_text.h"
+#include "common/unique_handle.h"
+#include "frame/model_identity.h"
+#include "printerprops/socket_library.h"
+
+namespace oemui {
+namespace {
+
+/// Characters with terminator for a key's path and for a host taken from a port name, and for the
+/// name of one key.
+constexpr std::size_t kPathCapacity = 264;
+constexpr std::size_t kKeyNameCapacity = 260;
+
+/// Bytes with terminator for a host name in the narrow character set.
+constexpr int kHostCapacity = 260;
+
+/// The longest text that is taken from a port's settings, in characters.
+constexpr std::size_t kSettingLength = 130;
+
+constexpr TextView kMonitorsKey = TEXT("System\\CurrentControlSet\\Control\\Print\\Monitors\\");
+constexpr TextView kShareSuffix = TEXT("SMB_PRI1");
+constexpr TextView kIppPrefix = TEXT("http://");
+
+/// Where a port monitor keeps the host of a port.
+struct MonitorPlace {
+    TextView Monitor;
+    LPCWSTR ValueName;
+    LPCWSTR FallbackValue;
+    PortKind Kind;
+};
+
+constexpr MonitorPlace kStandardMonitor = {TEXT("Standard TCP/IP Port"), TEXT("IPAddress"),
+                                           TEXT("HostName"), PortKindTcpIp};
+constexpr MonitorPlace kLprMonitor = {TEXT("LPR Port"), TEXT("Server Name"), nullptr, PortKindLpr};
+constexpr MonitorPlace kRegalMonitor = {TEXT("Regal Port+"), TEXT("IPAddress"), nullptr,
+                                        PortKindRegal};
+
+/// The spooler's record of a printer with its texts behind it; null when the spooler gives none.
+std::unique_ptr<BYTE[]> ReadPrinterInfo(HANDLE printer) {
+    DWORD needed = 0;
+    ::GetPrinterW(printer, 2, nullptr, 0, &needed);
+    if (needed < sizeof(PRINTER_INFO_2W)) return nullptr;
+    std::unique_ptr<BYTE[]> info(new (std::nothrow) BYTE[needed]);
+    if (!info || !::GetPrinterW(printer, 2, info.get(), needed, &needed)) return nullptr;
+    return info;
+}
+
+bool IsDigit(WCHAR character) {
+    return character >= TEXT('0') && character <= TEXT('9');
+}
+
+bool IsUsbPort(TextView port) {
+    return port.size() >= 6 && port.starts_with(TEXT("USB")) && IsDigit(port[3]) &&
+           IsDigit(port[4]) && IsDigit(port[5]);
+}
+
+/// Classifies the port and answers whether anything can be reached over it.
+bool ReachPort(LPWSTR port, PrinterLink* link) {
+    if (IsUsbPort(port)) {
+        link->Kind = PortKindUsb;
+        return true;
+    }
+    ClassifyPort(port, link);
+    return IsNetworkKind(link->Kind);
+}
+
+bool FindInPlace(LPCWSTR portName, const MonitorPlace& place, PrinterLink* link) {
+    WCHAR portsKey[kPathCapacity];
+    if (!JoinText(portsKey, {kMonitorsKey, place.Monitor, TEXT("\\Ports")})) return false;
+    if (!FindPortInMonitor(portName, portsKey, place.ValueName, place.FallbackValue, link)) {
+        return false;
+    }
+    link->Found = 1;
+    link->Kind = place.Kind;
+    return true;
+}
+
+void FindInFamilyMonitors(LPCWSTR portName, PlatformFamily family, PrinterLink* link) {
+    if (family == PlatformFamily::kNt) {
+        FindInPlace(portName, kStandardMonitor, link);
+        // A port that both monitors know belongs to this one.
+        FindInPlace(portName, kLprMonitor, link);
+    }
+    if (family == PlatformFamily::kConsumer) {
+        const MonitorPlace ownMonitor = {TextIn(Model().PortMonitor), TEXT("IPAddress"), nullptr,
+                                         PortKindTcpIp};
+        FindInPlace(portName, ownMonitor, link);
+    }
+}
+
+void TakeHost(TextView host, PortKind kind, PrinterLink* link) {
+    WCHAR hostName[kPathCapacity];
+    if (!JoinText(hostName, {host}) || !ResolveHost(hostName, &link->Address)) return;
+    link->Found = 1;
+    link->Kind = kind;
+}
+
+void ClassifyShare(TextView port, PrinterLink* link) {
+    if (port.size() <= kShareSuffix.size()) return;
+    if (!EqualIgnoringAsciiCase(port.substr(port.size() - kShareSuffix.size()), kShareSuffix)) {
+        return;
+    }
+    port.remove_prefix(std::min(port.find_first_not_of(TEXT('\\')), port.size()));
+    TakeHost(port.substr(0, port.find(TEXT('\\'))), PortKindShare, link);
+}
+
+void ClassifyIpp(TextView port, PrinterLink* link) {
+    if (port.size() <= kIppPrefix.size()) return;
+    if (!EqualIgnoringAsciiCase(port.substr(0, kIppPrefix.size()), kIppPrefix)) return;
+    port.remove_prefix(kIppPrefix.size());
+    const TextView host = port.substr(0, port.find_first_of(TEXT("/:")));
+    const std::size_t slash = port.find(TEXT('/'), host.size());
+    const TextView path = slash == TextView::npos ? TextView() : port.substr(slash + 1);
+    if (!EqualIgnoringAsciiCase(path, TEXT("ipp")) &&
+        !EqualIgnoringAsciiCase(path, TEXT("ipp.cgi"))) {
+        return;
+    }
+    TakeHost(host, PortKindIpp, link);
+}
+
+UniqueKey OpenKey(LPCWSTR path) {
+    UniqueKey key;
+    if (::RegOpenKeyExW(HKEY_LOCAL_MACHINE, path, 0, KEY_ALL_ACCESS, key.Receive()) !=
+        ERROR_SUCCESS) {
+        return {};
+    }
+    return key;
+}
+
+/// Whether one of the key's sub-keys is named exactly so; the registry itself ignores case.
+bool HasSubkey(HKEY key, TextView wanted) {
+    WCHAR name[kKeyNameCapacity];
+    for (DWORD index = 0;; ++index) {
+        DWORD length = kKeyNameCapacity;
+        if (::RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
+            ERROR_SUCCESS) {
+            return false;
+        }
+        if (TextView(name, length) == wanted) return true;
+    }
+}
+
+bool ResolveSetting(HKEY port, LPCWSTR valueName, sockaddr_in* address) {
+    // One character more than is read: stored texts may lack their terminator.
+    WCHAR text[kSettingLength + 1] = {};
+    DWORD size = kSettingLength * sizeof(WCHAR);
+    DWORD type = REG_NONE;
+    if (::RegQueryValueExW(port, valueName, nullptr, &type, reinterpret_cast<BYTE*>(text), &size) !=
+            ERROR_SUCCESS ||
+        type != REG_SZ) {
+        return false;
+    }
+    text[std::min<std::size_t>(size / sizeof(WCHAR), kSettingLength)] = 0;
+    return ResolveHost(text, address);
+}
+
+bool IsLetter(char character) {
+    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z');
+}
+
+bool LookUpName(const char* host, sockaddr_in* address) {
+    const SocketLibrary library;
+    if (!library) return false;
+    const hostent* entry = ::gethostbyname(host);
+    // The answer belongs to the library: it is taken before the library stops.
+    if (entry == nullptr || entry->h_addr_list == nullptr || entry->h_addr_list[0] == nullptr) {
+        return false;
+    }
+    if (entry->h_length <= 0) return false;
+    const std::size_t length =
+        std::min<std::size_t>(static_cast<std::size_t>(entry->h_length), sizeof address->sin_addr);
+    std::copy_n(entry->h_addr_list[0], length, reinterpret_cast<char*>(&address->sin_addr));
+    return true;
+}
+
+}  // namespace
+
+bool DiscoverPrinterPort(HANDLE printer, PrinterLink* link) {
+    PrinterLink found = {};
+    bool isReachable = false;
+    bool isBidirectional = false;
+    if (const std::unique_ptr<BYTE[]> buffer = ReadPrinterInfo(printer)) {
+        const auto* info = reinterpret_cast<const PRINTER_INFO_2W*>(buffer.get());
+        isBidirectional = (info->Attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0;
+        if (info->pPortName != nullptr) isReachable = ReachPort(info->pPortName, &found);
+    }
+    *link = found;
+    return isReachable && (IsDirectKind(found.Kind) || isBidirectional);
+}
+
+void ClassifyPort(LPWSTR portName, PrinterLink* link) {
+    const OSVERSIONINFOW version = PlatformVersion();
+    ClassifyPort(portName,
+                 FamilyOf(version.dwPlatformId, version.dwMajorVersion, version.dwMinorVersion),
+                 link);
+}
+
+void ClassifyPort(LPWSTR portName, PlatformFamily family, PrinterLink* link) {
+    link->Kind = PortKindNone;
+    const TextView list = portName;
+    const TextView port = list.substr(0, list.find(TEXT(',')));
+    portName[port.size()] = 0;
+    FindInFamilyMonitors(portName, family, link);
+    if (link->Kind == PortKindNone) FindInPlace(portName, kRegalMonitor, link);
+    if (link->Kind == PortKindNone) ClassifyShare(port, link);
+    if (link->Kind == PortKindNone) ClassifyIpp(port, link);
+}
+
+PlatformFamily FamilyOf(DWORD platformId, DWORD majorVersion, DWORD minorVersion) {
+    if (platformId == VER_PLATFORM_WIN32_NT && majorVersion >= 4) return PlatformFamily::kNt;
+    if (platformId == VER_PLATFORM_WIN32_WINDOWS && (minorVersion == 0 || minorVersion >= 10)) {
+        return PlatformFamily::kConsumer;
+    }
+    return PlatformFamily::kNeither;
+}
+
+OSVERSIONINFOW PlatformVersion() {
+    OSVERSIONINFOW version = {};
+    version.dwOSVersionInfoSize = sizeof version;
+    if (!::GetVersionExW(&version)) return {};
+    return version;
+}
+
+bool FindPortInMonitor(LPCWSTR portName, LPCWSTR portsKey, LPCWSTR valueName, LPCWSTR fallbackValue,
+                       PrinterLink* link) {
+    const UniqueKey ports = OpenKey(portsKey);
+    if (!ports || !HasSubkey(ports.Get(), portName)) return false;
+    WCHAR portKey[kPathCapacity];
+    if (!JoinText(portKey, {portsKey, TEXT("\\"), portName})) return false;
+    const UniqueKey port = OpenKey(portKey);
+    if (!port) return false;
+    if (ResolveSetting(port.Get(), valueName, &link->Address)) return true;
+    return fallbackValue != nullptr && ResolveSetting(port.Get(), fallbackValue, &link->Address);
+}
+
+bool ResolveHost(LPCWSTR hostName, sockaddr_in* address) {
+    if (hostName == nullptr || *hostName == 0) return false;
+    address->sin_family = AF_INET;
+    char host[kHostCapacity];
+    if (::WideCharToMultiByte(CP_ACP, 0, hostName, -1, host, kHostCapacity, nullptr, nullptr) ==
+        0) {
+        return false;
+    }
+    if (!IsLetter(host[0])) {
+        address->sin_addr.s_addr = ::inet_addr(host);
+        return true;
+    }
+    return LookUpName(host, address);
+}
+
+}  // namespace oemui

@@ -1,0 +1,188 @@
+#include "printerprops/printer_items.h"
+
+#include "docprops/item_text.h"
+#include "printerprops/pjl_query.h"
+#include "resources/resource_ids.h"
+
+namespace oemui {
+namespace {
+
+constexpr DWORD kPluginItemCount = 2;
+
+/// Selections of the switch and of the option items.
+constexpr LONG kSwitchOn = 0;
+constexpr LONG kSwitchOff = 1;
+
+constexpr DWORD kGreyed = OPTIF_DISABLED | OPTIF_CHANGED;
+constexpr DWORD kEditable = OPTIF_CALLBACK | OPTIF_CHANGED;
+
+/// An installable option: the string IDs that its item is found by.
+struct OptionItem {
+    UINT NameId;
+    UINT FirstOptionId;  ///< 0: any
+};
+
+constexpr OptionItem kTray2 = {IDS_TRAY_2, IDS_INSTALLED};
+constexpr OptionItem kTray3 = {IDS_TRAY_3, IDS_INSTALLED};
+constexpr OptionItem kDuplex = {IDS_DUPLEX_OPTION, 0};
+constexpr OptionItem kOptions[] = {kTray2, kTray3, kDuplex};
+
+/// A text of the string table in a block of the page's heap, for as long as a search lasts; no text
+/// for ID 0 or one that the table lacks.
+class SearchText {
+public:
+    SearchText(const OEMCUIPPARAM& params, UINT textId)
+        : heap_(params.hOEMHeap),
+          text_(textId == 0 ? nullptr : LoadItemText(heap_, PageModule(params), textId)) {}
+    SearchText(const SearchText&) = delete;
+    SearchText& operator=(const SearchText&) = delete;
+    ~SearchText() {
+        if (text_ != nullptr) ::HeapFree(heap_, 0, text_);
+    }
+
+    explicit operator bool() const { return text_ != nullptr; }
+
+    /// Whether a text of the page is this one. The page's records may hold string IDs in the place
+    /// of texts; those never match.
+    bool Matches(LPCWSTR text) const {
+        return text_ != nullptr && !IS_INTRESOURCE(text) && TextView(text_) == text;
+    }
+
+private:
+    HANDLE heap_;
+    PWSTR text_;
+};
+
+LPCWSTR FirstOptionText(const OPTITEM& item) {
+    const POPTPARAM first = FindChoice(item, 0);
+    return first == nullptr ? nullptr : first->pData;
+}
+
+POPTITEM FindItem(POEMCUIPPARAM params, const OptionItem& option) {
+    const int index = FindDriverItemByName(params, option.NameId, option.FirstOptionId);
+    return index < 0 ? nullptr : &params->pDrvOptItems[index];
+}
+
+POPTITEM FindSwitch(POEMCUIPPARAM params) {
+    return FindItem(params, {IDS_AUTO_CONFIGURE, 0});
+}
+
+bool IsSwitchedOn(const OPTITEM* item, const OEMCUIPPARAM& params) {
+    return item != nullptr && item->Sel == kSwitchOn &&
+           SearchText(params, IDS_AUTO_CONFIGURE).Matches(item->pName);
+}
+
+bool SetSelection(POPTITEM item, UINT32 selection) {
+    if (item == nullptr || item->Sel == static_cast<LONG>(selection)) return false;
+    item->Sel = static_cast<LONG>(selection);
+    item->Flags |= OPTIF_CHANGED;
+    return true;
+}
+
+void ConfigureFromPrinter(POEMCUIPPARAM params, const PrinterLink& link) {
+    bool isChanged = false;
+    AutoConfigure(params, link, &isChanged);
+}
+
+void SelectionChanged(PCPSUICBPARAM callback, POEMCUIPPARAM params) {
+    PrinterLink link;
+    if (IsSwitchedOn(callback->pCurItem, *params) && DiscoverPrinterPort(params->hPrinter, &link)) {
+        ConfigureFromPrinter(params, link);
+    }
+    UpdateOptionItemStates(params);
+}
+
+}  // namespace
+
+HRESULT BuildPrinterItems(DWORD /*mode*/, POEMCUIPPARAM params) {
+    if (params->pOEMOptItems == nullptr) {
+        params->cOEMOptItems = kPluginItemCount;
+        return S_OK;
+    }
+    params->OEMCUIPCallback = PrinterPropertyCallback;
+    for (DWORD index = 0; index < params->cOEMOptItems; ++index) {
+        OPTITEM& item = params->pOEMOptItems[index];
+        item = {};
+        item.cbSize = sizeof item;
+        item.DMPubID = DMPUB_NONE;
+    }
+    return S_OK;
+}
+
+LONG APIENTRY PrinterPropertyCallback(PCPSUICBPARAM callback, POEMCUIPPARAM params) {
+    switch (callback->Reason) {
+        case CPSUICB_REASON_SEL_CHANGED:
+            SelectionChanged(callback, params);
+            return CPSUICB_ACTION_OPTIF_CHANGED;
+        case CPSUICB_REASON_APPLYNOW:
+            return CPSUICB_ACTION_ITEMS_APPLIED;
+        case CPSUICB_REASON_SETACTIVE:
+            PrinterPageActivated(params);
+            UpdateOptionItemStates(params);
+            return CPSUICB_ACTION_REINIT_ITEMS;
+        default:
+            return CPSUICB_ACTION_NONE;
+    }
+}
+
+void PrinterPageActivated(POEMCUIPPARAM params) {
+    const POPTITEM autoConfigure = FindSwitch(params);
+    if (autoConfigure == nullptr) return;
+    PrinterLink link;
+    if (!DiscoverPrinterPort(params->hPrinter, &link)) {
+        autoConfigure->Sel = kSwitchOff;
+        // The value replaces every other flag: the user is not to touch a switch without a printer.
+        autoConfigure->Flags = kGreyed;
+        return;
+    }
+    if ((autoConfigure->Flags & OPTIF_DISABLED) != 0) {
+        autoConfigure->Flags = (autoConfigure->Flags & ~DWORD{OPTIF_DISABLED}) | OPTIF_CHANGED;
+        autoConfigure->Sel = kSwitchOn;
+    }
+    if (autoConfigure->Sel == kSwitchOn) ConfigureFromPrinter(params, link);
+}
+
+void UpdateOptionItemStates(POEMCUIPPARAM params) {
+    const POPTITEM autoConfigure = FindSwitch(params);
+    if (autoConfigure == nullptr) return;
+    const bool isOn = autoConfigure->Sel == kSwitchOn;
+    for (const OptionItem& option : kOptions) {
+        const POPTITEM item = FindItem(params, option);
+        if (item == nullptr) continue;
+        // Greying adds to the item's flags; opening it for the user drops all others.
+        item->Flags = isOn ? item->Flags | kGreyed : kEditable;
+    }
+}
+
+bool AutoConfigure(POEMCUIPPARAM params, const PrinterLink& link, bool* changed) {
+    *changed = false;
+    UINT32 tray2Sel = 0;
+    UINT32 tray3Sel = 0;
+    UINT32 duplexSel = 0;
+    const POPTITEM tray2 = FindItem(params, kTray2);
+    const POPTITEM tray3 = FindItem(params, kTray3);
+    const POPTITEM duplex = FindItem(params, kDuplex);
+    if (!QueryInstalledOptions(params->pPrinterName, link, &tray2Sel, &tray3Sel, &duplexSel)) {
+        return false;
+    }
+    *changed |= SetSelection(tray2, tray2Sel);
+    *changed |= SetSelection(tray3, tray3Sel);
+    *changed |= SetSelection(duplex, duplexSel);
+    return true;
+}
+
+int FindDriverItemByName(POEMCUIPPARAM params, UINT nameId, UINT firstOptionId) {
+    const SearchText name(*params, nameId);
+    if (!name) return -1;
+    const SearchText firstOption(*params, firstOptionId);
+    for (DWORD index = 0; index < params->cDrvOptItems; ++index) {
+        const OPTITEM& item = params->pDrvOptItems[index];
+        if (item.Level <= 1 || !name.Matches(item.pName)) continue;
+        if (firstOptionId == 0 || firstOption.Matches(FirstOptionText(item))) {
+            return static_cast<int>(index);
+        }
+    }
+    return -1;
+}
+
+}  // namespace oemui
