@@ -1,0 +1,15 @@
+#include <winbase.h>
+
+namespace {
+
+thread_local DWORD lastError = 0;
+
+}  // namespace
+
+DWORD WINAPI GetLastError() {
+    return lastError;
+}
+
+void WINAPI SetLastError(DWORD error) {
+    lastError = error;
+}

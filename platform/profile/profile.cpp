@@ -1,0 +1,156 @@
+// INI files: read anew with every call, since other programs write them too.
+
+#include <winbase.h>
+#include <winerror.h>
+
+#include <algorithm>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/base/machine.h"
+#include "platform/base/text_encoding.h"
+#include "platform/testing/failure_points.h"
+
+namespace {
+
+using TextView = std::u16string_view;
+
+bool IsBlank(char16_t character) {
+    return character == u' ' || character == u'\t';
+}
+
+TextView Trimmed(TextView text) {
+    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+std::u16string DecodeUtf16(std::string_view bytes, bool bigEndian) {
+    std::u16string text(bytes.size() / 2, 0);
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto first = static_cast<unsigned char>(bytes[2 * i]);
+        const auto second = static_cast<unsigned char>(bytes[2 * i + 1]);
+        text[i] = static_cast<char16_t>(bigEndian ? (first << 8) | second : (second << 8) | first);
+    }
+    return text;
+}
+
+// The byte-order mark tells the encoding; without one a file is in the system's code page.
+std::u16string Decode(std::string_view bytes) {
+    if (bytes.starts_with("\xFF\xFE")) return DecodeUtf16(bytes.substr(2), false);
+    if (bytes.starts_with("\xFE\xFF")) return DecodeUtf16(bytes.substr(2), true);
+    if (bytes.starts_with("\xEF\xBB\xBF")) return platform::Utf16(bytes.substr(3));
+    return platform::DecodeWindows1252(bytes);
+}
+
+// The next line, trimmed, up to a terminator in it.
+TextView TakeLine(TextView& text) {
+    const std::size_t length = std::min(text.find_first_of(u"\r\n"), text.size());
+    const TextView line = text.substr(0, length);
+    text.remove_prefix(std::min(length + 1, text.size()));
+    return Trimmed(line.substr(0, line.find(u'\0')));
+}
+
+std::optional<TextView> SectionName(TextView line) {
+    if (!line.starts_with(u'[')) return {};
+    const std::size_t close = line.rfind(u']');
+    if (close == TextView::npos) return {};
+    return Trimmed(line.substr(1, close - 1));
+}
+
+// The text of a key in the first section of the name; the first of several counts.
+std::optional<TextView> FindValue(TextView file, TextView section, TextView key) {
+    bool inSection = false;
+    while (!file.empty()) {
+        const TextView line = TakeLine(file);
+        if (const auto name = SectionName(line)) {
+            if (inSection) return {};
+            inSection = platform::EqualIgnoringCase(*name, section);
+            continue;
+        }
+        const std::size_t equals = line.find(u'=');
+        if (!inSection || line.starts_with(u';') || equals == TextView::npos) continue;
+        if (platform::EqualIgnoringCase(Trimmed(line.substr(0, equals)), key)) {
+            return Trimmed(line.substr(equals + 1));
+        }
+    }
+    return {};
+}
+
+TextView WithoutQuotes(TextView value) {
+    const bool isQuoted = value.size() >= 2 && value.front() == value.back() &&
+                          (value.front() == u'"' || value.front() == u'\'');
+    return isQuoted ? value.substr(1, value.size() - 2) : value;
+}
+
+// The value with its quotes removed; nothing, with the last error, when it is missing.
+std::optional<std::u16string> ReadValue(LPCWSTR section, LPCWSTR key, LPCWSTR fileName) {
+    if (section == nullptr || key == nullptr || fileName == nullptr) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return {};
+    }
+    std::ifstream file(platform::HostPath(fileName), std::ios::binary);
+    if (!file) {
+        SetLastError(ERROR_FILE_NOT_FOUND);
+        return {};
+    }
+    const std::string bytes(std::istreambuf_iterator<char>(file), {});
+    const std::u16string text = Decode(bytes);
+    const auto value = FindValue(text, Trimmed(section), Trimmed(key));
+    if (value) return std::u16string(WithoutQuotes(*value));
+    SetLastError(ERROR_FILE_NOT_FOUND);
+    return {};
+}
+
+// Decimal, or hexadecimal after "0x", in 32 bits that wrap; what follows the number is ignored.
+std::uint32_t ParseNumber(TextView text) {
+    text = Trimmed(text);
+    const bool isNegative = text.starts_with(u'-');
+    if (isNegative || text.starts_with(u'+')) text.remove_prefix(1);
+    const bool isHexadecimal = text.starts_with(u"0x") || text.starts_with(u"0X");
+    if (isHexadecimal) text.remove_prefix(2);
+    const std::uint32_t base = isHexadecimal ? 16 : 10;
+    std::uint32_t number = 0;
+    for (const char16_t character : text) {
+        constexpr TextView kDigits = u"0123456789abcdef";
+        const std::size_t digit = kDigits.find(character >= u'A' && character <= u'F'
+                                                   ? static_cast<char16_t>(character + 32)
+                                                   : character);
+        if (digit >= base) break;
+        number = number * base + static_cast<std::uint32_t>(digit);
+    }
+    return isNegative ? 0u - number : number;
+}
+
+}  // namespace
+
+DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR defaultText,
+                                      LPWSTR value, DWORD size, LPCWSTR fileName) {
+    if (value == nullptr || size == 0) return 0;
+    DWORD error;
+    std::optional<std::u16string> found;
+    if (platform::MustFail("GetPrivateProfileStringW", &error)) {
+        SetLastError(error);
+    } else {
+        found = ReadValue(section, key, fileName);
+    }
+    TextView text = defaultText == nullptr ? TextView{} : TextView(defaultText);
+    while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
+    if (found) text = *found;
+    text = text.substr(0, size - 1);
+    *std::copy(text.begin(), text.end(), value) = 0;
+    return static_cast<DWORD>(text.size());
+}
+
+UINT WINAPI GetPrivateProfileIntW(LPCWSTR section, LPCWSTR key, INT defaultNumber,
+                                  LPCWSTR fileName) {
+    DWORD error;
+    if (platform::MustFail("GetPrivateProfileIntW", &error)) {
+        SetLastError(error);
+        return static_cast<UINT>(defaultNumber);
+    }
+    const auto found = ReadValue(section, key, fileName);
+    return !found || found->empty() ? static_cast<UINT>(defaultNumber) : ParseNumber(*found);
+}
