@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/base/accounting.h"
+#include "platform/base/handles.h"
 #include "platform/net/host_names.h"
 #include "platform/net/posix_sockets.h"
 #include "platform/testing/failure_points.h"
@@ -32,7 +33,6 @@ struct OpenSocket {
 std::mutex mutex;
 int starts = 0;
 std::map<SOCKET, OpenSocket> sockets;
-SOCKET nextSocket = 0x100;
 
 int Fail(DWORD error) {
     SetLastError(error);
@@ -67,7 +67,7 @@ DWORD AddSocket(SOCKET* number) {
     if (starts == 0) return WSANOTINITIALISED;
     OpenSocket open = {};
     if (const DWORD error = net::OpenStream(&open.descriptor)) return error;
-    *number = std::exchange(nextSocket, nextSocket + 4);
+    *number = platform::NextHandleValue();
     sockets.emplace(*number, open);
     platform::CountObject("socket", 1);
     return 0;

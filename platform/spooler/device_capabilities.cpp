@@ -1,0 +1,74 @@
+// What a printer can do: its papers.
+#include <winspool.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/spooler/forms.h"
+#include "platform/spooler/printer_record.h"
+#include "platform/spooler/record_buffer.h"
+#include "platform/testing/failure_points.h"
+
+namespace {
+
+using platform::spooler::Form;
+
+namespace spooler = platform::spooler;
+
+constexpr std::size_t kPaperNameLength = 64;
+
+void WriteNumber(const Form& form, BYTE* entry) {
+    std::memcpy(entry, &form.number, sizeof form.number);
+}
+
+void WriteSize(const Form& form, BYTE* entry) {
+    const POINT size = {spooler::Tenths(form.size.cx), spooler::Tenths(form.size.cy)};
+    std::memcpy(entry, &size, sizeof size);
+}
+
+void WriteName(const Form& form, BYTE* entry) {
+    std::memset(entry, 0, kPaperNameLength * sizeof(WCHAR));
+    std::memcpy(entry, form.name.data(),
+                std::min(form.name.size(), kPaperNameLength) * sizeof(WCHAR));
+}
+
+struct PaperCapability {
+    WORD capability;
+    std::size_t entryBytes;
+    void (*write)(const Form& form, BYTE* entry);
+};
+
+constexpr PaperCapability kPaperCapabilities[] = {
+    {DC_PAPERS, sizeof(WORD), WriteNumber},
+    {DC_PAPERSIZE, sizeof(POINT), WriteSize},
+    {DC_PAPERNAMES, kPaperNameLength * sizeof(WCHAR), WriteName},
+};
+
+DWORD ListPapers(LPCWSTR printer, WORD capability, BYTE* output, int* count) {
+    const auto* kind = std::find_if(
+        std::begin(kPaperCapabilities), std::end(kPaperCapabilities),
+        [capability](const PaperCapability& known) { return known.capability == capability; });
+    if (kind == std::end(kPaperCapabilities)) return ERROR_NOT_SUPPORTED;
+    const std::u16string name = printer ? spooler::ShortPrinterName(printer) : std::u16string();
+    if (name.empty()) return ERROR_INVALID_PRINTER_NAME;
+    spooler::PrinterRecord record;
+    if (const DWORD error = spooler::LoadPrinter(name, &record)) return error;
+    std::vector<Form> forms;
+    if (const DWORD error = spooler::ListForms(&forms)) return error;
+    *count = static_cast<int>(forms.size());
+    if (!output) return ERROR_SUCCESS;
+    for (std::size_t i = 0; i < forms.size(); ++i)
+        kind->write(forms[i], output + i * kind->entryBytes);
+    return ERROR_SUCCESS;
+}
+
+}  // namespace
+
+int DeviceCapabilitiesW(LPCWSTR printer, LPCWSTR /*port*/, WORD capability, LPWSTR output,
+                        const DEVMODEW* /*devmode*/) {
+    DWORD error = 0;
+    int count = -1;
+    if (!platform::MustFail("DeviceCapabilitiesW", &error))
+        error = ListPapers(printer, capability, reinterpret_cast<BYTE*>(output), &count);
+    return spooler::Answer(error) ? count : -1;
+}

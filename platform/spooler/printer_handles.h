@@ -1,0 +1,26 @@
+/// The printers that are open in this process, by handle.
+#pragma once
+
+#include <windef.h>
+
+#include <string>
+
+namespace platform::spooler {
+
+struct OpenPrinter {
+    std::u16string name;  ///< of the printer's key; empty: the machine's print server
+    DWORD access;         ///< PRINTER_ACCESS_*
+};
+
+HANDLE AddHandle(OpenPrinter printer);
+bool RemoveHandle(HANDLE handle);
+
+/// What a handle stands for, if it may be used so.
+/// \param access  the rights needed, PRINTER_ACCESS_*; 0 for none. The print server needs none.
+/// \return ERROR_INVALID_HANDLE or ERROR_ACCESS_DENIED.
+DWORD FindHandle(HANDLE handle, DWORD access, OpenPrinter* opened);
+
+/// The same for what only a printer can do: the print server answers ERROR_INVALID_HANDLE.
+DWORD PrinterOfHandle(HANDLE handle, DWORD access, OpenPrinter* printer);
+
+}  // namespace platform::spooler

@@ -1,0 +1,167 @@
+// Opening, reading, writing, adding and removing printers.
+#include <winspool.h>
+
+#include "platform/spooler/drivers.h"
+#include "platform/spooler/print_keys.h"
+#include "platform/spooler/print_processors.h"
+#include "platform/spooler/printer_access.h"
+#include "platform/spooler/printer_handles.h"
+#include "platform/spooler/printer_record.h"
+#include "platform/spooler/record_buffer.h"
+#include "platform/testing/failure_points.h"
+
+namespace {
+
+using platform::spooler::Answer;
+using platform::spooler::CallerBuffer;
+using platform::spooler::OpenPrinter;
+using platform::spooler::PrinterRecord;
+using platform::spooler::PrintKey;
+
+namespace spooler = platform::spooler;
+
+// Without a name the machine's print server is opened, which has the forms.
+DWORD Open(LPCWSTR given, DWORD access, HANDLE* printer) {
+    std::u16string name;
+    if (given) {
+        name = spooler::ShortPrinterName(given);
+        if (name.empty()) return ERROR_INVALID_PRINTER_NAME;
+        DWORD denied = 0;
+        if (const DWORD error = spooler::DeniedAccess(name, &denied)) return error;
+        if ((access & denied) != 0) return ERROR_ACCESS_DENIED;
+    }
+    *printer = spooler::AddHandle({std::move(name), access});
+    return ERROR_SUCCESS;
+}
+
+DWORD LoadOpenPrinter(HANDLE handle, DWORD access, PrinterRecord* printer) {
+    OpenPrinter open;
+    if (const DWORD error = spooler::PrinterOfHandle(handle, access, &open)) return error;
+    const DWORD error = spooler::LoadPrinter(open.name, printer);
+    // Removed since it was opened.
+    return error == ERROR_INVALID_PRINTER_NAME ? ERROR_INVALID_HANDLE : error;
+}
+
+// What a printer must have before it is stored.
+DWORD CheckPrinter(const PrinterRecord& printer) {
+    if (printer.port.empty()) return ERROR_UNKNOWN_PORT;
+    bool known = false;
+    if (const DWORD error = spooler::IsDriver(printer.driver, &known)) return error;
+    if (!known) return ERROR_UNKNOWN_PRINTER_DRIVER;
+    if (const DWORD error = spooler::IsPrintProcessor(printer.processor, &known)) return error;
+    return known ? ERROR_SUCCESS : ERROR_UNKNOWN_PRINTPROCESSOR;
+}
+
+DWORD SetOpenPrinter(HANDLE handle, const PRINTER_INFO_2W* info) {
+    if (!info) return ERROR_INVALID_PARAMETER;
+    PrinterRecord printer;
+    if (const DWORD error = LoadOpenPrinter(handle, PRINTER_ACCESS_ADMINISTER, &printer))
+        return error;
+    const std::u16string name = printer.name;
+    if (const DWORD error = spooler::UnpackPrinter(*info, &printer)) return error;
+    if (!spooler::SameName(name, printer.name)) return ERROR_INVALID_PRINTER_NAME;
+    printer.name = name;
+    if (const DWORD error = CheckPrinter(printer)) return error;
+    return spooler::StorePrinter(printer);
+}
+
+DWORD AddPrinterKeys(const PrinterRecord& printer) {
+    PrintKey key;
+    bool created = false;
+    DWORD error = key.Create(spooler::PrinterPath(printer.name), &created);
+    if (error == ERROR_SUCCESS && !created) return ERROR_PRINTER_ALREADY_EXISTS;
+    if (error == ERROR_SUCCESS) error = spooler::StorePrinter(printer);
+    PrintKey printerData;
+    if (error == ERROR_SUCCESS) error = printerData.Create(spooler::PrinterDataPath(printer.name));
+    // A printer is added whole or not at all.
+    if (error != ERROR_SUCCESS && created) spooler::RemoveKey(spooler::PrinterPath(printer.name));
+    return error;
+}
+
+DWORD Add(LPCWSTR server, DWORD level, const PRINTER_INFO_2W* info, HANDLE* handle) {
+    if (level != 2) return ERROR_INVALID_LEVEL;
+    if (server || !info) return ERROR_INVALID_PARAMETER;
+    PrinterRecord printer;
+    if (const DWORD error = spooler::UnpackPrinter(*info, &printer)) return error;
+    if (printer.name.empty() || spooler::ShortPrinterName(printer.name) != printer.name)
+        return ERROR_INVALID_PRINTER_NAME;
+    if (const DWORD error = CheckPrinter(printer)) return error;
+    printer.attributes |= PRINTER_ATTRIBUTE_LOCAL;
+    if (const DWORD error = AddPrinterKeys(printer)) return error;
+    *handle = spooler::AddHandle({printer.name, PRINTER_ALL_ACCESS});
+    return ERROR_SUCCESS;
+}
+
+DWORD Enumerate(DWORD flags, LPCWSTR server, DWORD level, const CallerBuffer& buffer,
+                LPDWORD returned) {
+    if (const DWORD error = spooler::CheckBuffer(level, 2, buffer)) return error;
+    if (!returned || server) return ERROR_INVALID_PARAMETER;
+    *returned = 0;
+    std::vector<PrinterRecord> printers;
+    if ((flags & PRINTER_ENUM_LOCAL) != 0)
+        if (const DWORD error = spooler::ListPrinters(&printers)) return error;
+    const DWORD error = spooler::FillRecords(printers, buffer, spooler::PackPrinter);
+    if (error == ERROR_SUCCESS) *returned = static_cast<DWORD>(printers.size());
+    return error;
+}
+
+}  // namespace
+
+BOOL OpenPrinterW(LPWSTR name, HANDLE* printer, PRINTER_DEFAULTSW* defaults) {
+    DWORD error = 0;
+    if (platform::MustFail("OpenPrinterW", &error)) return Answer(error);
+    if (!printer) return Answer(ERROR_INVALID_PARAMETER);
+    *printer = nullptr;
+    const DWORD access = defaults ? defaults->DesiredAccess : 0;
+    return Answer(Open(name, access != 0 ? access : PRINTER_ACCESS_USE, printer));
+}
+
+BOOL ClosePrinter(HANDLE printer) {
+    DWORD error = 0;
+    if (platform::MustFail("ClosePrinter", &error)) return Answer(error);
+    return Answer(spooler::RemoveHandle(printer) ? ERROR_SUCCESS : ERROR_INVALID_HANDLE);
+}
+
+BOOL GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed) {
+    DWORD error = 0;
+    if (platform::MustFail("GetPrinterW", &error)) return Answer(error);
+    const CallerBuffer target = {buffer, size, needed};
+    error = spooler::CheckBuffer(level, 2, target);
+    std::vector<PrinterRecord> record(1);
+    if (error == ERROR_SUCCESS) error = LoadOpenPrinter(printer, 0, &record.front());
+    if (error == ERROR_SUCCESS) error = spooler::FillRecords(record, target, spooler::PackPrinter);
+    return Answer(error);
+}
+
+BOOL SetPrinterW(HANDLE printer, DWORD level, LPBYTE record, DWORD command) {
+    DWORD error = 0;
+    if (platform::MustFail("SetPrinterW", &error)) return Answer(error);
+    if (level != 2) return Answer(ERROR_INVALID_LEVEL);
+    if (command != 0) return Answer(ERROR_NOT_SUPPORTED);
+    return Answer(SetOpenPrinter(printer, reinterpret_cast<const PRINTER_INFO_2W*>(record)));
+}
+
+HANDLE AddPrinterW(LPWSTR server, DWORD level, LPBYTE record) {
+    DWORD error = 0;
+    HANDLE handle = nullptr;
+    if (!platform::MustFail("AddPrinterW", &error))
+        error = Add(server, level, reinterpret_cast<const PRINTER_INFO_2W*>(record), &handle);
+    Answer(error);
+    return handle;
+}
+
+BOOL DeletePrinter(HANDLE printer) {
+    DWORD error = 0;
+    if (platform::MustFail("DeletePrinter", &error)) return Answer(error);
+    OpenPrinter open;
+    error = spooler::PrinterOfHandle(printer, PRINTER_ACCESS_ADMINISTER, &open);
+    if (error == ERROR_SUCCESS) error = spooler::RemoveKey(spooler::PrinterPath(open.name));
+    return Answer(error == ERROR_FILE_NOT_FOUND ? ERROR_INVALID_HANDLE : error);
+}
+
+BOOL EnumPrintersW(DWORD flags, LPWSTR server, DWORD level, LPBYTE buffer, DWORD size,
+                   LPDWORD needed, LPDWORD returned) {
+    DWORD error = 0;
+    if (platform::MustFail("EnumPrintersW", &error)) return Answer(error);
+    return Answer(Enumerate(flags, server, level, {buffer, size, needed}, returned));
+}
