@@ -1,5 +1,7 @@
 # How plug-in code is compiled, and what it is linked with.
 
+set(OEMUI_MODELS U T V)
+
 # No exceptions and no RTTI cross the driver's boundary; everything is hidden but the two exports.
 function(oemui_plugin_options target)
   target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})

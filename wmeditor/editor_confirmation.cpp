@@ -37,7 +37,7 @@ WatermarkRecord RecordInControls(HWND dialog) {
     CopyText(record.Text, TextIn(buffer));
     ::GetDlgItemTextW(dialog, IDC_TYPEFACE, buffer, static_cast<int>(std::size(record.FaceName)));
     CopyText(record.FaceName, TextIn(buffer));
-    record.PointSize = static_cast<INT32>(::GetDlgItemInt(dialog, IDC_SIZE, nullptr, TRUE));
+    record.PointSize = static_cast<INT32>(::GetDlgItemInt(dialog, IDC_POINT_SIZE, nullptr, TRUE));
     record.Bold = static_cast<BYTE>(::SendDlgItemMessageW(dialog, IDC_BOLD, BM_GETCHECK, 0, 0));
     record.Italic = static_cast<BYTE>(::SendDlgItemMessageW(dialog, IDC_ITALIC, BM_GETCHECK, 0, 0));
     record.ColorIndex = static_cast<UINT32>(SelectedPosition(dialog, IDC_COLOR));

@@ -33,8 +33,9 @@ constexpr std::array<Choice, 7> kColorChoices = {{{0, IDS_COLOR_BLACK},
                                                   {6, IDS_COLOR_BLUE}}};
 
 constexpr int kSettingControls[] = {
-    IDC_NAME,   IDC_TEXT,  IDC_TYPEFACE,       IDC_SIZE,  IDC_SIZE_SPIN, IDC_BOLD,
-    IDC_ITALIC, IDC_ANGLE, IDC_SETTINGS_GROUP, IDC_COLOR, IDC_CENTER,    IDC_USER_POSITION,
+    IDC_NAME,   IDC_TEXT,          IDC_TYPEFACE, IDC_POINT_SIZE,     IDC_POINT_SIZE_SPIN,
+    IDC_BOLD,   IDC_ITALIC,        IDC_ANGLE,    IDC_SETTINGS_GROUP, IDC_COLOR,
+    IDC_CENTER, IDC_USER_POSITION,
 };
 
 constexpr WPARAM kSizeDigits = 3;       // "200"
@@ -90,9 +91,9 @@ void SelectTypeface(HWND dialog, const WatermarkRecord& record) {
 void FillFont(HWND dialog, const WatermarkRecord& record, bool firstFill) {
     if (firstFill) AddTypefaces(dialog);
     SelectTypeface(dialog, record);
-    ::SetDlgItemInt(dialog, IDC_SIZE, static_cast<UINT>(record.PointSize), FALSE);
-    SetSpinRange(dialog, IDC_SIZE_SPIN, kMinimumPointSize, kMaximumPointSize);
-    ::SendDlgItemMessageW(dialog, IDC_SIZE, EM_LIMITTEXT, kSizeDigits, 0);
+    ::SetDlgItemInt(dialog, IDC_POINT_SIZE, static_cast<UINT>(record.PointSize), FALSE);
+    SetSpinRange(dialog, IDC_POINT_SIZE_SPIN, kMinimumPointSize, kMaximumPointSize);
+    ::SendDlgItemMessageW(dialog, IDC_POINT_SIZE, EM_LIMITTEXT, kSizeDigits, 0);
     SetCheck(dialog, IDC_BOLD, record.Bold != 0);
     SetCheck(dialog, IDC_ITALIC, record.Italic != 0);
     PreviewWatermark.PointSize = record.PointSize;

@@ -72,11 +72,13 @@ void OnTypeface(HWND dialog, UINT) {
 
 void OnSize(HWND dialog, UINT notification) {
     if (notification == EN_CHANGE) {
-        SetInBoth(&WatermarkRecord::PointSize, ::GetDlgItemInt(dialog, IDC_SIZE, nullptr, FALSE));
+        SetInBoth(&WatermarkRecord::PointSize,
+                  ::GetDlgItemInt(dialog, IDC_POINT_SIZE, nullptr, FALSE));
         Repaint(dialog);
     } else if (notification == EN_KILLFOCUS && ClampPointSize(&EditedWatermark.PointSize)) {
         PreviewWatermark.PointSize = EditedWatermark.PointSize;
-        ::SetDlgItemInt(dialog, IDC_SIZE, static_cast<UINT>(EditedWatermark.PointSize), FALSE);
+        ::SetDlgItemInt(dialog, IDC_POINT_SIZE, static_cast<UINT>(EditedWatermark.PointSize),
+                        FALSE);
     }
 }
 
@@ -190,7 +192,7 @@ constexpr SettingCommand kSettingCommands[] = {
     {IDC_NAME, OnName},
     {IDC_TEXT, OnText},
     {IDC_TYPEFACE, OnTypeface},
-    {IDC_SIZE, OnSize},
+    {IDC_POINT_SIZE, OnSize},
     {IDC_BOLD, OnBold},
     {IDC_ITALIC, OnItalic},
     {IDC_COLOR, OnColor},

@@ -1,0 +1,120 @@
+// The module as a driver meets it: a file, its exports, its object. Runs on the platform's own
+// loader as well as on the layer's.
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+
+#include "common/oem_driver_interface.h"
+#include "common/unique_handle.h"
+
+#ifndef _WIN32
+#include "platform/base/machine.h"
+#endif
+
+namespace {
+
+using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+using CanUnloadNow = HRESULT(STDAPICALLTYPE*)();
+using Text = std::basic_string<WCHAR>;
+
+// The build folder's files, under the drive on which both worlds show the rest of the system.
+Text ModulePath(const std::string& file) {
+    std::string path = std::string("Z:") + OEMUI_PACKAGE_FOLDER + "/" + file;
+    std::replace(path.begin(), path.end(), '/', '\\');
+    return Text(path.begin(), path.end());
+}
+
+template <typename Function>
+Function Export(HMODULE module, const char* name) {
+    return reinterpret_cast<Function>(::GetProcAddress(module, name));
+}
+
+class LoadedModule {
+public:
+    explicit LoadedModule(const Text& path) : library_(::LoadLibraryW(path.c_str())) {}
+
+    explicit operator bool() const { return static_cast<bool>(library_); }
+    HRESULT CanUnload() const { return Export<CanUnloadNow>(library_.Get(), "DllCanUnloadNow")(); }
+
+    IPrintOemUI* CreatePlugin() const {
+        IClassFactory* factory = nullptr;
+        Export<GetClassObject>(library_.Get(), "DllGetClassObject")(
+            CLSID_OEMUI, IID_IClassFactory, reinterpret_cast<void**>(&factory));
+        IPrintOemUI* plugin = nullptr;
+        if (factory == nullptr) return nullptr;
+        factory->CreateInstance(nullptr, IID_IPrintOemUI, reinterpret_cast<void**>(&plugin));
+        factory->Release();
+        return plugin;
+    }
+
+    DWORD Signature() const {
+        DWORD signature = 0;
+        DWORD needed = 0;
+        IPrintOemUI* plugin = CreatePlugin();
+        if (plugin == nullptr) return 0;
+        plugin->GetInfo(OEMGI_GETSIGNATURE, &signature, sizeof signature, &needed);
+        plugin->Release();
+        return signature;
+    }
+
+private:
+    oemui::UniqueLibrary library_;
+};
+
+class Module : public ::testing::Test {
+protected:
+    void SetUp() override {
+        scratch_ = std::filesystem::path(OEMUI_PACKAGE_FOLDER) / ".." / "module-test";
+#ifndef _WIN32
+        platform::UseMachine(scratch_ / "machine");
+#endif
+    }
+
+    std::filesystem::path scratch_;
+};
+
+TEST_F(Module, ServesOnePluginPerModelAndUnloadsWhenTheLastObjectIsGone) {
+    for (const auto& [letter, signature] :
+         {std::pair{"U", 0x51565255u}, std::pair{"T", 0x51565254u}, std::pair{"V", 0x51565256u}}) {
+        const LoadedModule module(ModulePath(std::string(letter) + "/QVR" + letter + "__UI.DLL"));
+        ASSERT_TRUE(module) << letter;
+        EXPECT_EQ(module.CanUnload(), S_OK);
+        IPrintOemUI* plugin = module.CreatePlugin();
+        ASSERT_NE(plugin, nullptr);
+        EXPECT_EQ(module.CanUnload(), S_FALSE);
+        EXPECT_EQ(plugin->Release(), 0u);
+        EXPECT_EQ(module.CanUnload(), S_OK);
+        EXPECT_EQ(module.Signature(), signature);
+    }
+}
+
+TEST_F(Module, ModelsLoadedTogetherShareNothing) {
+    const LoadedModule first(ModulePath("T/QVRT__UI.DLL"));
+    const LoadedModule second(ModulePath("V/QVRV__UI.DLL"));
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(first.Signature(), 0x51565254u);
+    EXPECT_EQ(second.Signature(), 0x51565256u);
+    IPrintOemUI* plugin = first.CreatePlugin();
+    EXPECT_EQ(first.CanUnload(), S_FALSE);
+    EXPECT_EQ(second.CanUnload(), S_OK);
+    plugin->Release();
+}
+
+TEST_F(Module, ACopyUnderAnotherNameServesWithItsOwnLetter) {
+    const std::filesystem::path package(OEMUI_PACKAGE_FOLDER);
+    std::filesystem::create_directories(package / "X");
+    std::filesystem::copy_file(package / "T" / "QVRT__UI.DLL", package / "X" / "QVRX__UI.DLL",
+                               std::filesystem::copy_options::overwrite_existing);
+    {
+        const LoadedModule module(ModulePath("X/QVRX__UI.DLL"));
+        ASSERT_TRUE(module);
+        EXPECT_EQ(module.Signature(), 0x51565258u);
+    }
+    std::filesystem::remove_all(package / "X");
+}
+
+}  // namespace
