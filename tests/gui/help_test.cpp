@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <QImage>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "platform/base/machine.h"
+#include "platform/gui/help_file.h"
+#include "platform/gui/help_viewer.h"
+#include "platform/testing/failure_points.h"
+#include "platform/testing/user.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Remembers what it was given to read.
+class Reader : public platform::User {
+public:
+    int AnswerMessageBox(const platform::MessageBoxRequest&) override { return IDCANCEL; }
+    void WorkInDialog(HWND) override {}
+    void ReadHelp(const platform::HelpRequest& request) override { read.push_back(request); }
+
+    std::vector<platform::HelpRequest> read;
+};
+
+class Help : public testing::Test {
+protected:
+    Help() {
+        std::string name = (fs::temp_directory_path() / "helptestXXXXXX").string();
+        folder_ = mkdtemp(name.data());
+        platform::UseMachine(folder_);
+    }
+    ~Help() override { fs::remove_all(folder_); }
+
+    fs::path Write(const std::string& content) const {
+        const fs::path file = platform::DriverFolder() / "QVRT_HLP.HLP";
+        std::ofstream(file, std::ios::binary) << content;
+        return file;
+    }
+    std::u16string Topic(const std::string& content, DWORD topic) const {
+        return platform::ReadHelpTopic(Write(content), topic);
+    }
+
+    fs::path folder_;
+};
+
+TEST_F(Help, ATopicRunsFromItsLineToTheNext) {
+    const std::string content =
+        "about this file\n[12] First\nabc\n[34]Second one \r\n one\r\n  two\r\n\r\n\r\nthree\r\n"
+        "- item\r\n- other\r\nitem\r\n[a] b\r\n[12] again\nno\n[56]\n";
+    EXPECT_EQ(Topic(content, 34), u"Second one\n\none two\n\nthree\n- item\n- other item [a] b");
+    EXPECT_EQ(Topic("\xEF\xBB\xBF" + content, 12), u"First\n\nabc");
+    EXPECT_EQ(Topic("\xEF\xBB\xBF[1] \xC3\xA9", 1), u"\u00E9");
+    EXPECT_EQ(Topic(content, 56), u"");
+    EXPECT_EQ(Topic(content, 3), u"");
+}
+
+TEST_F(Help, AnyFileIsReadWithinBounds) {
+    EXPECT_EQ(platform::ReadHelpTopic(folder_ / "missing", 1), u"");
+    EXPECT_EQ(platform::ReadHelpTopic(folder_, 1), u"");
+    EXPECT_EQ(Topic(std::string("[1] a\nb\0c\xFF\xFE\xC3", 13), 1).substr(0, 4), u"a\n\nb");
+    EXPECT_EQ(Topic("[99999999999999999999] a\n[-1] b\n[ 1] c\n[1", 1), u"");
+    EXPECT_EQ(Topic("[1] a\n" + std::string(100000, 'x'), 1).size(), 16384u);
+    EXPECT_EQ(Topic("[1] a\n" + std::string(1024 * 1024, 'x'), 1), u"");
+    const std::string emoji = "\xF0\x9F\x98\x80";
+    std::string many = "[1] ab\n";  // an odd place for the cut
+    for (int count = 0; count < 9000; ++count) many += emoji;
+    const std::u16string cut = Topic(many + "b", 1);
+    EXPECT_EQ(cut.back() & 0xFC00, 0xDC00);
+    for (std::size_t length = 0; length < 40; ++length) {
+        Topic(std::string("[12] First\nabc\n[34] Second\r\n- \r\n[").substr(0, length), 34);
+    }
+}
+
+TEST_F(Help, TheUserIsGivenTheTopicOrToldThatThereIsNone) {
+    Write("[1302] Settings\nAll of them.\n");
+    const char16_t* file = u"C:\\Windows\\System32\\spool\\DRIVERS\\x64\\3\\QVRT_HLP.HLP";
+    Reader reader;
+    const platform::UserScope scope(reader);
+    EXPECT_TRUE(WinHelpW(nullptr, file, HELP_CONTEXTPOPUP, 1302));
+    EXPECT_TRUE(WinHelpW(nullptr, file, HELP_CONTEXT, 1114));
+    EXPECT_TRUE(WinHelpW(nullptr, u"C:\\Windows\\NONE.HLP", HELP_CONTEXT, 1302));
+    EXPECT_FALSE(WinHelpW(nullptr, file, 2, 1302));
+    EXPECT_FALSE(WinHelpW(nullptr, nullptr, HELP_CONTEXT, 1302));
+    {
+        const platform::FailurePlan plan("WinHelpW", 1, ERROR_NOT_ENOUGH_MEMORY);
+        EXPECT_FALSE(WinHelpW(nullptr, file, HELP_CONTEXT, 1302));
+    }
+    ASSERT_EQ(reader.read.size(), 3u);
+    EXPECT_EQ(reader.read[0].text, u"Settings\n\nAll of them.");
+    EXPECT_EQ(reader.read[0].command, UINT{HELP_CONTEXTPOPUP});
+    EXPECT_EQ(reader.read[1].topic, 1114u);
+    EXPECT_EQ(reader.read[1].file, file);
+    EXPECT_EQ(reader.read[1].text, u"");
+    EXPECT_EQ(reader.read[2].text, u"");
+}
+
+TEST_F(Help, EveryModelShipsEveryTopic) {
+    for (const char* name : {"QVRU_HLP.HLP", "QVRT_HLP.HLP", "QVRV_HLP.HLP"}) {
+        for (const DWORD topic : {1114u, 1115u, 1123u, 1212u, 1301u, 1302u, 1303u, 1304u, 1305u}) {
+            const std::u16string text =
+                platform::ReadHelpTopic(fs::path(PACKAGE_FOLDER) / name, topic);
+            EXPECT_GT(text.size(), 80u) << name << ' ' << topic;
+            EXPECT_LT(text.size(), 4000u) << name << ' ' << topic;
+        }
+    }
+}
+
+TEST_F(Help, ANoteIsAsHighAsItsTextAndYellow) {
+    const auto height = [&](std::u16string text) {
+        const fs::path file = folder_ / "note.png";
+        EXPECT_TRUE(platform::SaveHelpPicture(
+            {nullptr, u"C:\\a.hlp", HELP_CONTEXTPOPUP, 7, std::move(text)}, file));
+        const QImage picture(QString::fromStdString(file.string()));
+        EXPECT_EQ(picture.pixel(3, 3), qRgb(255, 255, 225));
+        EXPECT_LT(picture.width(), 1000);
+        return picture.height();
+    };
+    const int missing = height(u"");
+    EXPECT_GT(missing, 30);
+    EXPECT_GT(height(u"Title\n\n" + std::u16string(2000, u'x') + u"\n\n<b>&\xD800"), missing);
+    EXPECT_FALSE(platform::SaveHelpPicture({}, folder_ / "no" / "such.png"));
+}
+
+}  // namespace
