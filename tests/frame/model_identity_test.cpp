@@ -1,0 +1,74 @@
+#include "frame/model_identity.h"
+
+#include "tests/support/plugin_fixture.h"
+
+using oemui::DeriveModelIdentity;
+using oemui::Model;
+using oemui::TextIn;
+using tests::Narrow;
+using tests::Wide;
+
+namespace {
+
+class ModelIdentityTest : public tests::PluginTest {};
+
+struct Derived {
+    const char* path;
+    const char* moduleName;
+    char letter;
+    UINT32 index;
+    UINT32 signature;
+    const char* number;
+};
+
+constexpr Derived kDerived[] = {
+    {R"(C:\Windows\System32\QVRU__UI.DLL)", "QVRU__UI.DLL", 'U', 0, 0x51565255, "7120"},
+    {R"(C:/drivers\3/QVRT__UI.DLL)", "QVRT__UI.DLL", 'T', 1, 0x51565254, "7140"},
+    {"D:QVRV__UI.DLL", "QVRV__UI.DLL", 'V', 2, 0x51565256, "7160"},
+    {"QVRX__UI.DLL", "QVRX__UI.DLL", 'X', 0, 0x51565258, "####"},
+    {R"(C:\qvrt__ui.dll)", "qvrt__ui.dll", 't', 0, 0x71767274, "####"},
+    {R"(C:\v1.2\QVRU.old.DLL)", "QVRU.old.DLL", 'U', 0, 0x51565255, "7120"},
+    {R"(C:\folder.T\QVRT)", "QVRT", 'T', 1, 0x51565254, "7140"},
+    {R"(C:\AB.DLL)", "AB.DLL", 0, 0, 0x41420000, "####"},
+    {R"(C:\)", "", 0, 0, 0, "####"},
+};
+
+TEST_F(ModelIdentityTest, FileNameAloneDecides) {
+    for (const Derived& expected : kDerived) {
+        SCOPED_TRACE(expected.path);
+        DeriveModelIdentity(Wide(expected.path));
+        EXPECT_EQ(Narrow(TextIn(Model().ModuleName)), expected.moduleName);
+        EXPECT_EQ(Model().Letter, static_cast<WCHAR>(expected.letter));
+        EXPECT_EQ(Model().Index, expected.index);
+        EXPECT_EQ(Model().Signature, expected.signature);
+        EXPECT_EQ(Narrow(TextIn(Model().PortMonitor)),
+                  std::string("pigmentra ") + expected.number + "RZ TCP/IP Port");
+    }
+}
+
+TEST_F(ModelIdentityTest, LetterStandsInEveryFileName) {
+    tests::BecomeModel('X');
+    EXPECT_EQ(Narrow(TextIn(Model().PrintProcessorFile)), "QVRX__PP.DLL");
+    EXPECT_EQ(Narrow(TextIn(Model().HelpFile)), "QVRX_HLP.HLP");
+    EXPECT_EQ(Narrow(TextIn(Model().DefaultWatermarkFile)), "QVRX__WM.INI");
+    EXPECT_EQ(Narrow(TextIn(Model().SettingsFile)), "QVRX_UNI.INI");
+}
+
+TEST_F(ModelIdentityTest, LongNamesAreCutAndKeepLetterAndSignature) {
+    DeriveModelIdentity(Wide("QVRV" + std::string(252, 'n') + ".extension"));
+    EXPECT_EQ(Narrow(TextIn(Model().ModuleName)), "QVRV" + std::string(252, 'n') + ".ex");
+    DeriveModelIdentity(Wide("QVRV" + std::string(400, 'n') + ".DLL"));
+    EXPECT_EQ(TextIn(Model().ModuleName).size(), 259U);
+    EXPECT_EQ(Model().Index, 2U);
+    EXPECT_EQ(Model().Signature, 0x51565256U);
+}
+
+TEST_F(ModelIdentityTest, UnreadablePathLeavesTemplates) {
+    DeriveModelIdentity({});
+    EXPECT_EQ(Model().Index, 0U);
+    EXPECT_EQ(Model().Signature, 0U);
+    EXPECT_EQ(Narrow(TextIn(Model().HelpFile)), "QVR");
+    EXPECT_EQ(Narrow(TextIn(Model().PortMonitor)), "pigmentra ####RZ TCP/IP Port");
+}
+
+}  // namespace

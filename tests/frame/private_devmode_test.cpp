@@ -1,0 +1,156 @@
+#include "frame/private_devmode.h"
+
+#include <array>
+#include <cstring>
+
+#include "frame/model_identity.h"
+#include "tests/support/plugin_fixture.h"
+
+using oemui::HandleDevMode;
+using oemui::Model;
+using oemui::PrivateDevmode;
+
+namespace {
+
+constexpr DWORD kBlockSize = 348;
+constexpr DWORD kForeignSignature = 0x51565255;
+
+PrivateDevmode FilledWith(int byte) {
+    PrivateDevmode block;
+    std::memset(static_cast<void*>(&block), byte, sizeof block);
+    return block;
+}
+
+/// A block of this model with every byte behind the header the same.
+PrivateDevmode BlockOf(DWORD size, int byte) {
+    PrivateDevmode block = FilledWith(byte);
+    block.Header = {size, Model().Signature, 7};
+    block.CappedLevel = 50;
+    block.Scaling = 120;
+    return block;
+}
+
+std::array<UINT32, 12> Words(const PrivateDevmode& block) {
+    std::array<UINT32, 12> words;
+    std::memcpy(words.data(), &block, sizeof words);
+    return words;
+}
+
+bool SameFrom(std::size_t offset, const PrivateDevmode& left, const PrivateDevmode& right) {
+    return std::memcmp(reinterpret_cast<const char*>(&left) + offset,
+                       reinterpret_cast<const char*>(&right) + offset, kBlockSize - offset) == 0;
+}
+
+class DevMode : public tests::PluginTest {
+protected:
+    HRESULT Handle(DWORD mode, PrivateDevmode* in, PrivateDevmode* out) {
+        params_ = {};
+        params_.pOEMDMIn = in;
+        params_.pOEMDMOut = out;
+        return HandleDevMode(mode, &params_);
+    }
+
+    OEMDMPARAM params_ = {};
+};
+
+TEST_F(DevMode, SizeTouchesNoBlock) {
+    PrivateDevmode out = FilledWith(0x5A);
+    EXPECT_EQ(Handle(OEMDM_SIZE, nullptr, &out), S_OK);
+    EXPECT_EQ(params_.cbBufSize, kBlockSize);
+    EXPECT_TRUE(SameFrom(0, out, FilledWith(0x5A)));
+}
+
+TEST_F(DevMode, DefaultWritesEverythingButReservedAndWatermark) {
+    const UINT32 signature = Model().Signature;
+    PrivateDevmode out = {};
+    EXPECT_EQ(Handle(OEMDM_DEFAULT, nullptr, &out), S_OK);
+    EXPECT_EQ(Words(out),
+              (std::array<UINT32, 12>{kBlockSize, signature, 1, 86, 0, 100, 0, 0, 0, 0, 1, 1}));
+    EXPECT_TRUE(SameFrom(48, out, FilledWith(0)));
+
+    constexpr UINT32 kOld = 0x5A5A5A5A;
+    out = FilledWith(0x5A);
+    EXPECT_EQ(Handle(OEMDM_DEFAULT, nullptr, &out), S_OK);
+    EXPECT_EQ(Words(out), (std::array<UINT32, 12>{kBlockSize, signature, 1, 86, kOld, 100, kOld, 0,
+                                                  0, 0, 1, 1}));
+    EXPECT_TRUE(SameFrom(48, out, FilledWith(0x5A)));
+    EXPECT_EQ(Handle(OEMDM_DEFAULT, nullptr, nullptr), S_OK);
+}
+
+TEST_F(DevMode, ConvertTakesAsMuchAsBothHeadersClaim) {
+    for (DWORD size = 0; size <= kBlockSize + 1; ++size) {
+        SCOPED_TRACE(size);
+        for (const bool shortIn : {true, false}) {
+            PrivateDevmode in = BlockOf(shortIn ? size : 0xFFFFFFFF, 0x11);
+            PrivateDevmode out = BlockOf(shortIn ? 0xFFFFFFFF : size, 0x22);
+            PrivateDevmode expected = out;
+            expected.CappedLevel = 86;
+            std::memcpy(static_cast<void*>(&expected), &in, std::min(size, kBlockSize));
+            expected.Header = {kBlockSize, Model().Signature, 1};
+            EXPECT_EQ(Handle(OEMDM_CONVERT, &in, &out), S_OK);
+            EXPECT_TRUE(SameFrom(0, out, expected));
+        }
+    }
+}
+
+TEST_F(DevMode, BlockOfAnotherModelGivesDefaultsOnly) {
+    for (const DWORD mode : {OEMDM_CONVERT, OEMDM_MERGE}) {
+        PrivateDevmode in = BlockOf(kBlockSize, 0x11);
+        in.Header.dwSignature = kForeignSignature;
+        PrivateDevmode out = BlockOf(200, 0x22);
+        PrivateDevmode expected = out;
+        expected.Header = {kBlockSize, Model().Signature, 1};
+        expected.CappedLevel = 86;
+        expected.Scaling = 100;
+        EXPECT_EQ(Handle(mode, &in, &out), S_OK);
+        EXPECT_TRUE(SameFrom(0, out, expected));
+    }
+}
+
+TEST_F(DevMode, OnlyMergeCorrectsRanges) {
+    struct Correction {
+        UINT32 scaling;
+        INT32 level;
+        UINT32 mergedScaling;
+        INT32 mergedLevel;
+    };
+    constexpr Correction kCorrections[] = {
+        {19, 100, 100, 100}, {20, 101, 20, 86},
+        {200, -5, 200, -5},  {201, INT_MIN, 100, INT_MIN},
+        {500, 0, 100, 0},    {static_cast<UINT32>(-30), INT_MAX, 100, 86},
+    };
+    for (const Correction& correction : kCorrections) {
+        PrivateDevmode in = BlockOf(kBlockSize, 0);
+        in.Scaling = correction.scaling;
+        in.CappedLevel = correction.level;
+        PrivateDevmode out = BlockOf(kBlockSize, 0);
+        EXPECT_EQ(Handle(OEMDM_CONVERT, &in, &out), S_OK);
+        EXPECT_EQ(out.Scaling, correction.scaling);
+        EXPECT_EQ(out.CappedLevel, correction.level);
+        EXPECT_EQ(Handle(OEMDM_MERGE, &in, &out), S_OK);
+        EXPECT_EQ(out.Scaling, correction.mergedScaling);
+        EXPECT_EQ(out.CappedLevel, correction.mergedLevel);
+    }
+}
+
+TEST_F(DevMode, MissingBlocksAreNoError) {
+    PrivateDevmode block = BlockOf(kBlockSize, 0x33);
+    block.Scaling = 500;
+    const PrivateDevmode before = block;
+    EXPECT_EQ(Handle(OEMDM_CONVERT, nullptr, &block), S_OK);
+    EXPECT_EQ(Handle(OEMDM_MERGE, &block, nullptr), S_OK);
+    EXPECT_TRUE(SameFrom(0, block, before));
+    EXPECT_EQ(Handle(OEMDM_MERGE, nullptr, &block), S_OK);
+    EXPECT_EQ(block.Scaling, 100U);
+}
+
+TEST_F(DevMode, UnknownModeOrMissingRecordFails) {
+    for (const DWORD mode : {0U, 5U}) {
+        ::SetLastError(0);
+        EXPECT_EQ(Handle(mode, nullptr, nullptr), E_FAIL);
+        EXPECT_EQ(::GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
+    }
+    EXPECT_EQ(HandleDevMode(OEMDM_SIZE, nullptr), E_FAIL);
+}
+
+}  // namespace
