@@ -11,10 +11,12 @@ function(oemui_plugin_options target)
     target_compile_options(${target} PRIVATE /GR-)
   else()
     target_compile_options(${target} PRIVATE
-      -fno-exceptions -fno-rtti -fvisibility=hidden -ffunction-sections -fdata-sections)
+      -fno-exceptions -fno-rtti -fvisibility=hidden -ffunction-sections)
   endif()
   if(NOT WIN32)
-    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+    # For Windows this would put what is zero at load into the file.
+    target_compile_options(${target} PRIVATE -fdata-sections
+      $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
   endif()
 endfunction()
 

@@ -30,7 +30,7 @@ Text ModulePath(const std::string& file) {
 
 template <typename Function>
 Function Export(HMODULE module, const char* name) {
-    return reinterpret_cast<Function>(::GetProcAddress(module, name));
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(module, name)));
 }
 
 class LoadedModule {
