@@ -11,7 +11,7 @@ namespace platform {
 namespace {
 
 constexpr int kLongestSide = 32767;
-constexpr std::int64_t kMostPixels = 64 * 1024 * 1024;  // 256 MB at four bytes a pixel
+constexpr std::int64_t kMostPixels = std::int64_t{1} << 26;  // 256 MB at four bytes a pixel
 constexpr COLORREF kWhite = RGB(255, 255, 255);
 constexpr COLORREF kDarkGrey = RGB(64, 64, 64);
 

@@ -10,7 +10,7 @@
 namespace platform {
 namespace {
 
-constexpr std::uintmax_t kLargestFile = 1024 * 1024;  // bytes
+constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 20;  // bytes
 constexpr std::size_t kLongestText = 16384;           // UTF-16 units
 
 std::string ReadWhole(const std::filesystem::path& file) {

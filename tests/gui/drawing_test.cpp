@@ -9,8 +9,12 @@
 #include <vector>
 
 #include "platform/base/accounting.h"
+#include "platform/gui/application.h"
 #include "platform/gui/device_context.h"
+#include "platform/gui/window.h"
 #include "platform/testing/failure_points.h"
+#include "tests/support/machine_fixture.h"
+#include "tests/support/test_printer.h"
 
 namespace {
 
@@ -341,13 +345,86 @@ TEST_F(Drawing, FamiliesAreEnumeratedOnceEachUntilTheCallbackHasEnough) {
     EXPECT_EQ(EnumFontFamiliesW(canvas, nullptr, Remember, argument(all)), 7);
     EXPECT_EQ(all.calls, static_cast<int>(all.types.size()));
     for (const auto* face : {u"Arial", u"Times New Roman", u"Courier New", u"Liberation Sans"}) {
-        EXPECT_EQ(all.types[face], DWORD{TRUETYPE_FONTTYPE})
-            << platform::WellFormedText(face, 4).toStdString();
+        EXPECT_EQ(all.types[face], DWORD{TRUETYPE_FONTTYPE});
     }
     Enumerated two;
     two.most = 2;
     EXPECT_EQ(EnumFontFamiliesW(canvas, nullptr, Remember, argument(two)), 0);
     EXPECT_EQ(two.calls, 2);
+}
+
+/// A window of its own, as a control of a dialog is one.
+struct Pane : platform::Window {
+    Pane() : Window(platform::WindowKind::kStatic, nullptr, 7) {
+        platform::gui::EnsureApplication();
+        Adopt(new QWidget);
+        Widget()->resize(30, 20);
+    }
+};
+
+TEST_F(Drawing, AWindowsContextDrawsIntoItsImageWhileTheWindowLives) {
+    HDC context = nullptr;
+    HWND window = nullptr;
+    const RECT all = {0, 0, 100, 100};
+    const auto grey = static_cast<HBRUSH>(GetStockObject(DKGRAY_BRUSH));
+    {
+        Pane pane;
+        window = pane.Handle();
+        PAINTSTRUCT paint = {};
+        const HDC reference = BeginPaint(window, &paint);
+        EXPECT_NE(reference, nullptr);
+        EXPECT_EQ(paint.rcPaint.right, 30);
+        EXPECT_EQ(paint.rcPaint.bottom, 20);
+        EXPECT_TRUE(EndPaint(window, &paint));
+        EXPECT_FALSE(EndPaint(window, &paint));
+        EXPECT_FALSE(pane.HasDrawing());
+
+        context = GetDC(window);
+        EXPECT_EQ(FillRect(context, &all, grey), 1);
+        EXPECT_TRUE(pane.HasDrawing());
+        EXPECT_EQ(pane.Backing().pixel(29, 19), qRgb(64, 64, 64));
+        const Canvas white(10, 10);
+        EXPECT_TRUE(BitBlt(context, 5, 5, 10, 10, white, 0, 0, SRCCOPY));
+        EXPECT_EQ(pane.Backing().pixel(14, 14), qRgb(255, 255, 255));
+        EXPECT_EQ(SelectObject(context, white.Bitmap()), nullptr);
+        EXPECT_FALSE(DeleteDC(context));
+        EXPECT_EQ(ReleaseDC(nullptr, context), 0);
+    }
+    EXPECT_EQ(FillRect(context, &all, grey), 0);
+    EXPECT_EQ(ReleaseDC(window, context), 1);
+    EXPECT_EQ(ReleaseDC(window, context), 0);
+    EXPECT_EQ(GetDC(window), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_WINDOW_HANDLE});
+}
+
+using PrinterContext = MachineTest;
+
+TEST_F(PrinterContext, MeasuresTheDefaultPageInDotsAndTurnsItForLandscape) {
+    constexpr const char16_t* kKey = u"System\\CurrentControlSet\\Control\\Print\\Printers\\Office";
+    const tests::TestPrinter printer(u"Office");
+    const auto page = [] {
+        const HDC context = CreateDCW(nullptr, u"Office", nullptr, nullptr);
+        const std::pair<int, int> size = {GetDeviceCaps(context, PHYSICALWIDTH),
+                                          GetDeviceCaps(context, PHYSICALHEIGHT)};
+        EXPECT_EQ(FillRect(context, nullptr, static_cast<HBRUSH>(GetStockObject(0))), 0);
+        EXPECT_TRUE(DeleteDC(context));
+        return size;
+    };
+    EXPECT_EQ(page(), std::pair(4961, 7016));  // A4 without a devmode
+    DEVMODEW devmode = {};
+    devmode.dmSpecVersion = DM_SPECVERSION;
+    devmode.dmSize = sizeof devmode;
+    devmode.dmFields = DM_PAPERSIZE | DM_ORIENTATION;
+    devmode.dmPaperSize = 1;  // Letter
+    for (const auto& [orientation, size] : {std::pair{DMORIENT_PORTRAIT, std::pair{5100, 6600}},
+                                            {DMORIENT_LANDSCAPE, {6600, 5100}}}) {
+        devmode.dmOrientation = static_cast<SHORT>(orientation);
+        tests::WriteRegistryValue(kKey, u"Default DevMode", REG_BINARY, &devmode, sizeof devmode);
+        EXPECT_EQ(page(), size);
+    }
+    EXPECT_EQ(CreateDCW(nullptr, u"Nobody", nullptr, nullptr), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PRINTER_NAME});
+    EXPECT_EQ(CreateDCW(nullptr, nullptr, nullptr, nullptr), nullptr);
 }
 
 /// What the editor's preview does at every change.

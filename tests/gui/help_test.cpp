@@ -3,15 +3,14 @@
 
 #include <QImage>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
-#include "platform/base/machine.h"
 #include "platform/gui/help_file.h"
 #include "platform/gui/help_viewer.h"
 #include "platform/testing/failure_points.h"
 #include "platform/testing/user.h"
+#include "tests/support/machine_fixture.h"
 
 namespace {
 
@@ -27,25 +26,11 @@ public:
     std::vector<platform::HelpRequest> read;
 };
 
-class Help : public testing::Test {
+class Help : public MachineTest {
 protected:
-    Help() {
-        std::string name = (fs::temp_directory_path() / "helptestXXXXXX").string();
-        folder_ = mkdtemp(name.data());
-        platform::UseMachine(folder_);
-    }
-    ~Help() override { fs::remove_all(folder_); }
-
-    fs::path Write(const std::string& content) const {
-        const fs::path file = platform::DriverFolder() / "QVRT_HLP.HLP";
-        std::ofstream(file, std::ios::binary) << content;
-        return file;
-    }
     std::u16string Topic(const std::string& content, DWORD topic) const {
-        return platform::ReadHelpTopic(Write(content), topic);
+        return platform::ReadHelpTopic(WriteFile("Windows/x.hlp", content), topic);
     }
-
-    fs::path folder_;
 };
 
 TEST_F(Help, ATopicRunsFromItsLineToTheNext) {
@@ -60,8 +45,8 @@ TEST_F(Help, ATopicRunsFromItsLineToTheNext) {
 }
 
 TEST_F(Help, AnyFileIsReadWithinBounds) {
-    EXPECT_EQ(platform::ReadHelpTopic(folder_ / "missing", 1), u"");
-    EXPECT_EQ(platform::ReadHelpTopic(folder_, 1), u"");
+    EXPECT_EQ(platform::ReadHelpTopic(Folder() / "missing", 1), u"");
+    EXPECT_EQ(platform::ReadHelpTopic(Folder(), 1), u"");
     EXPECT_EQ(Topic(std::string("[1] a\nb\0c\xFF\xFE\xC3", 13), 1).substr(0, 4), u"a\n\nb");
     EXPECT_EQ(Topic("[99999999999999999999] a\n[-1] b\n[ 1] c\n[1", 1), u"");
     EXPECT_EQ(Topic("[1] a\n" + std::string(100000, 'x'), 1).size(), 16384u);
@@ -77,7 +62,8 @@ TEST_F(Help, AnyFileIsReadWithinBounds) {
 }
 
 TEST_F(Help, TheUserIsGivenTheTopicOrToldThatThereIsNone) {
-    Write("[1302] Settings\nAll of them.\n");
+    WriteFile("Windows/System32/spool/drivers/x64/3/QVRT_HLP.HLP",
+              "[1302] Settings\nAll of them.\n");
     const char16_t* file = u"C:\\Windows\\System32\\spool\\DRIVERS\\x64\\3\\QVRT_HLP.HLP";
     Reader reader;
     const platform::UserScope scope(reader);
@@ -112,7 +98,7 @@ TEST_F(Help, EveryModelShipsEveryTopic) {
 
 TEST_F(Help, ANoteIsAsHighAsItsTextAndYellow) {
     const auto height = [&](std::u16string text) {
-        const fs::path file = folder_ / "note.png";
+        const fs::path file = Folder() / "note.png";
         EXPECT_TRUE(platform::SaveHelpPicture(
             {nullptr, u"C:\\a.hlp", HELP_CONTEXTPOPUP, 7, std::move(text)}, file));
         const QImage picture(QString::fromStdString(file.string()));
@@ -123,7 +109,7 @@ TEST_F(Help, ANoteIsAsHighAsItsTextAndYellow) {
     const int missing = height(u"");
     EXPECT_GT(missing, 30);
     EXPECT_GT(height(u"Title\n\n" + std::u16string(2000, u'x') + u"\n\n<b>&\xD800"), missing);
-    EXPECT_FALSE(platform::SaveHelpPicture({}, folder_ / "no" / "such.png"));
+    EXPECT_FALSE(platform::SaveHelpPicture({}, Folder() / "no" / "such.png"));
 }
 
 }  // namespace
