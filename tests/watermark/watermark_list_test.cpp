@@ -1,0 +1,137 @@
+#include "watermark/watermark_list.h"
+
+#include <cstring>
+
+#include "tests/support/plugin_fixture.h"
+#include "watermark/watermark_codec.h"
+
+using namespace oemui;
+using tests::Narrow;
+using tests::Wide;
+
+namespace {
+
+WatermarkRecord FilledWith(int byte) {
+    WatermarkRecord record;
+    std::memset(static_cast<void*>(&record), byte, sizeof record);
+    return record;
+}
+
+WatermarkRecord Parsed(const std::string& line) {
+    WatermarkRecord record = FilledWith(0);
+    ParseDefaultWatermarkLine(Wide(line), &record);
+    return record;
+}
+
+TEST(ParseIntegerTest, ReadsDigitsAndSkipsEverythingElse) {
+    struct Row {
+        const char* text;
+        int radix;
+        INT32 value;
+    };
+    constexpr Row kRows[] = {
+        {"72", 10, 72},  {" 72", 10, 72}, {"7 2", 10, 72},       {"-30", 10, 30},
+        {"1e3", 10, 13}, {"", 10, 0},     {"ff", 16, 255},       {"FF", 16, 255},
+        {"19", 8, 1},    {"z", 36, 35},   {"4294967298", 10, 2}, {"2147483648", 10, INT_MIN},
+        {"102", 2, 2},
+    };
+    for (const Row& row : kRows) {
+        const auto text = Wide(row.text);
+        EXPECT_EQ(ParseInteger(text, text.size(), row.radix), row.value) << row.text;
+    }
+    EXPECT_EQ(ParseInteger(TEXT("12345"), 2, 10), 12);
+    EXPECT_EQ(ParseInteger(TextView(TEXT("1\0002"), 3), 3, 10), 1);
+    const auto longText = Wide(std::string(254, '0') + "123");
+    EXPECT_EQ(ParseInteger(longText, longText.size(), 10), 1);
+}
+
+TEST(DefaultWatermarkLineTest, FifteenFieldsInOrder) {
+    WatermarkRecord record = FilledWith(0);
+    record.ColorIndex = 5;
+    ParseDefaultWatermarkLine(TEXT("3, Copy,COPY ,Arial,72,1,2,300,4,255,257,-45,1,-36,18,more,,"),
+                              &record);
+    EXPECT_EQ(record.Index, 3U);
+    EXPECT_EQ(record.InUse, 1U);
+    EXPECT_EQ(Narrow(TextIn(record.Name)), " Copy");
+    EXPECT_EQ(Narrow(TextIn(record.Text)), "COPY ");
+    EXPECT_EQ(Narrow(TextIn(record.FaceName)), "Arial");
+    EXPECT_EQ(record.PointSize, 72);
+    EXPECT_EQ(record.Bold, 1);
+    EXPECT_EQ(record.Italic, 2);
+    EXPECT_EQ(record.Red, 44);
+    EXPECT_EQ(record.Green, 4);
+    EXPECT_EQ(record.Blue, 255);
+    EXPECT_EQ(record.AngleKind, kAngleDiagonal);
+    EXPECT_EQ(record.AngleDegrees, 45);
+    EXPECT_EQ(record.PositionKind, kPositionUserSetting);
+    EXPECT_EQ(record.OffsetX, 36);
+    EXPECT_EQ(record.OffsetY, 18);
+    EXPECT_EQ(record.ColorIndex, 5U);
+}
+
+TEST(DefaultWatermarkLineTest, MissingFieldsAreEmptyAndLongTextsAreCut) {
+    for (const char* line : {"", "7", "7,", "7,Name", "7,Name,Text,Face,9,1"}) {
+        WatermarkRecord record = FilledWith(0x5A);
+        ParseDefaultWatermarkLine(Wide(line), &record);
+        EXPECT_EQ(record.InUse, 1U);
+        EXPECT_EQ(record.Index, *line == 0 ? 0U : 7U);
+        EXPECT_EQ(record.Italic, 0);
+        EXPECT_EQ(record.OffsetY, 0);
+        EXPECT_EQ(record.ColorIndex, 0x5A5A5A5AU);
+    }
+    const std::string word(100, 'w');
+    const WatermarkRecord record = Parsed("1," + word + "," + word + "," + word + ",12");
+    EXPECT_EQ(Narrow(TextIn(record.Name)), std::string(31, 'w'));
+    EXPECT_EQ(Narrow(TextIn(record.Text)), std::string(63, 'w'));
+    EXPECT_EQ(Narrow(TextIn(record.FaceName)), std::string(31, 'w'));
+    EXPECT_EQ(record.PointSize, 12);
+}
+
+TEST(CopyWatermarkTest, CopiesEveryFieldAndNothingBehindTheTerminators) {
+    const WatermarkRecord source = Parsed("3,Copy,COPY,Arial,72,1,1,10,20,30,3,45,1,36,18");
+    WatermarkRecord copy = FilledWith(0x5A);
+    CopyWatermark(&copy, source);
+    EXPECT_EQ(copy.Name[5], FilledWith(0x5A).Name[5]);
+    EXPECT_EQ(copy.Padding[0], 0x5A);
+    WatermarkRecord expected = source;
+    for (WatermarkRecord* record : {&copy, &expected}) {
+        std::fill(record->Name + 5, std::end(record->Name), WCHAR{0});
+        std::fill(record->Text + 5, std::end(record->Text), WCHAR{0});
+        std::fill(record->FaceName + 6, std::end(record->FaceName), WCHAR{0});
+        std::fill(std::begin(record->Padding), std::end(record->Padding), BYTE{0});
+    }
+    EXPECT_EQ(std::memcmp(&copy, &expected, sizeof copy), 0);
+}
+
+TEST(CopyWatermarkTest, UnterminatedTextsAreCutInsideTheirArrays) {
+    WatermarkRecord copy = FilledWith(0);
+    CopyWatermark(&copy, FilledWith(0x41));
+    EXPECT_EQ(TextIn(copy.Name).size(), 31U);
+    EXPECT_EQ(TextIn(copy.Text).size(), 63U);
+    EXPECT_EQ(TextIn(copy.FaceName).size(), 31U);
+}
+
+TEST(SanitizeWatermarkListTest, HeaderIsMadeSafe) {
+    struct Row {
+        INT32 count;
+        INT32 selected;
+        bool isAccepted;
+        INT32 safeSelected;
+    };
+    constexpr Row kRows[] = {{0, 0, true, 0},       {0, 5, true, 0},   {16, 15, true, 15},
+                             {3, 3, true, 0},       {3, -1, true, 0},  {3, 2, true, 2},
+                             {17, 0, false, 0},     {-1, 0, false, 0}, {INT_MAX, 1, false, 0},
+                             {INT_MIN, 1, false, 0}};
+    for (const Row& row : kRows) {
+        WatermarkList list = {};
+        list.NoneSelected = 1;
+        list.Count = row.count;
+        list.Selected = row.selected;
+        EXPECT_EQ(SanitizeWatermarkList(&list), row.isAccepted) << row.count;
+        EXPECT_EQ(list.Count, row.isAccepted ? row.count : 0);
+        EXPECT_EQ(list.Selected, row.safeSelected);
+        EXPECT_EQ(list.NoneSelected, row.isAccepted ? 1U : 0U);
+    }
+}
+
+}  // namespace
