@@ -25,22 +25,10 @@ double WidthOf(const SettledFont& font, const QString& text) {
     return std::ceil(QFontMetricsF(font.font).horizontalAdvance(text));
 }
 
-/// The cell of a line of text around its reference point, before it is turned.
+/// The cell of a line of text, before it is turned, with its reference point at (0, 0).
 QRectF LineCell(const SettledFont& font, double width, UINT align) {
-    const int height = font.ascent + font.descent;
-    double left = 0;
-    if ((align & TA_CENTER) == TA_CENTER) {
-        left = -std::floor(width / 2);
-    } else if ((align & TA_RIGHT) != 0) {
-        left = -width;
-    }
-    int top = 0;
-    if ((align & TA_BASELINE) == TA_BASELINE) {
-        top = -font.ascent;
-    } else if ((align & TA_BOTTOM) != 0) {
-        top = -height;
-    }
-    return QRectF(left, top, width, height);
+    const double left = (align & TA_CENTER) == TA_CENTER ? -std::floor(width / 2) : 0;
+    return QRectF(left, 0, width, font.ascent + font.descent);
 }
 
 /// Turns about the reference point; the escapement is counter-clockwise, the painter's turning is

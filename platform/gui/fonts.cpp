@@ -166,16 +166,15 @@ int WINAPI EnumFontFamiliesW(HDC context, LPCWSTR family, FONTENUMPROCW procedur
     if (platform::DrawingCallFails("EnumFontFamiliesW")) return 0;
     const platform::GraphicsObject* object = platform::FindGraphicsObject(context);
     if (object == nullptr) return 0;
-    if (procedure == nullptr || object->Kind() != platform::GraphicsKind::kDeviceContext) {
+    if (family != nullptr || procedure == nullptr ||
+        object->Kind() != platform::GraphicsKind::kDeviceContext) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return 0;
     }
-    const QString wanted = family == nullptr ? QString() : QString::fromUtf16(family);
     int result = 1;
     // A copy: the callback may bring the catalogue to be read again.
     const QList<platform::FontFamily> families = platform::FontFamilies();
     for (const platform::FontFamily& each : families) {
-        if (family != nullptr && each.name.compare(wanted, Qt::CaseInsensitive) != 0) continue;
         const LOGFONTW font = platform::LogicalFont(each);
         const TEXTMETRICW metrics = platform::Metrics(each);
         result = procedure(&font, &metrics, each.scalable ? TRUETYPE_FONTTYPE : RASTER_FONTTYPE,

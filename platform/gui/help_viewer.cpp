@@ -49,7 +49,7 @@ QString Html(const QString& text) {
     return html;
 }
 
-/// A yellow note that a click or Escape takes away; a click beside it does so as with any pop-up.
+/// A yellow note that a click or a key takes away; a click beside it does so as with any pop-up.
 class HelpNote : public QLabel {
 public:
     HelpNote(QWidget* owner, const QString& text) : QLabel(owner, Qt::Popup) {
@@ -68,6 +68,7 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent*) override { close(); }
+    void keyPressEvent(QKeyEvent*) override { close(); }
 };
 
 /// A window with the topic; scrolls when it is long.

@@ -8,7 +8,7 @@
 namespace platform {
 
 /// Shows a topic and comes back at once: HELP_CONTEXTPOPUP as a note near the mouse or the control
-/// with the focus, which goes at the next click or Escape; any other command as a window of its
+/// with the focus, which goes at the next click or key; any other command as a window of its
 /// own, which Escape closes. Both go with their owner. A missing file or topic is told in the same
 /// way.
 void ShowHelp(const HelpRequest& request);

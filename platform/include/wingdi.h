@@ -78,25 +78,19 @@ static_assert(sizeof(DEVMODEW) == 220 && offsetof(DEVMODEW, dmFormName) == 102);
 #define WHITE_BRUSH 0
 #define DKGRAY_BRUSH 3
 #define SRCCOPY 0x00CC0020
-#define LOGPIXELSX 88
-#define LOGPIXELSY 90
 #define PHYSICALWIDTH 110
 #define PHYSICALHEIGHT 111
 
-// Text alignment: which point of the text the given point is.
+// Text alignment: the given point is the top left corner, or the top centre, of the line.
 #define TA_LEFT 0
-#define TA_RIGHT 2
 #define TA_CENTER 6
 #define TA_TOP 0
-#define TA_BOTTOM 8
-#define TA_BASELINE 24
 #define GDI_ERROR 0xFFFFFFFFu
 #define CLR_INVALID 0xFFFFFFFFu
 
 // Logical fonts.
 #define FW_NORMAL 400
 #define FW_BOLD 700
-#define ANSI_CHARSET 0
 #define DEFAULT_CHARSET 1
 #define OUT_STRING_PRECIS 1
 #define CLIP_DEFAULT_PRECIS 0
@@ -104,11 +98,8 @@ static_assert(sizeof(DEVMODEW) == 220 && offsetof(DEVMODEW, dmFormName) == 102);
 #define DEFAULT_PITCH 0
 #define FIXED_PITCH 1
 #define VARIABLE_PITCH 2
-#define FF_DONTCARE 0x00
 #define FF_ROMAN 0x10
-#define FF_SWISS 0x20
 #define FF_MODERN 0x30
-#define FF_SCRIPT 0x40
 #define FF_DECORATIVE 0x50
 
 // Font types of an enumeration, and the bits of `tmPitchAndFamily`.
@@ -118,7 +109,6 @@ static_assert(sizeof(DEVMODEW) == 220 && offsetof(DEVMODEW, dmFormName) == 102);
 #define TMPF_FIXED_PITCH 1  // set: the width varies
 #define TMPF_VECTOR 2
 #define TMPF_TRUETYPE 4
-#define TMPF_DEVICE 8
 
 #define RGB(red, green, blue)                                 \
     (static_cast<COLORREF>(static_cast<BYTE>(red)) |          \
@@ -231,8 +221,8 @@ BOOL WINAPI TextOutW(HDC context, int x, int y, LPCWSTR text, int length);
 /// The width and the cell height of a text in the selected font, in pixels, as if not turned.
 BOOL WINAPI GetTextExtentPoint32W(HDC context, LPCWSTR text, int length, SIZE* size);
 
-/// Calls back once for every font family of the system (`family` null), in no order, or once for
-/// the family named. Of the font only face, weight, character set, pitch and family are told, of
-/// the metrics weight, character set, pitch and family.
-/// \return what the last call back returned, or 1 without one; 0 on failure.
+/// Calls back once for every font family of the system, in no order. Of the font only face, weight,
+/// character set, pitch and family are told, of the metrics weight, character set, pitch and
+/// family. \param family  must be null. \return what the last call back returned, or 1 without one;
+/// 0 on failure.
 int WINAPI EnumFontFamiliesW(HDC context, LPCWSTR family, FONTENUMPROCW procedure, LPARAM argument);

@@ -245,23 +245,12 @@ TEST_F(Drawing, TheInkStaysInTheTurnedCellInTheTextColour) {
     EXPECT_TRUE(fullRed);
 }
 
-TEST_F(Drawing, AlignmentNamesThePointOfTheText) {
-    const SIZE size = Extent(Canvas(1, 1), FontNamed(u"Courier New", 20), u"xx");
-    const std::pair<UINT, QPoint> rows[] = {{TA_LEFT | TA_TOP, {0, 0}},
-                                            {TA_RIGHT | TA_TOP, {-size.cx, 0}},
-                                            {TA_LEFT | TA_BOTTOM, {0, -20}},
-                                            {TA_CENTER | TA_BOTTOM, {-size.cx / 2, -20}}};
-    for (const auto& [align, corner] : rows) {
-        const Canvas canvas(100, 100);
-        EXPECT_EQ(SetTextAlign(canvas, align), UINT{TA_LEFT | TA_TOP});
-        SetBkColor(canvas, kRed);
-        Write(canvas, FontNamed(u"Courier New", 20), 50, 50, u"xx");
-        EXPECT_EQ(canvas.Drawn().topLeft(), QPoint(50, 50) + corner) << align;
-    }
-}
-
 TEST_F(Drawing, HeightsAreOfTheCellOrOfTheCharacters) {
-    const Canvas canvas(10, 10);
+    const Canvas canvas(60, 60);
+    SetBkColor(canvas, kRed);
+    Write(canvas, FontNamed(u"Arial", 20), 5, 6, u"x");  // from the top left corner at first
+    EXPECT_EQ(canvas.Drawn().topLeft(), QPoint(5, 6));
+    EXPECT_EQ(canvas.Drawn().height(), 20);
     const SIZE cell = Extent(canvas, FontNamed(u"Arial", 100), u"mmmm");
     const SIZE characters = Extent(canvas, FontNamed(u"Arial", -100), u"mmmm");
     EXPECT_EQ(cell.cy, 100);
@@ -350,6 +339,7 @@ TEST_F(Drawing, FamiliesAreEnumeratedOnceEachUntilTheCallbackHasEnough) {
     Enumerated two;
     two.most = 2;
     EXPECT_EQ(EnumFontFamiliesW(canvas, nullptr, Remember, argument(two)), 0);
+    EXPECT_EQ(EnumFontFamiliesW(canvas, u"Arial", Remember, argument(two)), 0);
     EXPECT_EQ(two.calls, 2);
 }
 

@@ -1,11 +1,18 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <QApplication>
 #include <QImage>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QWidget>
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "platform/gui/application.h"
 #include "platform/gui/help_file.h"
 #include "platform/gui/help_viewer.h"
 #include "platform/testing/failure_points.h"
@@ -93,6 +100,38 @@ TEST_F(Help, EveryModelShipsEveryTopic) {
             EXPECT_GT(text.size(), 80u) << name << ' ' << topic;
             EXPECT_LT(text.size(), 4000u) << name << ' ' << topic;
         }
+    }
+}
+
+/// The viewers on the screen now.
+QWidgetList Viewers() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QWidgetList viewers = QApplication::topLevelWidgets();
+    viewers.removeIf([](const QWidget* widget) { return !widget->isVisible(); });
+    return viewers;
+}
+
+TEST_F(Help, NotesGoOnAnyClickOrEscapeAndWindowsOnEscape) {
+    platform::gui::EnsureApplication();
+    const auto escape = [](QWidget* viewer) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QApplication::sendEvent(viewer, &event);
+    };
+    const auto click = [](QWidget* viewer) {
+        QMouseEvent event(QEvent::MouseButtonPress, {5, 5}, viewer->mapToGlobal(QPointF(5, 5)),
+                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(viewer, &event);
+    };
+    using Gesture = std::function<void(QWidget*)>;
+    for (const auto& [command, gesture] : {std::pair<UINT, Gesture>{HELP_CONTEXTPOPUP, escape},
+                                           {HELP_CONTEXTPOPUP, click},
+                                           {HELP_CONTEXT, escape}}) {
+        platform::ShowHelp({nullptr, u"C:\\a.hlp", command, 7, u"Title\n\nText"});
+        ASSERT_EQ(Viewers().size(), 1) << command;
+        const QRect screen = QGuiApplication::primaryScreen()->geometry();
+        EXPECT_TRUE(screen.intersects(Viewers()[0]->frameGeometry()));
+        gesture(Viewers()[0]);
+        EXPECT_TRUE(Viewers().isEmpty()) << command;
     }
 }
 
