@@ -1,10 +1,10 @@
 /// The spooler: printers and their data, drivers, forms, print processors, device capabilities.
 ///
 /// All strings are UTF-16. Operations that fill a buffer with records put every string of a record
-/// inside the same buffer (records from the front, strings from the back) and report the size
-/// needed in bytes; a buffer too small answers ERROR_INSUFFICIENT_BUFFER and writes nothing else.
-/// Except where told otherwise, false or zero means failure with the thread's last error set. Every
-/// operation may be called from any thread.
+/// inside the same buffer, behind the records, and report the size needed in bytes; a buffer too
+/// small answers ERROR_INSUFFICIENT_BUFFER and nothing is written to it. Except where told
+/// otherwise, false or zero means failure with the thread's last error set. Every operation may be
+/// called from any thread.
 #pragma once
 
 #include <windef.h>
@@ -75,7 +75,7 @@ struct PRINTER_DEFAULTSW {
 using LPPRINTER_DEFAULTSW = PRINTER_DEFAULTSW*;
 static_assert(sizeof(PRINTER_DEFAULTSW) == 24 && offsetof(PRINTER_DEFAULTSW, DesiredAccess) == 16);
 
-/// A printer. Texts may be null when a printer has none.
+/// A printer. When read, texts that a printer has not are empty.
 struct PRINTER_INFO_2W {
     LPWSTR pServerName;  ///< always null here: printers are local
     LPWSTR pPrinterName;
@@ -136,20 +136,24 @@ using PPRINTPROCESSOR_INFO_1W = PRINTPROCESSOR_INFO_1W*;
 static_assert(sizeof(PRINTPROCESSOR_INFO_1W) == 8);
 
 /// Opens a printer by its name, in any case; a server part (`\\machine\Name`) and ports behind a
-/// comma (`Name,LPT1:`) are allowed and dropped. \param defaults  may be null.
-/// Fails with ERROR_INVALID_PRINTER_NAME, or ERROR_ACCESS_DENIED when the access asked is refused;
+/// comma (`Name,LPT1:`) are allowed and dropped. A null name opens the machine's print server,
+/// which has the forms. \param defaults  may be null. Fails with ERROR_INVALID_PRINTER_NAME, or
+/// ERROR_ACCESS_DENIED when the access asked is refused;
 /// `*printer` is null then.
 BOOL WINAPI OpenPrinterW(LPWSTR name, HANDLE* printer, PRINTER_DEFAULTSW* defaults);
 BOOL WINAPI ClosePrinter(HANDLE printer);
 
 /// Reads a printer. \param level  2. \param size  of the buffer, bytes. \param needed  bytes.
 BOOL WINAPI GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed);
-/// Writes a printer, whole: texts that are null are emptied, except the driver's, port's and print
-/// processor's names, which must be there. A null `pDevMode` leaves the devmode as it is. Needs
-/// PRINTER_ACCESS_ADMINISTER. \param level  2. \param command  0.
+/// Writes a printer: texts that are null are emptied, except the printer's own name, which must
+/// stay the same, and those of its driver, port and print processor, which must be there. A null
+/// `pDevMode` leaves the devmode as it is. Needs PRINTER_ACCESS_ADMINISTER. \param level  2. \param
+/// command  0.
 BOOL WINAPI SetPrinterW(HANDLE printer, DWORD level, LPBYTE record, DWORD command);
 /// Adds a printer and opens it with PRINTER_ALL_ACCESS; null on failure. \param server  null.
-/// \param level  2. Needs its driver and print processor to be registered already.
+/// \param level  2. Its driver and print processor must be registered (else
+/// ERROR_UNKNOWN_PRINTER_DRIVER, ERROR_UNKNOWN_PRINTPROCESSOR), its port must have a name; ports
+/// that no monitor knows are taken.
 HANDLE WINAPI AddPrinterW(LPWSTR server, DWORD level, LPBYTE record);
 /// Removes the printer with its data; the handle is to be closed as usual. Needs
 /// PRINTER_ACCESS_ADMINISTER.
@@ -166,15 +170,19 @@ DWORD WINAPI GetPrinterDataW(HANDLE printer, LPWSTR name, LPDWORD type, LPBYTE b
                              LPDWORD needed);
 /// Replaces a value of the printer's data, whole. \return a result code. Needs
 /// PRINTER_ACCESS_ADMINISTER.
-/// A name that begins with "#GET#" or "#SET#" is not stored: the port monitor carries the PJL text
-/// behind the mark to the printer. ERROR_NOT_SUPPORTED when the printer's port has no address,
-/// ERROR_TIMEOUT when the printer is silent, ERROR_GEN_FAILURE when it cannot be reached.
+/// Names of "#GET#" or "#SET#", a blank or line feed, and PJL text are not stored: the port monitor
+/// carries the text to the printer. "#SET#" sends it when it is set. "#GET#" is only announced when
+/// it is set, which fails when the printer's port cannot be asked, and sent when it is read: its
+/// answer is the value. ERROR_NOT_SUPPORTED when the printer's port has no address,
+/// ERROR_GEN_FAILURE when the printer cannot be reached, ERROR_TIMEOUT when it is silent for 15
+/// seconds.
 DWORD WINAPI SetPrinterDataW(HANDLE printer, LPWSTR name, DWORD type, LPBYTE bytes, DWORD size);
 
 /// Reads the printer's driver. \param environment  null: this machine's. \param level  2.
 BOOL WINAPI GetPrinterDriverW(HANDLE printer, LPWSTR environment, DWORD level, LPBYTE buffer,
                               DWORD size, LPDWORD needed);
-/// Registers a driver, or replaces its record. \param server  null. \param level  2.
+/// Registers a driver, or replaces its record; its files are not looked for. \param server  null.
+/// \param level  2.
 BOOL WINAPI AddPrinterDriverW(LPWSTR server, DWORD level, LPBYTE record);
 /// Removes a driver that no printer uses (else ERROR_PRINTER_DRIVER_IN_USE).
 BOOL WINAPI DeletePrinterDriverW(LPWSTR server, LPWSTR environment, LPWSTR driver);
@@ -195,7 +203,6 @@ int WINAPI DeviceCapabilitiesW(LPCWSTR printer, LPCWSTR port, WORD capability, L
 /// Lists the print processors. \param server, environment  null: this machine's. \param level  1.
 BOOL WINAPI EnumPrintProcessorsW(LPWSTR server, LPWSTR environment, DWORD level, LPBYTE buffer,
                                  DWORD size, LPDWORD needed, LPDWORD returned);
-/// Registers a print processor. \param file  its library's bare name, which must stand in the
-/// machine's print-processor directory. Fails with ERROR_PRINT_PROCESSOR_ALREADY_INSTALLED when the
-/// name is taken.
+/// Registers a print processor. \param file  its library's bare name; it is not looked for. Fails
+/// with ERROR_PRINT_PROCESSOR_ALREADY_INSTALLED when the name is taken.
 BOOL WINAPI AddPrintProcessorW(LPWSTR server, LPWSTR environment, LPWSTR file, LPWSTR name);

@@ -1,0 +1,146 @@
+#include <chrono>
+
+#include "platform/spooler/ports.h"
+#include "platform/testing/clock.h"
+#include "tests/net/played_printer.h"
+#include "tests/spooler/spooler_fixture.h"
+
+namespace {
+
+namespace spooler = platform::spooler;
+using tests::PlayedPrinter;
+using tests::SpoolerTest;
+
+const std::u16string kStatus = u"#GET#\n@PJL INFO DSTATUS";
+const std::u16string kConfiguration = u"#GET#\n@PJL INFO CONFIG";
+const std::string kStatusAnswer = "@PJL INFO DSTATUS\r\nCODE=10001\r\n\f";
+const std::string kConfigurationAnswer =
+    "@PJL INFO CONFIG\r\nTRAY2=INSTALLED\r\n\tDUPLEX\r\nDUPLEX=INSTALLED\r\n\f";
+
+std::u16string Wide(const std::string& text) {
+    return {text.begin(), text.end()};
+}
+
+class PortMonitor : public SpoolerTest {
+protected:
+    /// A printer behind a port that stands for this address.
+    HANDLE PrinterAt(const std::string& address) {
+        EXPECT_EQ(spooler::AddStandardTcpIpPort(u"IP_Test", Wide(address), u""),
+                  DWORD{ERROR_SUCCESS});
+        Install(u"Office", u"IP_Test,LPT1:");
+        return Open(u"Office");
+    }
+};
+
+TEST_F(PortMonitor, CarriesBothQuestionsAndTheirAnswers) {
+    const PlayedPrinter played({{kStatusAnswer, kConfigurationAnswer}, 7});
+    const HANDLE printer = PrinterAt(played.Address());
+    std::string answer;
+    DWORD type = 0;
+    EXPECT_EQ(SetValue(printer, kStatus, ""), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(GetValue(printer, kStatus, 1024, &answer, &type), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(answer, kStatusAnswer);
+    EXPECT_EQ(type, DWORD{REG_BINARY});
+    EXPECT_EQ(SetValue(printer, kConfiguration, ""), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(GetValue(printer, kConfiguration, 1024, &answer), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(answer, kConfigurationAnswer);
+    EXPECT_EQ(GetValue(printer, kConfiguration, 10, &answer), DWORD{ERROR_MORE_DATA});
+    EXPECT_EQ(answer, std::to_string(kConfigurationAnswer.size()));
+    const std::string question = "\x1B%-12345X@PJL INFO CONFIG\r\n\x1B%-12345X";
+    EXPECT_EQ(played.Received(),
+              (std::vector<std::string>{"\x1B%-12345X@PJL INFO DSTATUS\r\n\x1B%-12345X", question,
+                                        question}));
+    EXPECT_TRUE(ClosePrinter(printer));
+}
+
+TEST_F(PortMonitor, SendsWithoutReadingAndStoresNothing) {
+    const PlayedPrinter played({});
+    const HANDLE printer = PrinterAt(played.Address());
+    EXPECT_EQ(SetValue(printer, u"#SET# @PJL SET COPIES=2", "x"), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(SetValue(printer, u"#SET#\n", ""), DWORD{ERROR_INVALID_PARAMETER});
+    EXPECT_EQ(SetValue(printer, u"a#SET#", "stored"), DWORD{ERROR_SUCCESS});
+    std::string value;
+    EXPECT_EQ(GetValue(printer, u"#SET# @PJL SET COPIES=2", 9, &value), DWORD{ERROR_NOT_SUPPORTED});
+    EXPECT_EQ(GetValue(printer, u"a#SET#", 9, &value), DWORD{ERROR_SUCCESS});
+    const std::vector<std::string> sent = {"\x1B%-12345X@PJL SET COPIES=2\r\n\x1B%-12345X"};
+    for (int wait = 0; wait < 5000 && played.Received() != sent; ++wait) Sleep(1);
+    EXPECT_EQ(played.Received(), sent);
+    EXPECT_TRUE(ClosePrinter(printer));
+}
+
+TEST_F(PortMonitor, FindsTheAddressThroughEveryMonitor) {
+    const PlayedPrinter played({{kStatusAnswer}});
+    const std::u16string address = Wide(played.Address());
+    std::filesystem::create_directories(Folder() / "Windows/System32/drivers/etc");
+    WriteFile("Windows/System32/drivers/etc/hosts", played.Address() + " laser\n");
+    ASSERT_EQ(spooler::AddStandardTcpIpPort(u"By name", u"", u"laser"), DWORD{ERROR_SUCCESS});
+    ASSERT_EQ(spooler::AddLprPort(u"laser:queue", u"laser"), DWORD{ERROR_SUCCESS});
+    ASSERT_EQ(spooler::AddRegalPort(u"Regal", address), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(spooler::AddRegalPort(u"a\\b", address), DWORD{ERROR_INVALID_PARAMETER});
+    for (const char16_t* port : {u"By name", u"laser:queue", u"Regal"}) {
+        Install(port, port);
+        const HANDLE printer = Open(port);
+        std::string answer;
+        EXPECT_EQ(GetValue(printer, kStatus, 1024, &answer), DWORD{ERROR_SUCCESS});
+        EXPECT_EQ(answer, kStatusAnswer);
+        EXPECT_EQ(spooler::RemovePort(port), DWORD{ERROR_SUCCESS});
+        EXPECT_EQ(GetValue(printer, kStatus, 1024, &answer), DWORD{ERROR_NOT_SUPPORTED});
+        EXPECT_EQ(spooler::RemovePort(port), DWORD{ERROR_UNKNOWN_PORT});
+        EXPECT_TRUE(ClosePrinter(printer));
+    }
+}
+
+TEST_F(PortMonitor, RefusesPortsThatCannotBeAsked) {
+    ASSERT_EQ(spooler::AddStandardTcpIpPort(u"IP_Away", u"192.0.2.1", u""), DWORD{ERROR_SUCCESS});
+    ASSERT_EQ(spooler::AddLprPort(u"Unknown", u"no-such-host"), DWORD{ERROR_SUCCESS});
+    const struct {
+        const char16_t* port;
+        DWORD error;
+    } rows[] = {{u"USB001", ERROR_NOT_SUPPORTED},
+                {u"\\\\host\\SMB_PRI1", ERROR_NOT_SUPPORTED},
+                {u"IP_Away", ERROR_GEN_FAILURE},
+                {u"Unknown", ERROR_GEN_FAILURE}};
+    const auto start = std::chrono::steady_clock::now();
+    char16_t name[] = u"PrinterA";
+    for (const auto& [port, error] : rows) {
+        Install(name, port);
+        const HANDLE printer = Open(name);
+        std::string answer;
+        EXPECT_EQ(SetValue(printer, kStatus, ""), error);
+        EXPECT_EQ(GetValue(printer, kStatus, 1024, &answer), error);
+        EXPECT_TRUE(ClosePrinter(printer));
+        ++name[7];
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2)) << "at once";
+}
+
+TEST_F(PortMonitor, ReportsPrintersThatAnswerBadlyOrNotAtAll) {
+    std::string answer;
+    const auto ask = [&](const std::string& address) {
+        const HANDLE printer = PrinterAt(address);
+        const DWORD status = GetValue(printer, kStatus, 1024, &answer);
+        EXPECT_TRUE(DeletePrinter(printer));
+        EXPECT_TRUE(ClosePrinter(printer));
+        return status;
+    };
+    EXPECT_EQ(ask(PlayedPrinter::UnusedAddress()), DWORD{ERROR_GEN_FAILURE}) << "refused";
+    EXPECT_EQ(ask(PlayedPrinter({{""}, 0, true}).Address()), DWORD{ERROR_GEN_FAILURE}) << "closed";
+    EXPECT_EQ(ask(PlayedPrinter({{std::string(1 << 20, 'j')}}).Address()), DWORD{ERROR_GEN_FAILURE})
+        << "junk without end";
+    {
+        const PlayedPrinter broken({.answers = {}, .resets = true});
+        EXPECT_EQ(ask(broken.Address()), DWORD{ERROR_GEN_FAILURE}) << "reset";
+    }
+    {
+        const PlayedPrinter cutShort({{"half an answer"}, 0, true});
+        EXPECT_EQ(ask(cutShort.Address()), DWORD{ERROR_SUCCESS}) << "closed behind the answer";
+        EXPECT_EQ(answer, "half an answer");
+    }
+    const platform::TestClock clock;
+    const PlayedPrinter silent({{"no form feed"}});
+    EXPECT_EQ(ask(silent.Address()), DWORD{ERROR_TIMEOUT});
+    EXPECT_GT(clock.Elapsed(), 12000u);
+    EXPECT_LE(clock.Elapsed(), 15000u);
+}
+
+}  // namespace
