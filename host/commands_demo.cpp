@@ -1,0 +1,65 @@
+// demo: a machine with one printer of each model, and their pages.
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <ostream>
+
+#include "host/commands.h"
+#include "host/page_session.h"
+#include "host/page_text.h"
+#include "host/printers.h"
+#include "host/terminal_user.h"
+#include "platform/base/machine.h"
+
+namespace host {
+namespace {
+
+struct DemoPrinter {
+    const char* name;
+    const char* model;
+    const char* port;
+};
+
+constexpr std::array kDemoPrinters = {
+    DemoPrinter{"Office", "T", "USB001"},
+    DemoPrinter{"Studio", "U", "USB002"},
+    DemoPrinter{"Workshop", "V", "USB003"},
+};
+
+void InstallMissing(const DemoPrinter& demo, const CommandContext& context) {
+    const std::vector<PrinterSummary> printers = ListPrinters();
+    const bool installed = std::any_of(
+        printers.begin(), printers.end(),
+        [&](const PrinterSummary& printer) { return platform::Utf8(printer.name) == demo.name; });
+    if (installed) return;
+    InstallPrinter({demo.name, FindModel(demo.model), ParsePort(demo.port, "", ""), false},
+                   context.source);
+}
+
+void Demonstrate(const std::string& folder, CommandContext& context) {
+    context.machine = folder;
+    UseChosenMachine(context);
+    TerminalUser user(context.err);
+    const platform::UserScope scope(user);
+    for (const DemoPrinter& demo : kDemoPrinters) {
+        InstallMissing(demo, context);
+        for (const PageKind kind : {PageKind::Document, PageKind::Printer}) {
+            PageSession page(demo.name, kind);
+            PrintPage(page, context.out);
+            context.out << '\n';
+        }
+    }
+    context.out << "The machine is in " << platform::MachineFolder().native() << '\n';
+}
+
+}  // namespace
+
+void AddDemoCommand(CLI::App& app, CommandContext& context) {
+    CLI::App* command =
+        app.add_subcommand("demo", "a machine with a printer of each model, and their pages");
+    auto folder = std::make_shared<std::string>();
+    command->add_option("folder", *folder, "folder for the machine")->required();
+    command->callback([folder, &context] { Demonstrate(*folder, context); });
+}
+
+}  // namespace host

@@ -1,0 +1,30 @@
+/// Ports by their names, and what has to be registered for them.
+#pragma once
+
+#include <string>
+
+namespace host {
+
+enum class PortForm {
+    Standard,  ///< "IP_ADDRESS", or any name with an address: a standard TCP/IP port
+    Lpr,       ///< "HOST:QUEUE", or any name with a server
+    Regal,     ///< "REGAL_ADDRESS", or any name with an address
+    Direct,    ///< shares, internet printing, USB, parallel ports, files: the name says all
+};
+
+struct PortSpec {
+    std::string name;
+    PortForm form = PortForm::Direct;
+    std::string host;  ///< address or name of the host; empty for direct ports
+};
+
+/// Understands a port as given on the command line. Throws `UsageFailure` when the address is
+/// missing or the kind is unknown.
+/// \param kind  "tcpip", "lpr", "regal" or "direct"; empty: the name tells.
+/// \param address  empty: the name tells.
+PortSpec ParsePort(const std::string& name, const std::string& kind, const std::string& address);
+
+/// Registers the port with its monitor.
+void RegisterPort(const PortSpec& port);
+
+}  // namespace host
