@@ -8,9 +8,10 @@
 #include <unicode/utf16.h>
 #include <winbase.h>
 
-#include <algorithm>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -23,15 +24,27 @@ const UCollator* Collator() {
     return collator;
 }
 
-bool IsLastResort(char16_t character) {
-    return character == u'-' || character == u'\'';
-}
+// What counts as a last resort, in order.
+constexpr std::u16string_view kLastResort = u"'-";
 
-std::u16string WithoutLastResort(std::u16string_view text) {
-    std::u16string kept;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(kept),
-                 [](char16_t c) { return !IsLastResort(c); });
-    return kept;
+// A text without its hyphens and apostrophes, and where they stood: the number of other characters
+// before each, and which it is.
+struct Parted {
+    std::u16string weighty;
+    std::vector<std::pair<std::size_t, std::size_t>> lastResort;
+};
+
+Parted Part(std::u16string_view text) {
+    Parted parted;
+    for (const char16_t character : text) {
+        const std::size_t rank = kLastResort.find(character);
+        if (rank == std::u16string_view::npos) {
+            parted.weighty += character;
+        } else {
+            parted.lastResort.emplace_back(parted.weighty.size(), rank);
+        }
+    }
+    return parted;
 }
 
 // Small letters, with everything else that tells characters apart left alone.
@@ -57,9 +70,14 @@ int Collate(std::u16string_view left, std::u16string_view right) {
 
 int Compare(std::u16string_view left, std::u16string_view right) {
     if (left == right) return 0;
-    int order = Collate(WithoutLastResort(left), WithoutLastResort(right));
-    if (order == 0) order = Collate(left, right);
-    return order != 0 ? order : left.compare(right);
+    const Parted first = Part(left);
+    const Parted second = Part(right);
+    const int order = Collate(first.weighty, second.weighty);
+    if (order != 0) return order;
+    if (first.lastResort != second.lastResort) {
+        return first.lastResort < second.lastResort ? -1 : 1;
+    }
+    return left.compare(right);
 }
 
 // Of null and a text the text is greater, the empty one too.

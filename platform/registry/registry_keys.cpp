@@ -74,6 +74,16 @@ HKEY OpenHandle(platform::KeyId id, REGSAM access) {
     return static_cast<HKEY>(Keys().Insert(MakeKey(id, access)));
 }
 
+// Brings a key's list of names up to date for one place in it. Whoever walks up sees other
+// processes' changes when the list is at its end, so that a walk costs one look at the file.
+LSTATUS RefreshFor(OpenKey& key, DWORD index) {
+    const bool walkingOn =
+        key.lastIndex && index == *key.lastIndex + 1 && index < key.subkeys.names.size();
+    const DWORD error = platform::RefreshSubkeys(key.id, walkingOn, &key.subkeys);
+    if (error != ERROR_SUCCESS) return static_cast<LSTATUS>(error);
+    return index < key.subkeys.names.size() ? ERROR_SUCCESS : ERROR_NO_MORE_ITEMS;
+}
+
 LSTATUS Open(const KeyPointer& parent, LPCWSTR path, REGSAM access, PHKEY result) {
     const LSTATUS malformed = CheckPath(Name(path));
     if (malformed != ERROR_SUCCESS) return malformed;
@@ -150,10 +160,8 @@ LSTATUS WINAPI RegEnumKeyExW(HKEY handle, DWORD index, LPWSTR name, LPDWORD size
     if (error != ERROR_SUCCESS) return error;
     if (name == nullptr || size == nullptr || reserved != nullptr) return ERROR_INVALID_PARAMETER;
     const std::lock_guard lock(key->mutex);
-    const bool walkingOn = key->lastIndex && index == *key->lastIndex + 1;
-    const DWORD failure = platform::RefreshSubkeys(key->id, walkingOn, &key->subkeys);
-    if (failure != ERROR_SUCCESS) return static_cast<LSTATUS>(failure);
-    if (index >= key->subkeys.names.size()) return ERROR_NO_MORE_ITEMS;
+    const LSTATUS failure = RefreshFor(*key, index);
+    if (failure != ERROR_SUCCESS) return failure;
     const std::u16string& found = key->subkeys.names[index];
     if (*size <= found.size()) return ERROR_MORE_DATA;
     key->lastIndex = index;

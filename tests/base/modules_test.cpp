@@ -1,0 +1,131 @@
+#include <windows.h>
+
+#include <vector>
+
+#include "platform/base/resources.h"
+#include "platform/testing/failure_points.h"
+#include "tests/support/machine_fixture.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class ModuleTest : public MachineTest {
+protected:
+    static void Install(const fs::path& folder, const char* name) {
+        fs::copy_file(SAMPLE_MODULE, folder / name);
+    }
+    static HINSTANCE AttachedAs(HMODULE module) {
+        void* function = reinterpret_cast<void*>(GetProcAddress(module, "AttachedAs"));
+        return function == nullptr ? nullptr : reinterpret_cast<HINSTANCE (*)()>(function)();
+    }
+};
+
+TEST_F(ModuleTest, FoundInItsPlacesAttachedOnceAndDetachedAtTheLastUse) {
+    Install(platform::DriverFolder(), "SAMPLE_A.DLL");
+    Install(Folder() / "Windows", "SAMPLE_B.DLL");
+    const HMODULE first = LoadLibraryW(u"sample_a.dll");
+    const HMODULE other = LoadLibraryW(u"Sample_B");
+    ASSERT_TRUE(first != nullptr && other != nullptr);
+    EXPECT_NE(first, other) << "copies under two names share nothing";
+    EXPECT_EQ(AttachedAs(first), first);
+    EXPECT_EQ(AttachedAs(other), other);
+    EXPECT_EQ(LoadLibraryW(u"C:\\Windows\\System32\\spool\\drivers\\x64\\3\\SAMPLE_A.DLL"), first);
+    SetLastError(0);
+    EXPECT_TRUE(FreeLibrary(first));
+    EXPECT_EQ(GetLastError(), 0u);
+    EXPECT_TRUE(FreeLibrary(first));
+    EXPECT_EQ(GetLastError(), 4711u) << "the entry is told when it goes";
+    EXPECT_FALSE(FreeLibrary(first));
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
+    EXPECT_TRUE(FreeLibrary(other));
+}
+
+TEST_F(ModuleTest, WhatCannotBeLoadedSaysWhy) {
+    WriteFile("Windows/TEXT.DLL", "not a module");
+    EXPECT_EQ(LoadLibraryW(u"TEXT.DLL"), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_BAD_EXE_FORMAT});
+    EXPECT_EQ(LoadLibraryW(u"NONE.DLL"), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_MOD_NOT_FOUND});
+    Install(Folder() / "Windows", "SAMPLE.DLL");
+    SetLastError(4712);
+    EXPECT_EQ(LoadLibraryW(u"SAMPLE.DLL"), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_DLL_INIT_FAILED});
+    const HMODULE module = LoadLibraryW(u"SAMPLE.DLL");
+    ASSERT_NE(module, nullptr) << "a module that refused once may run the next time";
+    EXPECT_EQ(GetProcAddress(module, "Missing"), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_PROC_NOT_FOUND});
+    EXPECT_EQ(GetProcAddress(module, "malloc"), nullptr) << "of a library below it";
+    EXPECT_TRUE(FreeLibrary(module));
+}
+
+TEST_F(ModuleTest, FileNameIsCutTerminatedAndReported) {
+    Install(platform::DriverFolder(), "QVRX__UI.DLL");
+    const std::u16string path = u"C:\\Windows\\System32\\spool\\drivers\\x64\\3\\QVRX__UI.DLL";
+    const HMODULE module = LoadLibraryW(path.c_str());
+    const auto length = static_cast<DWORD>(path.size());
+    for (DWORD size = 1; size <= length + 2; ++size) {
+        std::vector<WCHAR> name(size + 1, u'!');
+        SetLastError(0);
+        const DWORD copied = GetModuleFileNameW(module, name.data(), size);
+        const DWORD kept = std::min(length, size - 1);
+        EXPECT_EQ(copied, size > length ? length : size);
+        EXPECT_TRUE(std::u16string(name.data()) == path.substr(0, kept)) << size;
+        EXPECT_EQ(GetLastError(), size > length ? 0u : DWORD{ERROR_INSUFFICIENT_BUFFER});
+    }
+    FreeLibrary(module);
+    WCHAR program[MAX_PATH];
+    EXPECT_GT(GetModuleFileNameW(nullptr, program, MAX_PATH), 3u);
+    EXPECT_EQ(program[0], u'Z');
+    EXPECT_EQ(GetModuleFileNameW(module, program, MAX_PATH), 0u) << "no longer a module";
+}
+
+TEST_F(ModuleTest, TextsOfTheStringTable) {
+    Install(platform::DriverFolder(), "SAMPLE.DLL");
+    const HMODULE module = LoadLibraryW(u"SAMPLE.DLL");
+    const struct {
+        UINT id;
+        int size;
+        const char16_t* text;
+    } rows[] = {{16, 32, u"sixteen"},
+                {31, 32, u"thirty-one \u20AC"},
+                {500, 32, u"five hundred"},
+                {16, 8, u"sixteen"},
+                {16, 7, u"sixtee"},
+                {16, 1, u""},
+                {17, 32, u""},
+                {0x10000 + 16, 32, u"sixteen"}};
+    for (const auto& row : rows) {
+        std::vector<WCHAR> text(static_cast<std::size_t>(row.size), u'!');
+        EXPECT_EQ(LoadStringW(module, row.id, text.data(), row.size), lstrlenW(row.text));
+        EXPECT_TRUE(std::u16string(text.data()) == row.text) << row.id << " in " << row.size;
+    }
+    WCHAR text[4];
+    EXPECT_EQ(LoadStringW(module, 999, text, 4), 0);
+    EXPECT_EQ(LoadStringW(nullptr, 16, text, 4), 0) << "this program has no texts";
+    const auto dialog = platform::FindResource(module, platform::kDialogResource, 297);
+    EXPECT_GT(dialog.size(), 18u);
+    EXPECT_TRUE(platform::FindResource(module, platform::kDialogResource, 298).empty());
+    FreeLibrary(module);
+}
+
+TEST(Resources, DamagedContentsEndTheSearch) {
+    std::ifstream file(SAMPLE_RESOURCES, std::ios::binary);
+    const std::vector<char> read(std::istreambuf_iterator<char>(file), {});
+    const std::vector<unsigned char> whole(read.begin(), read.end());
+    ASSERT_FALSE(platform::FindResource(whole, platform::kDialogResource, 297).empty());
+    // A copy of exactly that size, so that a step too far is seen.
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+        const std::vector<unsigned char> cut(whole.begin(),
+                                             whole.begin() + static_cast<std::ptrdiff_t>(size));
+        platform::FindResource(cut, platform::kStringTableResource, 9999);
+    }
+    for (std::size_t at = 0; at < whole.size(); ++at) {
+        std::vector<unsigned char> changed = whole;
+        changed[at] ^= 0xFF;
+        platform::FindResource(changed, platform::kStringTableResource, 9999);
+    }
+    EXPECT_TRUE(platform::FindResource({}, platform::kDialogResource, 297).empty());
+}
+
+}  // namespace

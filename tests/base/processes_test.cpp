@@ -1,0 +1,108 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <windows.h>
+
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+#include "platform/testing/failure_points.h"
+#include "tests/support/machine_fixture.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class ProcessTest : public MachineTest {
+protected:
+    ProcessTest() { mkfifo(Pipe().c_str(), 0600); }
+
+    std::string Pipe() const { return Folder().native() + "/pipe"; }
+
+    /// A script that tells its name and its arguments through the pipe.
+    void InstallScript(const std::string& path) const {
+        fs::create_directories((Folder() / path).parent_path());
+        const fs::path script = WriteFile(
+            path, "#!/bin/sh\necho logged\nprintf '%s|' \"${0##*/}\" \"$@\" > '" + Pipe() + "'\n");
+        fs::permissions(script, fs::perms::owner_all);
+    }
+
+    /// Starts a command line and waits for what the script tells; the error when it does not start.
+    std::string Start(std::u16string line) {
+        STARTUPINFOW startup{};
+        startup.cb = sizeof(startup);
+        PROCESS_INFORMATION process{};
+        SetLastError(0);
+        if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                            &startup, &process)) {
+            return "error " + std::to_string(GetLastError());
+        }
+        EXPECT_TRUE(CloseHandle(process.hThread));
+        EXPECT_TRUE(CloseHandle(process.hProcess));
+        EXPECT_FALSE(CloseHandle(process.hProcess));
+        id_ = static_cast<pid_t>(process.dwProcessId);
+        std::ifstream pipe(Pipe());
+        return {std::istreambuf_iterator<char>(pipe), {}};
+    }
+
+    pid_t id_ = 0;
+};
+
+TEST_F(ProcessTest, FoundAsThePlatformFindsPrograms) {
+    InstallScript("Windows/System32/UNINST.EXE");
+    InstallScript("Windows/System32/spool/drivers/x64/3/DRIVER.EXE");
+    InstallScript("Program Files/Sub Dir/Tool.exe");
+    const struct {
+        const char16_t* line;
+        const char* told;
+    } rows[] = {
+        {u"UNINST.EXE", "UNINST.EXE|"},
+        {u"  uninst /a \"b c\" d\\\\\"e f\" g\\\"h\\", "UNINST.EXE|/a|b c|d\\e f|g\"h\\|"},
+        {u"\"driver.exe\" x", "DRIVER.EXE|x|"},
+        {u"C:\\Windows\\System32\\uninst.exe /s", "UNINST.EXE|/s|"},
+        {u"\"C:\\Program Files\\Sub Dir\\tool\" 1", "Tool.exe|1|"},
+        {u"C:\\Program Files\\Sub Dir\\tool 1 2", "Tool.exe|1|2|"},
+        {u"missing.exe", "error 2"},
+        {u"\"UNINST.EXE x", "error 2"},
+        {u"", "error 2"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(Start(row.line), row.told) << platform::Utf8(row.line);
+}
+
+TEST_F(ProcessTest, TheShortestOfAnUnquotedPathWins) {
+    InstallScript("Program Files/Sub.exe");
+    InstallScript("Program Files/Sub Dir/Tool.exe");
+    EXPECT_EQ(Start(u"C:\\Program Files\\Sub Dir\\Tool.exe"), "Sub.exe|Dir\\Tool.exe|");
+}
+
+TEST_F(ProcessTest, TheLogHasTheCommandLineAndWhatTheProgramWrote) {
+    InstallScript("Windows/UNINST.EXE");
+    Start(u"uninst.exe /one  \u20AC");
+    Start(u"missing.exe");
+    EXPECT_EQ(ReadFile("machine.log"), "uninst.exe /one  \xE2\x82\xAC\nlogged\n");
+}
+
+TEST_F(ProcessTest, NothingThatCannotRunIsStarted) {
+    WriteFile("Windows/TEXT.EXE", "MZ no program of this machine");
+    WriteFile("Windows/LOCKED.EXE", "#!/bin/sh\n");
+    fs::create_directory(Folder() / "Windows/FOLDER.EXE");
+    EXPECT_EQ(Start(u"text.exe"), "error 193");
+    EXPECT_EQ(Start(u"locked.exe"), "error 193");
+    EXPECT_EQ(Start(u"folder.exe"), "error 2");
+    const platform::FailurePlan plan("CreateProcessW", 1, ERROR_ACCESS_DENIED);
+    EXPECT_EQ(Start(u"text.exe"), "error 5");
+    EXPECT_EQ(ReadFile("machine.log"), "");
+}
+
+TEST_F(ProcessTest, NoZombieStays) {
+    InstallScript("Windows/UNINST.EXE");
+    Start(u"uninst.exe");
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (kill(id_, 0) == 0 && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::yield();
+    }
+    EXPECT_NE(kill(id_, 0), 0);
+}
+
+}  // namespace

@@ -1,0 +1,114 @@
+#include <windows.h>
+
+#include <vector>
+
+#include "platform/testing/failure_points.h"
+#include "tests/support/machine_fixture.h"
+
+namespace {
+
+constexpr const char kFile[] =
+    "[Before]\r\nNUM=9\r\n"
+    "[ WatermarkInfo ]\r\n"
+    "; NUM = 1\r\n"
+    "\tNUM = 3,x \t\r\n"
+    "dat0=0,<NONE>,,Arial, 72\r\n"
+    "q1=\"quoted \"\nq2='single '\nq3=\"half\nq4=\"a\"b\"\nq5=\"\n"
+    "emp=\nsp=   \n"
+    "noequals\n"
+    "semi=a;b\n"
+    "dup=1\ndup=2\n"
+    "euro=\x80\n"
+    "n1=12abc\nn2=-5\nn3=0x1F\nn4= 7 \nn5=+4\nn6=abc\nn7=4294967299\nn8=\"21\"\n"
+    "[WatermarkInfo]\nonly=second\n"
+    "[Last]\nend=without newline";
+
+class ProfileTest : public MachineTest {
+protected:
+    ProfileTest() { WriteFile("Windows/Test.INI", kFile); }
+
+    static std::u16string Read(const char16_t* key, const char16_t* file = u"test.ini",
+                               DWORD size = 512) {
+        std::vector<WCHAR> value(size + 1, u'!');
+        const DWORD length =
+            GetPrivateProfileStringW(u"watermarkINFO", key, u"default  ", value.data(), size, file);
+        EXPECT_EQ(value[size], u'!');
+        EXPECT_EQ(static_cast<DWORD>(lstrlenW(value.data())), length);
+        return value.data();
+    }
+};
+
+TEST_F(ProfileTest, ValuesAsTheyAreRead) {
+    const struct {
+        const char16_t* key;
+        const char16_t* value;
+    } rows[] = {
+        {u"num", u"3,x"},       {u"DAT0", u"0,<NONE>,,Arial, 72"},
+        {u"q1", u"quoted "},    {u"q2", u"single "},
+        {u"q3", u"\"half"},     {u"q4", u"a\"b"},
+        {u"q5", u"\""},         {u"emp", u""},
+        {u"sp", u""},           {u"noequals", u"default"},
+        {u"; NUM", u"default"}, {u"semi", u"a;b"},
+        {u"dup", u"1"},         {u"euro", u"\u20AC"},
+        {u"only", u"default"},  {u"missing", u"default"},
+    };
+    for (const auto& row : rows) EXPECT_TRUE(Read(row.key) == row.value) << platform::Utf8(row.key);
+    EXPECT_TRUE(Read(u"num", u"C:\\WINDOWS\\test.ini") == u"3,x");
+    EXPECT_TRUE(Read(u"num", u"none.ini") == u"default");
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_FILE_NOT_FOUND});
+    WCHAR value[32];
+    EXPECT_EQ(GetPrivateProfileStringW(u"Last", u"end", nullptr, value, 32, u"test.ini"), 15u);
+    EXPECT_EQ(GetPrivateProfileStringW(u"Last", nullptr, u"d", value, 32, u"test.ini"), 1u);
+}
+
+TEST_F(ProfileTest, NumbersAsTheyAreRead) {
+    const struct {
+        const char16_t* key;
+        UINT number;
+    } rows[] = {{u"n1", 12},  {u"n2", static_cast<UINT>(-5)},
+                {u"n3", 31},  {u"n4", 7},
+                {u"n5", 4},   {u"n6", 0},
+                {u"emp", 77}, {u"missing", 77},
+                {u"n7", 3},   {u"n8", 21}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(GetPrivateProfileIntW(u"WatermarkInfo", row.key, 77, u"test.ini"), row.number)
+            << platform::Utf8(row.key);
+    }
+}
+
+TEST_F(ProfileTest, NeverMoreThanTheBuffer) {
+    EXPECT_TRUE(Read(u"dat0", u"test.ini", 5) == u"0,<N");
+    EXPECT_TRUE(Read(u"missing", u"test.ini", 4) == u"def");
+    EXPECT_TRUE(Read(u"dat0", u"test.ini", 1).empty());
+    EXPECT_EQ(GetPrivateProfileStringW(u"x", u"y", u"z", nullptr, 0, u"test.ini"), 0u);
+}
+
+TEST_F(ProfileTest, EncodingsByTheirMarks) {
+    WriteFile("Windows/utf8.ini", "\xEF\xBB\xBF[WatermarkInfo]\nk=\xE2\x82\xAC\xF0\x9F\x98\x80\n");
+    EXPECT_TRUE(Read(u"k", u"utf8.ini") == u"\u20AC\U0001F600");
+    const std::u16string text = u"\uFEFF[WatermarkInfo]\r\n\u00C4 = \u4E2D\r\n";
+    std::string little(reinterpret_cast<const char*>(text.data()), text.size() * 2);
+    WriteFile("Windows/utf16.ini", little);
+    EXPECT_TRUE(Read(u"\u00E4", u"utf16.ini") == u"\u4E2D");
+    for (std::size_t i = 0; i + 1 < little.size(); i += 2) std::swap(little[i], little[i + 1]);
+    WriteFile("Windows/utf16be.ini", little);
+    EXPECT_TRUE(Read(u"\u00E4", u"utf16be.ini") == u"\u4E2D");
+}
+
+TEST_F(ProfileTest, WildFilesAreRead) {
+    using namespace std::string_literals;
+    WriteFile("Windows/wild.ini", "[WatermarkInfo]\nlong=" + std::string(10000, 'x') +
+                                      "\nnul=ab\0cd\n"s + "[unclosed\n]=odd\n=nothing\nafter=yes");
+    EXPECT_EQ(Read(u"long", u"wild.ini").size(), 511u);
+    EXPECT_TRUE(Read(u"nul", u"wild.ini") == u"ab");
+    EXPECT_TRUE(Read(u"after", u"wild.ini") == u"yes");
+    WriteFile("Windows/odd.ini", "\xFF\xFE[");
+    EXPECT_TRUE(Read(u"after", u"odd.ini") == u"default");
+    WriteFile("Windows/empty.ini", "");
+    EXPECT_TRUE(Read(u"after", u"empty.ini") == u"default");
+    const platform::FailurePlan plan("GetPrivateProfileStringW", 1, ERROR_ACCESS_DENIED);
+    EXPECT_TRUE(Read(u"num") == u"default");
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+}
+
+}  // namespace

@@ -1,0 +1,193 @@
+// The registry's file under other processes, sudden death, damage and locks.
+
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <windows.h>
+
+#include <csignal>
+#include <thread>
+#include <vector>
+
+#include "tests/support/machine_fixture.h"
+
+namespace {
+
+constexpr DWORD kValueSize = 200'000;
+
+class StoreTest : public MachineTest {
+protected:
+    static LSTATUS Open(HKEY* key) {
+        return RegCreateKeyExW(HKEY_LOCAL_MACHINE, u"Printers\\Office", 0, nullptr, 0,
+                               KEY_ALL_ACCESS, nullptr, key, nullptr);
+    }
+    static LSTATUS Write(HKEY key, BYTE fill) {
+        const std::vector<BYTE> bytes(kValueSize, fill);
+        return RegSetValueExW(key, u"List", 0, REG_BINARY, bytes.data(), kValueSize);
+    }
+    /// What the value is filled with; -1 when it is not whole.
+    static int Read(HKEY key) {
+        std::vector<BYTE> bytes(kValueSize + 1);
+        DWORD size = kValueSize + 1;
+        const LSTATUS error = RegQueryValueExW(key, u"List", nullptr, nullptr, bytes.data(), &size);
+        if (error != ERROR_SUCCESS || size != kValueSize) return -1;
+        const bool isWhole = std::count(bytes.begin(), bytes.begin() + kValueSize, bytes[0]) ==
+                             std::ptrdiff_t{kValueSize};
+        return isWhole ? bytes[0] : -1;
+    }
+    void CloseStore() const { platform::UseMachine(Folder()); }
+    std::filesystem::path File() const { return Folder() / "registry.sqlite"; }
+};
+
+/// A process that writes 1, 2, 3... and tells each through a pipe when it is stored.
+class Writer {
+public:
+    template <typename WriteOne>
+    explicit Writer(WriteOne writeOne) {
+        if (pipe(pipe_) != 0) return;
+        id_ = fork();
+        if (id_ != 0) return;
+        for (BYTE fill = 1; writeOne(fill); ++fill) {
+            if (write(pipe_[1], &fill, 1) != 1) break;
+        }
+        _exit(1);
+    }
+    ~Writer() {
+        kill(id_, SIGKILL);
+        waitpid(id_, nullptr, 0);
+        close(pipe_[0]);
+        close(pipe_[1]);
+    }
+    Writer(const Writer&) = delete;
+    Writer& operator=(const Writer&) = delete;
+
+    int LastStored(int count) {
+        BYTE fill = 0;
+        while (count-- > 0 && read(pipe_[0], &fill, 1) == 1) {
+        }
+        return fill;
+    }
+
+private:
+    int pipe_[2] = {-1, -1};
+    pid_t id_ = -1;
+};
+
+TEST_F(StoreTest, AWriterKilledInBetweenLeavesTheOldValueOrTheNew) {
+    for (int round = 1; round <= 12; ++round) {
+        // The connection is never open while the process forks.
+        CloseStore();
+        int stored = 0;
+        {
+            Writer writer([](BYTE fill) {
+                static HKEY key = nullptr;
+                return (key != nullptr || Open(&key) == ERROR_SUCCESS) &&
+                       Write(key, fill) == ERROR_SUCCESS;
+            });
+            stored = writer.LastStored(round);
+            std::this_thread::sleep_for(std::chrono::microseconds(137 * round));
+        }
+        HKEY key = nullptr;
+        ASSERT_EQ(Open(&key), ERROR_SUCCESS);
+        EXPECT_GE(Read(key), stored) << "stored once, stored for good";
+        EXPECT_EQ(Write(key, 0), ERROR_SUCCESS);
+        RegCloseKey(key);
+    }
+}
+
+TEST_F(StoreTest, AnotherProcessSeesWholeValuesAndNewKeys) {
+    CloseStore();
+    Writer writer([](BYTE fill) {
+        const std::u16string path =
+            u"Ports\\" + std::u16string(1, static_cast<WCHAR>(0x100 + fill));
+        HKEY port = nullptr;
+        HKEY key = nullptr;
+        const bool done = RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_READ,
+                                          nullptr, &port, nullptr) == ERROR_SUCCESS &&
+                          Open(&key) == ERROR_SUCCESS && Write(key, fill) == ERROR_SUCCESS;
+        RegCloseKey(port);
+        RegCloseKey(key);
+        return done;
+    });
+    ASSERT_EQ(writer.LastStored(1), 1);
+    HKEY key = nullptr;
+    HKEY ports = nullptr;
+    ASSERT_EQ(Open(&key), ERROR_SUCCESS);
+    ASSERT_EQ(RegOpenKeyW(HKEY_LOCAL_MACHINE, u"Ports", &ports), ERROR_SUCCESS);
+    for (DWORD stored = 1; stored < 40;) {
+        const int seen = Read(key);
+        EXPECT_GE(seen, static_cast<int>(stored));
+        WCHAR name[8];
+        DWORD size = 8;
+        EXPECT_EQ(RegEnumKeyExW(ports, stored - 1, name, &size, nullptr, nullptr, nullptr, nullptr),
+                  ERROR_SUCCESS);
+        stored = static_cast<DWORD>(writer.LastStored(1));
+    }
+    RegCloseKey(ports);
+    RegCloseKey(key);
+}
+
+TEST_F(StoreTest, ThreadsShareTheMachine) {
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([] {
+            for (BYTE fill = 0; fill < 10; ++fill) {
+                HKEY key = nullptr;
+                EXPECT_EQ(Open(&key), ERROR_SUCCESS);
+                EXPECT_EQ(Write(key, fill), ERROR_SUCCESS);
+                EXPECT_GE(Read(key), 0);
+                RegCloseKey(key);
+            }
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+}
+
+TEST_F(StoreTest, ADamagedFileIsReportedAndLeftAlone) {
+    HKEY key = nullptr;
+    ASSERT_EQ(Open(&key), ERROR_SUCCESS);
+    ASSERT_EQ(Write(key, 7), ERROR_SUCCESS);
+    RegCloseKey(key);
+    CloseStore();
+    const std::string good = ReadFile("registry.sqlite");
+    ASSERT_GT(good.size(), std::size_t{kValueSize});
+    std::string page = good;
+    page.replace(4096, 4096, std::string(4096, '\x55'));
+    std::string format = good;
+    format[63] = 9;  // a later version of the tables
+    for (const std::string& damaged :
+         {std::string("no registry at all"), std::string(100'000, '\x01'), page, format,
+          good.substr(0, good.size() / 2), good.substr(0, 1000)}) {
+        WriteFile("registry.sqlite", damaged);
+        EXPECT_EQ(Open(&key), ERROR_BADDB);
+        EXPECT_EQ(RegOpenKeyW(HKEY_LOCAL_MACHINE, u"Printers", &key), ERROR_BADDB);
+        CloseStore();
+        EXPECT_TRUE(ReadFile("registry.sqlite") == damaged) << "left as it was";
+    }
+    WriteFile("registry.sqlite", good);
+    ASSERT_EQ(Open(&key), ERROR_SUCCESS) << "whole again";
+    EXPECT_EQ(Read(key), 7);
+    RegCloseKey(key);
+}
+
+TEST_F(StoreTest, ALockedFileIsReportedAfterAWhile) {
+    HKEY key = nullptr;
+    ASSERT_EQ(Open(&key), ERROR_SUCCESS);
+    ASSERT_EQ(Write(key, 7), ERROR_SUCCESS);
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(File().c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(Write(key, 8), ERROR_BUSY);
+    EXPECT_EQ(Read(key), 7) << "readers are not kept out";
+    sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
+    EXPECT_EQ(Write(key, 8), ERROR_SUCCESS);
+    RegCloseKey(key);
+    CloseStore();
+    ASSERT_EQ(sqlite3_exec(other, "PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE", nullptr,
+                           nullptr, nullptr),
+              SQLITE_OK);
+    EXPECT_EQ(Open(&key), ERROR_BUSY);
+    sqlite3_close(other);
+}
+
+}  // namespace
