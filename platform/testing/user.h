@@ -8,6 +8,7 @@
 #include <windef.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace platform {
@@ -65,7 +66,9 @@ bool PressKey(HWND dialog, int virtualKey, bool alt = false);  ///< to whatever 
 bool Choose(HWND dialog, int listId,
             std::u16string_view itemText);              ///< opens the list, picks, closes
 bool StepUpDown(HWND dialog, int upDownId, int steps);  ///< clicks the up (+) or down (-) arrow
-void Close(HWND dialog);                                ///< the close box
+/// Clicks the caption's question mark, then the control, which may be disabled.
+bool AskHelp(HWND dialog, int controlId);
+void Close(HWND dialog);  ///< the close box
 
 }  // namespace hands
 

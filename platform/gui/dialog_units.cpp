@@ -1,0 +1,40 @@
+#include "platform/gui/dialog_units.h"
+
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <algorithm>
+
+namespace platform {
+namespace {
+
+/// The platform's faces for dialogs are not installed elsewhere; this one has their widths.
+constexpr const char* kDialogFace = "Liberation Sans";
+
+QFont DialogFont(const DialogTemplate& dialog) {
+    QString face = QString::fromStdU16String(dialog.FontFace);
+    if (!QFontDatabase::hasFamily(face)) face = QString::fromLatin1(kDialogFace);
+    QFont font(face);
+    font.setPixelSize(std::clamp((dialog.PointSize * 96 + 36) / 72, 6, 96));
+    return font;
+}
+
+int Scale(int units, int base, int divisor) {
+    const int product = units * base;
+    return (product + (product < 0 ? -divisor : divisor) / 2) / divisor;
+}
+
+}  // namespace
+
+DialogUnits::DialogUnits(const DialogTemplate& dialog) : font_(DialogFont(dialog)) {
+    const QFontMetrics metrics(font_);
+    const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
+    baseWidth_ = (metrics.horizontalAdvance(letters) / 26 + 1) / 2;
+    baseHeight_ = metrics.ascent() + metrics.descent();
+}
+
+QRect DialogUnits::ToPixels(int x, int y, int width, int height) const {
+    return {Scale(x, baseWidth_, 4), Scale(y, baseHeight_, 8), Scale(width, baseWidth_, 4),
+            Scale(height, baseHeight_, 8)};
+}
+
+}  // namespace platform

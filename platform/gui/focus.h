@@ -1,0 +1,28 @@
+/// The control that the program has been told has the focus. For the user-interface thread only.
+#pragma once
+
+#include "platform/gui/control.h"
+
+namespace platform {
+
+/// Begins to follow the application's focus; once per process.
+void FollowFocus();
+/// Null when no control of the layer has it.
+Control* FocusedControl();
+/// Tells the control that had the focus, then the one that has it now; neither twice. \param now
+/// may be null.
+void ReportFocus(Control* now);
+/// The control is about to go.
+void ForgetFocus(const Control& control);
+
+/// Another window is in front for as long as this lives: the focused control loses the focus, and
+/// gets it back after.
+class FocusAway {
+public:
+    FocusAway() { ReportFocus(nullptr); }
+    ~FocusAway();
+    FocusAway(const FocusAway&) = delete;
+    FocusAway& operator=(const FocusAway&) = delete;
+};
+
+}  // namespace platform

@@ -1,0 +1,11 @@
+/// The user in front of the screen.
+#pragma once
+
+#include "platform/testing/user.h"
+
+namespace platform {
+
+/// Shows windows and waits for what is done in them.
+User& WindowsUser();
+
+}  // namespace platform
