@@ -1,0 +1,131 @@
+// What needs the layer's machine: its print processors, its programs and its failure points.
+#include <winspool.h>
+
+#include <platform/base/accounting.h>
+#include <platform/base/machine.h>
+#include <platform/testing/failure_points.h>
+
+#include <algorithm>
+#include <chrono>
+#include <fstream>
+#include <string>
+#include <thread>
+
+#include "common/oem_driver_interface.h"
+#include "common/unique_handle.h"
+#include "install/driver_event.h"
+#include "install/printer_event.h"
+#include "tests/support/plugin_fixture.h"
+#include "tests/support/test_printer.h"
+
+using namespace oemui;
+using namespace tests;
+using platform::FailurePlan;
+
+namespace {
+
+const Text kSessionManager = TEXT("System\\CurrentControlSet\\Control\\Session Manager");
+const Text kProcessors = TEXT(
+    "System\\CurrentControlSet\\Control\\Print\\Environments\\Windows x64\\Print "
+    "Processors\\");
+constexpr LPCWSTR kPending = TEXT("PendingFileRenameOperations");
+constexpr std::string_view kSettings =
+    "[EAIDCData]\nEAIDCDisable=5\n[OEMUninstall]\nExecutable=UNINST.EXE\n";
+
+class Installation : public PluginTest {
+protected:
+    Installation() {
+        const std::filesystem::path processors =
+            platform::MachineFolder() / "Windows/System32/spool/prtprocs/x64";
+        std::filesystem::create_directories(processors);
+        std::ofstream(processors / "QVRT__PP.DLL") << "a print processor";
+        WriteIniFile(TEXT("QVRT_UNI.INI"), kSettings);
+        StorePending();
+    }
+
+    static void StorePending() {
+        const Text value(TEXT("C:\\UNINST.EXE\0\0\0"), 16);
+        WriteRegistryValue(kSessionManager, kPending, REG_MULTI_SZ, value.data(), 32);
+    }
+    std::string AssignedProcessor() const { return Narrow(StoredText(TEXT("Print Processor"))); }
+    Text StoredText(LPCWSTR name) const {
+        const std::string bytes = ReadRegistryValue(
+            TEXT("System\\CurrentControlSet\\Control\\Print\\Printers\\Office"), name);
+        return reinterpret_cast<const WCHAR*>(bytes.c_str());
+    }
+    static void Install() {
+        Text name = TEXT("Office");
+        HandlePrinterEvent(name.data(), PRINTER_EVENT_INITIALIZE);
+    }
+    std::string Log() const {
+        std::ifstream log(platform::MachineFolder() / "machine.log");
+        return {std::istreambuf_iterator<char>(log), {}};
+    }
+
+    TestPrinter printer_{TEXT("Office")};
+};
+
+TEST_F(Installation, ThePrintProcessorIsInstalledOnceAndAssigned) {
+    {
+        const FailurePlan plan("AddPrintProcessorW", 1, ERROR_ACCESS_DENIED);
+        Install();
+        EXPECT_EQ(AssignedProcessor(), "winprint");
+    }
+    for (int times = 0; times < 2; ++times) {
+        const FailurePlan plan;
+        Install();
+        const auto passed = plan.Passed();
+        EXPECT_EQ(std::ranges::count(passed, "AddPrintProcessorW"), times == 0 ? 1 : 0);
+        EXPECT_EQ(std::ranges::count(passed, "SetPrinterW"), times == 0 ? 1 : 0);
+        EXPECT_TRUE(IsPrintProcessorInstalled(TEXT("qvrt__pp")));
+        EXPECT_EQ(AssignedProcessor(), "QVRT__PP");
+    }
+}
+
+TEST_F(Installation, WhateverFailsCostsOneStepAndLeavesNothingOpen) {
+    std::vector<std::string> points(1);
+    for (std::size_t failing = 0; failing <= points.size(); ++failing) {
+        const std::string point = failing == 0 ? "" : points[failing - 1];
+        // What only gives something back is not failed: the test would see its own fault as a leak.
+        if (point == "RegCloseKey" || point == "ClosePrinter") continue;
+        const TestPrinter fresh(TEXT("Office"));
+        RemoveRegistryKey(kProcessors + TEXT("QVRT__PP"));
+        StorePending();
+        const auto before = platform::LiveObjects();
+        {
+            // The first time around nothing fails.
+            const FailurePlan plan(failing == 0 ? -1 : static_cast<int>(failing),
+                                   ERROR_ACCESS_DENIED);
+            Install();
+            if (failing == 0) points = plan.Passed();
+        }
+        EXPECT_EQ(platform::LiveObjects(), before) << point;
+        const int done = (ReadRegistryValue(kSessionManager, kPending)[20] == '_' ? 1 : 0) +
+                         (fresh.StoredValue(TEXT("EAIDCDisable")).empty() ? 0 : 1) +
+                         (AssignedProcessor() == "QVRT__PP" ? 1 : 0);
+        EXPECT_GE(done, failing == 0 ? 3 : 2) << point;
+    }
+    EXPECT_GT(points.size(), 12u);
+}
+
+TEST_F(Installation, RemovingTheDriverStartsTheUninstallerWithTheSettingsFile) {
+    HandleDriverEvent(DRIVER_EVENT_DELETE);
+    HandleDriverEvent(DRIVER_EVENT_INITIALIZE);
+    EXPECT_EQ(Log().find("started"), std::string::npos);
+    const std::filesystem::path machine = platform::MachineFolder();
+    std::filesystem::copy_file(UNINSTALLER, machine / "Windows/System32/UNINST.EXE");
+    std::ofstream(platform::DriverFolder() / "QVRT__UI.DLL") << "the module";
+    std::ofstream(platform::DriverFolder() / "QVRU__UI.DLL") << "another model's";
+    HandleDriverEvent(DRIVER_EVENT_DELETE);
+    for (int attempt = 0; attempt < 500 && !Log().ends_with("done\n"); ++attempt) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    EXPECT_NE(Log().find("UNINST.EXE QVRT_UNI.INI \n"), std::string::npos) << Log();
+    EXPECT_FALSE(std::filesystem::exists(platform::DriverFolder() / "QVRT__UI.DLL"));
+    EXPECT_FALSE(
+        std::filesystem::exists(machine / "Windows/System32/spool/prtprocs/x64/QVRT__PP.DLL"));
+    EXPECT_TRUE(std::filesystem::exists(platform::DriverFolder() / "QVRU__UI.DLL"));
+    EXPECT_TRUE(std::filesystem::exists(machine / "Windows/System32/UNINST.EXE"));
+}
+
+}  // namespace

@@ -1,0 +1,147 @@
+#include "printerprops/pjl_query.h"
+
+#include <array>
+#include <string>
+
+#include "printerprops/pjl_connection.h"
+#include "printerprops/pjl_exchange.h"
+#include "printerprops/socket_library.h"
+#include "tests/printerprops/loopback_printer.h"
+#include "tests/support/plugin_fixture.h"
+
+using namespace oemui;
+using tests::LoopbackPrinter;
+
+namespace {
+
+using Selections = std::array<UINT32, 3>;
+constexpr Selections kPreset = {7, 8, 9};
+const std::string kExitLanguage = "\x1B%-12345X";
+const std::string kAnswer =
+    "@PJL INFO CONFIG\r\nIN TRAYS [3 ENUMERATED]\r\n\tTRAY2=INSTALLED\r\n\tDUPLEX=INSTALLED\r\n\f";
+
+PrinterLink LinkTo(const std::string& address) {
+    PrinterLink link = {};
+    link.Found = ResolveHost(tests::Wide(address).c_str(), &link.Address) ? 1 : 0;
+    link.Kind = PortKindShare;
+    return link;
+}
+
+Selections Query(const std::string& address, bool expected = true) {
+    Selections selections = kPreset;
+    EXPECT_EQ(QueryInstalledOptions(TEXT("none"), LinkTo(address), &selections[0], &selections[1],
+                                    &selections[2]),
+              expected);
+    return selections;
+}
+
+Selections Parse(std::string_view reply) {
+    Selections selections = kPreset;
+    ParseInstalledOptions(reply, &selections[0], &selections[1], &selections[2]);
+    return selections;
+}
+
+class PjlQuery : public tests::PluginTest {};
+
+TEST(PjlReply, OnlyWhatStandsBetweenEchoAndFormFeedCounts) {
+    const struct {
+        std::string reply;
+        Selections expected;
+    } rows[] = {
+        {kAnswer, {0, 1, 0}},
+        {kAnswer + "TRAY3=INSTALLED\f", {0, 1, 0}},
+        {kAnswer + "@PJL INFO CONFIG\r\nTRAY3=INSTALLED\r\n\f", {0, 1, 0}},
+        {"@PJL INFO STATUS\r\nTRAY3=INSTALLED\r\n\f" + kAnswer, {0, 1, 0}},
+        {"\f@PJL INFO CONFIGTRAY3=INSTALLED\f", {1, 0, 1}},
+        {"@PJL INFO CONFIG\r\ntray2=installed\r\n\f", {1, 1, 1}},
+        {"@PJL INFO CONFIG\r\nTRAY2=INSTALLE\fD", {1, 1, 1}},
+        {"TRAY2=INSTALLED\r\n\f", kPreset},
+        {std::string("@PJL INFO CONFIG\r\n\0TRAY2=INSTALLED\f", 35), kPreset},
+        {"@PJL INFO STATUS\r\nCODE=999999\r\n\f", kPreset},
+        {"", kPreset},
+    };
+    for (const auto& row : rows) EXPECT_EQ(Parse(row.reply), row.expected) << row.reply;
+    for (std::size_t length = 0; length < kAnswer.size(); ++length) {
+        // A copy of its own size: reading past the bytes received is seen.
+        const std::string cut = kAnswer.substr(0, length);
+        EXPECT_EQ(Parse(cut), kPreset) << length;
+    }
+}
+
+TEST_F(PjlQuery, AskingSendsThirtySixBytesAndJoinsThePiecesOfTheAnswer) {
+    LoopbackPrinter printer({{kAnswer.substr(0, 20), kAnswer.substr(20)}});
+    EXPECT_EQ(Query(printer.Address()), (Selections{0, 1, 0}));
+    EXPECT_EQ(printer.Received(), kExitLanguage + "@PJL INFO CONFIG\r\n" + kExitLanguage);
+}
+
+TEST_F(PjlQuery, NobodyListeningFailsAtOnceAndChangesNothing) {
+    LoopbackPrinter nobody({});
+    EXPECT_EQ(Query(nobody.Address(), false), kPreset);
+    PrinterLink notFound = {.Found = 0, .Address = {}, .Socket = 5, .Kind = {}, .OpenCount = 0};
+    EXPECT_FALSE(OpenPrinterConnection(&notFound));
+    EXPECT_EQ(notFound.Socket, INVALID_SOCKET);
+}
+
+TEST_F(PjlQuery, ReceivingNeverPassesItsBufferAndEndsWithTheConnection) {
+    const SocketLibrary library;
+    PrinterLink link;
+    char reply[9] = {};
+    DWORD count = 99;
+    {
+        LoopbackPrinter printer({{"0123456789"}});
+        link = LinkTo(printer.Address());
+        ASSERT_TRUE(OpenPrinterConnection(&link));
+        EXPECT_TRUE(ReceiveFromPrinter(&link, reply, 8, &count) && count == 0);
+        EXPECT_TRUE(SendToPrinter(&link, (kExitLanguage + kExitLanguage).data(), 18, &count));
+        EXPECT_EQ(count, 18u);
+        for (int i = 0; i < 1000 && reply[0] == 0; ++i) {
+            ::Sleep(1);
+            EXPECT_TRUE(ReceiveFromPrinter(&link, reply, 8, &count));
+        }
+        EXPECT_EQ(std::string(reply), "01234567");
+        EXPECT_TRUE(ClosePrinterConnection(&link));
+        EXPECT_EQ(link.Socket, INVALID_SOCKET);
+    }
+    EXPECT_FALSE(ReceiveFromPrinter(&link, reply, 8, &count));
+    EXPECT_EQ(count, 0u);
+}
+
+TEST_F(PjlQuery, CommandsSendTheirTextOnlyAsFirstWordAndOnlyWhenItFits) {
+    const std::string longest(kMaxPjlText, 'x');
+    const struct {
+        std::string command;
+        bool connects;
+        bool expected;
+        std::string sentText;
+    } rows[] = {
+        {"#SET# @PJL RDYMSG", true, true, "@PJL RDYMSG"},
+        {"#set#\n#SET#", true, true, "#SET#"},
+        {"#SET# " + longest, true, true, longest},
+        {"#SET# " + longest + "x", true, false, ""},
+        {"#SET#", true, false, ""},
+        {"#GET# ", true, false, ""},
+        {"text #SET# text", true, true, ""},
+        {"#set# text", true, true, ""},
+        {"read", true, true, ""},
+        {"READ" + std::string(251, ' '), true, true, ""},
+        {"#SET# " + std::string(250, 'x'), false, false, ""},
+    };
+    const SocketLibrary library;
+    for (const auto& row : rows) {
+        LoopbackPrinter printer(std::vector<LoopbackPrinter::Pieces>(1));
+        PrinterLink link = LinkTo(printer.Address());
+        char reply[16];
+        DWORD length = 99;
+        EXPECT_EQ(
+            ExchangePjl(&link, tests::Wide(row.command).c_str(), reply, sizeof reply, &length),
+            row.expected)
+            << row.command;
+        EXPECT_EQ(length, 0u);
+        EXPECT_EQ(link.OpenCount, 0u);
+        const std::string wire =
+            row.sentText.empty() ? "" : kExitLanguage + row.sentText + "\r\n" + kExitLanguage;
+        EXPECT_EQ(row.connects ? printer.Received() : "", wire) << row.command;
+    }
+}
+
+}  // namespace

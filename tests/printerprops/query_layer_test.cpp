@@ -1,0 +1,138 @@
+// What needs the layer: its clock, its failure points, its other versions.
+#include <platform/base/accounting.h>
+#include <platform/testing/clock.h>
+#include <platform/testing/failure_points.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "common/unique_handle.h"
+#include "printerprops/pjl_exchange.h"
+#include "printerprops/pjl_query.h"
+#include "printerprops/socket_library.h"
+#include "tests/printerprops/loopback_printer.h"
+#include "tests/printerprops/printer_page.h"
+#include "tests/support/test_printer.h"
+
+using namespace oemui;
+using namespace tests;
+using platform::FailurePlan;
+
+namespace {
+
+constexpr std::string_view kAnswer = "@PJL INFO CONFIG\r\nTRAY3=INSTALLED\r\n\f";
+
+PrinterLink LinkTo(const std::string& address, PortKind kind = PortKindShare) {
+    PrinterLink link = {};
+    link.Found = ResolveHost(Wide(address).c_str(), &link.Address) ? 1 : 0;
+    link.Kind = kind;
+    return link;
+}
+
+/// The selections after a query, as digits; "failed" when the printer was not asked.
+std::string Query(const PrinterLink& link) {
+    UINT32 selections[3] = {7, 8, 9};
+    if (!QueryInstalledOptions(TEXT("Queried"), link, &selections[0], &selections[1],
+                               &selections[2])) {
+        return "failed";
+    }
+    std::string text;
+    for (const UINT32 selection : selections) text += std::to_string(selection);
+    return text;
+}
+
+const std::vector<LoopbackPrinter::Pieces> kSilent(1);
+
+class QueryOnTheLayer : public PluginTest {};
+
+TEST_F(QueryOnTheLayer, ASilentPrinterCountsAsAskedAndABrokenConnectionDoesNotBothAfterAllPolls) {
+    for (const bool isBroken : {false, true}) {
+        LoopbackPrinter printer(kSilent);
+        const platform::TestClock clock;
+        const FailurePlan reset(isBroken ? "recv" : "none", 0, WSAECONNRESET);
+        EXPECT_EQ(Query(LinkTo(printer.Address())), isBroken ? "failed" : "789");
+        EXPECT_EQ(clock.Sleeps(), std::vector<DWORD>(61, 250));
+    }
+}
+
+TEST_F(QueryOnTheLayer, AFloodWithoutFormFeedStaysInItsBuffer) {
+    LoopbackPrinter printer({{std::string(1 << 20, 'x')}});
+    const platform::TestClock clock;
+    const SocketLibrary library;
+    std::array<char, kReplyCapacity + 1> reply = {};
+    DWORD length = 0;
+    PrinterLink link = LinkTo(printer.Address());
+    ExchangePjl(&link, TEXT("#GET# x"), reply.data(), kReplyCapacity, &length);
+    EXPECT_TRUE(length <= kReplyCapacity && reply[kReplyCapacity] == 0);
+}
+
+TEST_F(QueryOnTheLayer, AQuestionThatCannotGoOutAtOnceHasASubstituteForItsReply) {
+    const SocketLibrary library;
+    for (const DWORD size : {33u, 34u}) {
+        LoopbackPrinter printer(kSilent);
+        const FailurePlan full("send", 1, WSAEWOULDBLOCK);
+        PrinterLink link = LinkTo(printer.Address());
+        char reply[34] = {};
+        DWORD length = 0;
+        EXPECT_EQ(ExchangePjl(&link, TEXT("#GET# x"), reply, size, &length), size == 34);
+        EXPECT_EQ(std::string(reply), size == 34 ? "@PJL INFO STATUS\r\nCODE=999999\r\n\f" : "");
+    }
+}
+
+TEST_F(QueryOnTheLayer, TheSpoolerIsAskedForTheStatusBeforeTheConfiguration) {
+    const std::string status = "@PJL INFO DSTATUS\r\nCODE=10001\r\n\f";
+    const struct {
+        const char* failing;
+        int call;
+        const char* expected;
+    } rows[] = {
+        {"none", 1, "101"},
+        {"SetPrinterDataW", 1, "failed"},
+        {"SetPrinterDataW", 2, "789"},
+        {"GetPrinterDataW", 1, "failed"},
+        {"GetPrinterDataW", 2, "789"},
+        {"OpenPrinterW", 1, "failed"},
+    };
+    for (const auto& row : rows) {
+        LoopbackPrinter played({{status}, {std::string(kAnswer)}});
+        const Text port = TEXT("IP_played");
+        WriteRegistryText(TEXT("System\\CurrentControlSet\\Control\\Print\\Monitors\\Standard "
+                               "TCP/IP Port\\Ports\\") +
+                              port,
+                          TEXT("IPAddress"), Wide(played.Address()));
+        TestPrinter printer(TEXT("Queried"), port);
+        printer.SetBidirectional(true);
+        const FailurePlan plan(row.failing, row.call, ERROR_GEN_FAILURE);
+        EXPECT_EQ(Query(LinkTo(played.Address(), PortKindTcpIp)), row.expected)
+            << row.failing << row.call;
+    }
+}
+
+TEST_F(QueryOnTheLayer, WhateverFailsWhileThePageBecomesActiveLeavesNothingOpen) {
+    // What only gives something back is not failed: the test would see its own fault as a leak.
+    const std::string_view closers[] = {"WSACleanup", "closesocket", "RegCloseKey", "ClosePrinter",
+                                        "HeapFree"};
+    TestPrinter printer(TEXT("Queried"));
+    const platform::TestClock clock;
+    std::vector<std::string> points(1);
+    for (std::size_t failing = 0; failing <= points.size(); ++failing) {
+        if (failing > 0 && std::ranges::count(closers, points[failing - 1]) > 0) continue;
+        LoopbackPrinter played({{std::string(kAnswer)}});
+        printer.SetPort(TEXT("\\\\") + Wide(played.Address()) + TEXT("\\SMB_PRI1"));
+        const UniquePrinter handle = OpenPrinterFor(TEXT("Queried"), PRINTER_ACCESS_USE);
+        PrinterPage page(handle.Get());
+        page.items[kSwitch].Sel = 0;
+        const auto before = platform::LiveObjects();
+        // The first time around nothing fails.
+        const FailurePlan plan(failing == 0 ? -1 : static_cast<int>(failing), ERROR_GEN_FAILURE);
+        EXPECT_EQ(page.Report(CPSUICB_REASON_SETACTIVE), CPSUICB_ACTION_REINIT_ITEMS);
+        if (failing == 0) points = plan.Passed();
+        EXPECT_EQ(platform::LiveObjects(), before) << failing;
+        for (const PrinterPageItem option : {kTray2, kTray3, kDuplex}) {
+            EXPECT_TRUE(page.items[option].Sel == 5 || page.items[option].Sel <= 1) << failing;
+        }
+    }
+    EXPECT_GT(points.size(), 20u);
+}
+
+}  // namespace
