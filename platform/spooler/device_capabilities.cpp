@@ -27,9 +27,9 @@ void WriteSize(const Form& form, BYTE* entry) {
 }
 
 void WriteName(const Form& form, BYTE* entry) {
-    std::memset(entry, 0, kPaperNameLength * sizeof(WCHAR));
-    std::memcpy(entry, form.name.data(),
-                std::min(form.name.size(), kPaperNameLength) * sizeof(WCHAR));
+    std::u16string padded = form.name.substr(0, kPaperNameLength);
+    padded.resize(kPaperNameLength);
+    std::memcpy(entry, padded.data(), kPaperNameLength * sizeof(WCHAR));
 }
 
 struct PaperCapability {

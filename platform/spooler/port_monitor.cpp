@@ -20,7 +20,7 @@ constexpr USHORT kPrinterPort = 9100;
 constexpr int kConnectMilliseconds = 5000;
 constexpr std::string_view kUniversalExit = "\x1B%-12345X";
 constexpr char kFormFeed = '\f';
-constexpr std::size_t kAnswerLimit = 64 * 1024;
+constexpr std::size_t kAnswerLimit = 65536;
 constexpr std::size_t kTextLimit = 1024;
 
 // The wait for an answer, in turns: some milliseconds for the printer itself, the rest on the

@@ -297,10 +297,15 @@ TEST_F(Printers, ListFormsAndPapersInOneOrder) {
     EXPECT_FALSE(addForm(u"Flat", 1000, 0));
     EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_FORM_SIZE});
 
+    HANDLE server = nullptr;
+    ASSERT_TRUE(OpenPrinterW(nullptr, &server, nullptr));
     DWORD count = 0;
     const auto buffer = ReadWhole([&](BYTE* bytes, DWORD size, DWORD* needed) {
-        return EnumFormsW(printer, 1, bytes, size, needed, &count);
+        return EnumFormsW(server, 1, bytes, size, needed, &count);
     });
+    EXPECT_FALSE(DeletePrinter(server));
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
+    EXPECT_TRUE(ClosePrinter(server));
     const auto forms = Forms(buffer, count);
     const int papers = DeviceCapabilitiesW(u"Office", u"LPT1", DC_PAPERSIZE, nullptr, nullptr);
     ASSERT_EQ(papers, static_cast<int>(count));
