@@ -1,8 +1,9 @@
 #include "platform/gui/dialog_units.h"
 
 #include <QFontDatabase>
-#include <QFontMetrics>
+#include <QFontMetricsF>
 #include <algorithm>
+#include <cmath>
 
 namespace platform {
 namespace {
@@ -26,10 +27,11 @@ int Scale(int units, int base, int divisor) {
 }  // namespace
 
 DialogUnits::DialogUnits(const DialogTemplate& dialog) : font_(DialogFont(dialog)) {
-    const QFontMetrics metrics(font_);
+    const QFontMetricsF metrics(font_);
     const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
-    baseWidth_ = (metrics.horizontalAdvance(letters) / 26 + 1) / 2;
-    baseHeight_ = metrics.ascent() + metrics.descent();
+    baseWidth_ = (static_cast<int>(metrics.horizontalAdvance(letters)) / 26 + 1) / 2;
+    // Whole pixels above and below the baseline, as the platform's fonts have them.
+    baseHeight_ = static_cast<int>(std::ceil(metrics.ascent()) + std::ceil(metrics.descent()));
 }
 
 QRect DialogUnits::ToPixels(int x, int y, int width, int height) const {

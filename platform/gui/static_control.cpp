@@ -3,6 +3,7 @@
 #include <winresrc.h>
 
 #include <QPainter>
+#include <algorithm>
 
 #include "platform/gui/dialog.h"
 
@@ -34,8 +35,7 @@ protected:
             painter.drawRect(rect().adjusted(0, 0, -1, -1));
         } else {
             painter.setPen(TextColor(*this));
-            painter.drawText(rect(), Qt::AlignLeft | Qt::TextShowMnemonic | Qt::TextWordWrap,
-                             control_.text_);
+            painter.drawText(rect(), Qt::AlignLeft | Qt::TextShowMnemonic, control_.text_);
         }
     }
 
@@ -48,6 +48,13 @@ StaticControl::StaticControl(Dialog& owner, const ControlTemplate& made)
       text_(QString::fromStdU16String(made.Text)),
       type_(made.Style & kStaticTypeMask) {
     Equip(new Face(*this, owner.Widget()));
+}
+
+void StaticControl::Place(const QRect& place) {
+    // Templates are measured with the platform's own face; a label must not lose its last letter
+    // to one that is a little wider.
+    const int text = Widget()->fontMetrics().size(Qt::TextShowMnemonic, text_).width();
+    Control::Place(QRect(place.topLeft(), QSize(std::max(place.width(), text), place.height())));
 }
 
 void StaticControl::SetText(const QString& text) {

@@ -11,6 +11,7 @@ public:
     StaticControl(Dialog& owner, const ControlTemplate& made);
     QString Text() const override { return text_; }
     void SetText(const QString& text) override;
+    void Place(const QRect& place) override;
 
 private:
     class Face;
