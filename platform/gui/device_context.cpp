@@ -13,10 +13,6 @@ namespace {
 
 constexpr int kPrinterDotsPerInch = 600;
 
-QColor ColorOf(COLORREF color) {
-    return QColor(GetRValue(color), GetGValue(color), GetBValue(color));
-}
-
 /// One direction of a copy, cut to both images. In 64 bits: callers pass any 32-bit values.
 struct CopySpan {
     std::int64_t to;
@@ -78,25 +74,29 @@ HDC MakeWindowContext(HWND window) {
 
 }  // namespace
 
+QColor ColorOf(COLORREF color) {
+    return QColor(GetRValue(color), GetGValue(color), GetBValue(color));
+}
+
 DeviceContext::DeviceContext(Surface where)
     : GraphicsObject(kKind, Lifetime::kCounted),
       surface(where),
       bitmap(&StockBitmap()),
       font(&StockFont()),
       brush(&StockWhiteBrush()) {
-    ++bitmap->Selections;
-    ++font->Selections;
-    ++brush->Selections;
+    ++bitmap->selections;
+    ++font->selections;
+    ++brush->selections;
 }
 
 DeviceContext::~DeviceContext() {
-    --bitmap->Selections;
-    --font->Selections;
-    --brush->Selections;
+    --bitmap->selections;
+    --font->selections;
+    --brush->selections;
 }
 
 QImage* DeviceContext::Pixels() {
-    if (surface == Surface::kMemory) return &bitmap->Pixels;
+    if (surface == Surface::kMemory) return &bitmap->pixels;
     if (surface != Surface::kWindow) return nullptr;
     Window* target = Window::From(window);
     return target == nullptr ? nullptr : &target->Backing();
@@ -110,8 +110,8 @@ void DeviceContext::Show() {
 template <typename Object>
 Object* DeviceContext::Exchange(Object*& selected, Object* next) {
     Object* before = selected;
-    --before->Selections;
-    ++next->Selections;
+    --before->selections;
+    ++next->selections;
     selected = next;
     return before;
 }
@@ -203,7 +203,7 @@ HGDIOBJ WINAPI SelectObject(HDC context, HGDIOBJ object) {
             return target->Exchange(target->brush, static_cast<platform::Brush*>(next))->Handle();
         case platform::GraphicsKind::kBitmap:
             if (target->surface != DeviceContext::Surface::kMemory ||
-                (next->Selections > 0 && !next->IsStock() && next != target->bitmap)) {
+                (next->selections > 0 && !next->IsStock() && next != target->bitmap)) {
                 return nullptr;
             }
             return target->Exchange(target->bitmap, static_cast<platform::Bitmap*>(next))->Handle();
@@ -221,7 +221,7 @@ int WINAPI FillRect(HDC context, const RECT* rectangle, HBRUSH brush) {
     QImage* pixels = target->Pixels();
     if (pixels == nullptr) return 0;
     const QRect area = platform::PartInside(*pixels, *rectangle);
-    if (!area.isEmpty()) QPainter(pixels).fillRect(area, platform::ColorOf(paint->Color));
+    if (!area.isEmpty()) QPainter(pixels).fillRect(area, platform::ColorOf(paint->color));
     target->Show();
     return 1;
 }

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <QColor>
 #include <QImage>
 
 #include "platform/gui/graphics_objects.h"
@@ -38,5 +39,7 @@ struct DeviceContext : GraphicsObject {
 /// The context of a drawing call: passes the call's failure point, then looks up the handle. Null
 /// with the last error set.
 DeviceContext* ContextForCall(const char* point, HDC context);
+
+QColor ColorOf(COLORREF color);
 
 }  // namespace platform

@@ -11,10 +11,6 @@ namespace {
 
 constexpr int kLongestText = 8192;  // WCHARs
 
-QColor ColorOf(COLORREF color) {
-    return QColor(GetRValue(color), GetGValue(color), GetBValue(color));
-}
-
 bool IsDrawable(LPCWSTR text, int length) {
     if (length >= 0 && length <= kLongestText && (text != nullptr || length == 0)) return true;
     SetLastError(ERROR_INVALID_PARAMETER);
@@ -43,7 +39,7 @@ QTransform LineTransform(int x, int y, LONG escapement) {
 void DrawLine(QImage& pixels, const DeviceContext& context, int x, int y, const QString& text) {
     const SettledFont& font = context.font->Settled();
     const QRectF cell = LineCell(font, WidthOf(font, text), context.textAlign);
-    const QTransform transform = LineTransform(x, y, context.font->Asked.lfEscapement);
+    const QTransform transform = LineTransform(x, y, context.font->asked.lfEscapement);
     // Far away the painter's own arithmetic would be out of its range.
     if (!transform.mapRect(cell).intersects(QRectF(pixels.rect()))) return;
     QPainter painter(&pixels);

@@ -46,7 +46,7 @@ GraphicsObject::~GraphicsObject() {
 }
 
 const SettledFont& Font::Settled() {
-    if (!settled_) settled_ = SettleFont(Asked);
+    if (!settled_) settled_ = SettleFont(asked);
     return *settled_;
 }
 
@@ -131,7 +131,7 @@ BOOL WINAPI DeleteObject(HGDIOBJ object) {
         return FALSE;
     }
     if (found->IsStock()) return TRUE;
-    if (found->Selections > 0) return FALSE;
+    if (found->selections > 0) return FALSE;
     delete found;
     return TRUE;
 }

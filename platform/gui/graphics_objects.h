@@ -28,7 +28,7 @@ public:
     bool IsStock() const { return lifetime_ == Lifetime::kStock; }
     HGDIOBJ Handle() const { return handle_; }
 
-    int Selections = 0;  ///< contexts that hold the object now
+    int selections = 0;  ///< contexts that hold the object now
 
 private:
     GraphicsKind kind_;
@@ -38,21 +38,21 @@ private:
 
 struct Bitmap : GraphicsObject {
     static constexpr GraphicsKind kKind = GraphicsKind::kBitmap;
-    explicit Bitmap(QImage pixels, Lifetime lifetime = Lifetime::kCounted)
-        : GraphicsObject(kKind, lifetime), Pixels(std::move(pixels)) {}
+    explicit Bitmap(QImage image, Lifetime lifetime = Lifetime::kCounted)
+        : GraphicsObject(kKind, lifetime), pixels(std::move(image)) {}
 
-    QImage Pixels;  ///< `QImage::Format_RGB32`
+    QImage pixels;  ///< `QImage::Format_RGB32`
 };
 
 struct Font : GraphicsObject {
     static constexpr GraphicsKind kKind = GraphicsKind::kFont;
-    explicit Font(const LOGFONTW& asked, Lifetime lifetime = Lifetime::kCounted)
-        : GraphicsObject(kKind, lifetime), Asked(asked) {}
+    explicit Font(const LOGFONTW& font, Lifetime lifetime = Lifetime::kCounted)
+        : GraphicsObject(kKind, lifetime), asked(font) {}
 
     /// The face and its measures, settled at the first use.
     const SettledFont& Settled();
 
-    LOGFONTW Asked;
+    LOGFONTW asked;
 
 private:
     std::optional<SettledFont> settled_;
@@ -60,9 +60,9 @@ private:
 
 struct Brush : GraphicsObject {
     static constexpr GraphicsKind kKind = GraphicsKind::kBrush;
-    Brush(COLORREF color, Lifetime lifetime) : GraphicsObject(kKind, lifetime), Color(color) {}
+    Brush(COLORREF paint, Lifetime lifetime) : GraphicsObject(kKind, lifetime), color(paint) {}
 
-    COLORREF Color;
+    COLORREF color;
 };
 
 /// The object behind a handle, whatever its kind; null with ERROR_INVALID_HANDLE as last error.

@@ -58,7 +58,7 @@ public:
     }
 
     const QImage& Pixels() const {
-        return platform::FindGraphicsObject<platform::Bitmap>(bitmap_)->Pixels;
+        return platform::FindGraphicsObject<platform::Bitmap>(bitmap_)->pixels;
     }
 
 private:
@@ -471,7 +471,7 @@ TEST_F(Drawing, MemoryIsFlatOverTenThousandRepaints) {
     for (int repaint = 0; repaint < 500; ++repaint) PaintPreview(screen);
     const std::size_t before = BytesAllocated();
     for (int repaint = 0; repaint < 10000; ++repaint) PaintPreview(screen);
-    EXPECT_LT(BytesAllocated(), before + 16 * 1024);
+    EXPECT_LT(BytesAllocated(), before + 16384);
 }
 
 }  // namespace
