@@ -1,0 +1,100 @@
+// Every call of the layer that the document page makes is failed once.
+
+#include <climits>
+
+#include "platform/base/accounting.h"
+#include "platform/testing/failure_points.h"
+#include "tests/support/document_page.h"
+#include "tests/support/message_recorder.h"
+#include "tests/support/plugin_fixture.h"
+#include "tests/support/test_printer.h"
+#include "watermark/watermark_list.h"
+
+using namespace oemui;
+using tests::DocumentPage;
+
+namespace {
+
+class DocumentFailures : public tests::PluginTest {
+protected:
+    DocumentFailures() {
+        tests::BecomeModel('U');
+        tests::WriteIniFile(TEXT("QVRU__WM.INI"),
+                            "[WatermarkInfo]\r\nNUM=2\r\ndat0=0,<NONE>,,Arial,72\r\n"
+                            "dat1=1,Copy,COPY,Arial,72\r\n");
+    }
+    ~DocumentFailures() override = default;
+};
+
+/// An item is whole, or it is as it was cleared.
+void ExpectItemUsable(const OPTITEM& item) {
+    EXPECT_EQ(item.cbSize, 88);
+    if (item.pOptType == nullptr) {
+        EXPECT_EQ(item.Flags, 0U);
+        EXPECT_EQ(item.pName, nullptr);
+        return;
+    }
+    EXPECT_EQ(item.pOptType->Count, 2);
+    EXPECT_NE(item.pOptType->pOptParam, nullptr);
+    EXPECT_EQ((item.Flags & OPTIF_HAS_POIEXT) != 0, item.pOIExt != nullptr);
+}
+
+/// Builds a printer's first page, with the n-th call failing. \return the calls made, by name.
+std::vector<std::string> BuildWithFailure(int failing, DWORD error) {
+    tests::TestPrinter printer(TEXT("Failures Test"));
+    const tests::MessageRecorder recorder;
+    std::vector<std::string> calls;
+    {
+        DocumentPage page(printer.Name());
+        page.With(DMPUB_DUPLEX, 0).With(DMPUB_DEFSOURCE, 0, {"Auto", "Tray 2", "Tray 3"});
+        {
+            const platform::FailurePlan plan(failing, error);
+            page.Build();
+            calls = plan.Passed();
+        }
+        for (const DocumentItem place :
+             {kScalingItem, kWatermarkItem, kTransmitOnceItem, kRenderingIntentItem}) {
+            ExpectItemUsable(page.Own(place));
+        }
+    }
+    const std::string stored = printer.StoredValue(TEXT("WaterMarkList"));
+    EXPECT_TRUE(stored.empty() || stored.size() == sizeof(WatermarkList)) << stored.size();
+    EXPECT_LE(recorder.Messages().size(), 1U);
+    return calls;
+}
+
+TEST_F(DocumentFailures, PageComesUpWhicheverCallFails) {
+    const std::vector<std::string> calls = BuildWithFailure(INT_MAX, ERROR_GEN_FAILURE);
+    ASSERT_GT(calls.size(), 30U);
+    const auto open = platform::LiveObjects();
+    for (const DWORD error : {DWORD{ERROR_NOT_ENOUGH_MEMORY}, DWORD{ERROR_INSUFFICIENT_BUFFER}}) {
+        for (std::size_t failing = 0; failing < calls.size(); ++failing) {
+            // A handle that cannot be closed stays open; nothing can be done about it.
+            if (calls[failing] == "ClosePrinter") continue;
+            SCOPED_TRACE(calls[failing]);
+            BuildWithFailure(static_cast<int>(failing) + 1, error);
+            ASSERT_EQ(platform::LiveObjects(), open);
+        }
+    }
+}
+
+TEST_F(DocumentFailures, ExhaustedHeapLeavesClearedItems) {
+    tests::TestPrinter printer(TEXT("Failures Test"));
+    DocumentPage page(printer.Name());
+    const platform::FailurePlan plan("HeapAlloc", 0, ERROR_NOT_ENOUGH_MEMORY);
+    page.Build();
+    for (const DocumentItem place :
+         {kScalingItem, kWatermarkItem, kTransmitOnceItem, kRenderingIntentItem}) {
+        ExpectItemUsable(page.Own(place));
+        EXPECT_EQ(page.Own(place).pOptType, nullptr);
+    }
+}
+
+TEST_F(DocumentFailures, PageTakesLittleOfTheHeap) {
+    tests::TestPrinter printer(TEXT("Failures Test"));
+    DocumentPage page(printer.Name());
+    page.Build();
+    EXPECT_LE(platform::HeapBytes(page.Params().hOEMHeap), 8192U);
+}
+
+}  // namespace

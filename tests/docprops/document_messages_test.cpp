@@ -1,0 +1,201 @@
+// What the document page tells the user, and the editor behind its button.
+
+#include <cstring>
+#include <filesystem>
+
+#include "common/page_state.h"
+#include "docprops/document_callback.h"
+#include "docprops/paper_constraints.h"
+#include "platform/base/machine.h"
+#include "platform/testing/user.h"
+#include "resources/resource_ids.h"
+#include "tests/support/document_page.h"
+#include "tests/support/message_recorder.h"
+#include "tests/support/plugin_fixture.h"
+#include "tests/support/test_printer.h"
+#include "watermark/watermark_store.h"
+
+using namespace oemui;
+using tests::DocumentPage;
+using tests::ShownMessage;
+using Texts = std::vector<std::string>;
+
+namespace {
+
+class DocumentMessages : public tests::PluginTest {
+protected:
+    DocumentMessages() {
+        tests::BecomeModel('U');
+        page_.With(DMPUB_FORMNAME, 3, {"First paper whose name is longer than a devmode holds"})
+            .With(DMPUB_MEDIATYPE, 0, {"plain paper", "LETTERHEAD", "Recycled Paper", "Glossy"})
+            .With(DMPUB_DUPLEX, 0)
+            .With(DMPUB_NUP, 0);
+    }
+
+    static void InstallDriverStrings() {
+        std::filesystem::copy_file(DRIVER_STRINGS, platform::DriverFolder() / "UNIRES.DLL");
+    }
+    /// Makes a paper of this length, in thousandths of a millimetre, and selects it.
+    void SelectPaper(LONG length, const std::string& name = "Custom") {
+        auto wide = tests::Wide(name + std::to_string(length));
+        FORM_INFO_1W form = {};
+        form.pName = wide.data();
+        form.Size = {210000, length};
+        form.ImageableArea = {0, 0, 210000, length};
+        const UniquePrinter printer = OpenPrinterFor(printer_.Name().c_str(), PRINTER_ALL_ACCESS);
+        ::AddFormW(printer.Get(), 1, reinterpret_cast<LPBYTE>(&form));
+        CopyText(page_.publicDevmode.dmFormName, wide);
+    }
+    /// Builds the page, selects media and sides, applies, and tells what was said meanwhile.
+    Texts Apply(LONG media, LONG duplex) {
+        const tests::MessageRecorder recorder;
+        page_.Build();
+        page_.Driver(DMPUB_MEDIATYPE).Sel = media;
+        page_.Driver(DMPUB_DUPLEX).Sel = duplex;
+        page_.Driver(DMPUB_FORMNAME).Sel = 3;
+        page_.toldAbout.clear();
+        EXPECT_EQ(page_.Report(CPSUICB_REASON_APPLYNOW), CPSUICB_ACTION_ITEMS_APPLIED);
+        for (const ShownMessage& message : recorder.Messages()) {
+            EXPECT_EQ(message.caption, "Conflict!");
+        }
+        return recorder.Texts();
+    }
+    bool IsPaperReset() { return page_.Driver(DMPUB_FORMNAME).Sel == 0; }
+
+    tests::TestPrinter printer_{TEXT("Conflict Test")};
+    DocumentPage page_{printer_.Name()};
+};
+
+const std::string kTooLong =
+    "Length of the selected custom paper size can not be longer than 297 mm. Paper size is reset "
+    "to default. Set media type to either Plain paper, Letterhead or Recycled Paper.";
+const std::string kTooShort =
+    "Length of the selected custom paper size can not be shorter than 198 mm. Paper size is reset "
+    "to default. Set media type to either Thick Stock, Transparency, Postcard, Lables, Glossy or "
+    "Envelope.";
+const std::string kTooShortForDuplex =
+    "Length of the selected custom paper can not be shorter than 279 mm if printing in duplex "
+    "mode. Paper size is reset to default.";
+
+TEST_F(DocumentMessages, PaperLengthIsLimitedByMediaAndDuplex) {
+    constexpr LONG kPlain = 0;
+    constexpr LONG kGlossy = 3;
+    struct Row {
+        LONG length;
+        LONG media;
+        LONG duplex;
+        Texts told;
+    };
+    const Row rows[] = {
+        {297000, kGlossy, 0, {}},
+        {297001, kGlossy, 0, {kTooLong}},
+        {297001, 2, 0, {}},
+        {300000, kGlossy, 1, {kTooLong}},
+        {300000, kPlain, 1, {}},
+        {198000, kPlain, 0, {}},
+        {197999, kPlain, 0, {kTooShort}},
+        {197999, 1, 0, {kTooShort}},
+        {197999, kGlossy, 0, {}},
+        {279400, kPlain, 2, {}},
+        {279300, kPlain, 2, {kTooShortForDuplex}},
+        {150000, kPlain, 1, {kTooShort, kTooShortForDuplex}},
+    };
+    InstallDriverStrings();
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.length);
+        SelectPaper(row.length);
+        EXPECT_EQ(Apply(row.media, row.duplex), row.told);
+        EXPECT_EQ(IsPaperReset(), !row.told.empty());
+    }
+    EXPECT_EQ(tests::Narrow(TextIn(page_.publicDevmode.dmFormName)),
+              "First paper whose name is longe");
+    EXPECT_EQ(page_.toldAbout, std::vector<BYTE>{DMPUB_FORMNAME});
+}
+
+TEST_F(DocumentMessages, OtherModelsAndExemptPapersAreNotChecked) {
+    InstallDriverStrings();
+    CopyText(page_.publicDevmode.dmFormName, TEXT("a5"));
+    EXPECT_EQ(Apply(0, 1), Texts{});
+    CopyText(page_.publicDevmode.dmFormName, TEXT("No such paper"));
+    EXPECT_EQ(Apply(0, 1), Texts{});
+    SelectPaper(150000);
+    tests::BecomeModel('T');
+    EXPECT_EQ(Apply(0, 1), Texts{});
+    EXPECT_FALSE(IsPaperReset());
+}
+
+TEST_F(DocumentMessages, WithoutTheDriversStringsPlainPaperCountsAsSpecial) {
+    SelectPaper(150000);
+    EXPECT_EQ(Apply(0, 0), Texts{});
+    EXPECT_EQ(Apply(1, 0), Texts{kTooShort});
+    SelectPaper(300000);
+    EXPECT_EQ(Apply(0, 0), Texts{kTooLong});
+}
+
+TEST_F(DocumentMessages, ScalingConflictComesFirstAndDropsABookletSilently) {
+    page_.Build();
+    page_.Driver(DMPUB_NUP).Sel = 6;
+    page_.Own(kScalingItem).Sel = 150;
+    const tests::MessageRecorder recorder;
+    page_.Report(CPSUICB_REASON_APPLYNOW);
+    EXPECT_EQ(recorder.Messages(),
+              (std::vector<ShownMessage>{{"Scaling cannot be used with N-up and Booklet. Scaling "
+                                          "will be reset to default value (100%). ",
+                                          "Conflict!"}}));
+    EXPECT_EQ(page_.privateDevmode.PagesPerSheet, 0U);
+}
+
+/// Chooses an entry of the editor's list and closes it.
+class EditorUser : public platform::User {
+public:
+    EditorUser(std::u16string entry, int button) : entry_(std::move(entry)), button_(button) {}
+
+    int AnswerMessageBox(const platform::MessageBoxRequest& /*request*/) override { return IDOK; }
+    void WorkInDialog(HWND dialog) override {
+        ++opened;
+        EXPECT_TRUE(platform::hands::Choose(dialog, IDC_WATERMARK_LIST, entry_));
+        EXPECT_TRUE(platform::hands::Click(dialog, button_));
+    }
+    void ReadHelp(const platform::HelpRequest& /*request*/) override {}
+
+    int opened = 0;
+
+private:
+    std::u16string entry_;
+    int button_;
+    platform::UserScope scope_{*this};
+};
+
+TEST_F(DocumentMessages, EditorsChoiceReachesTheDevmodeOnlyWithOk) {
+    WatermarkList list = {};
+    list.Count = 3;
+    LPCWSTR names[] = {TEXT("<NONE>"), TEXT("Copy"), TEXT("Draft")};
+    for (std::size_t i = 0; i < 3; ++i) {
+        list.Entries[i].Index = static_cast<UINT32>(i);
+        list.Entries[i].InUse = 1;
+        list.Entries[i].PointSize = 72;
+        CopyText(list.Entries[i].Name, names[i]);
+        CopyText(list.Entries[i].Text, names[i]);
+    }
+    WritePrinterWatermarkList(printer_.Name().c_str(), list, IDS_LIST_NOT_STORED);
+    page_.Build();
+    page_.Own(kWatermarkItem).Sel = 0;
+    page_.privateDevmode.WatermarkIndex = 99;
+    const PrivateDevmode before = page_.privateDevmode;
+    {
+        EditorUser user(u"Draft", IDC_CANCEL);
+        EXPECT_EQ(page_.Report(CPSUICB_REASON_EXTPUSH, &page_.Own(kWatermarkItem)),
+                  CPSUICB_ACTION_NONE);
+        EXPECT_EQ(user.opened, 1);
+        EXPECT_EQ(std::memcmp(&before, &page_.privateDevmode, sizeof before), 0);
+    }
+    EditorUser user(u"Draft", IDOK);
+    EXPECT_EQ(page_.Report(CPSUICB_REASON_EXTPUSH, &page_.Own(kWatermarkItem)),
+              CPSUICB_ACTION_ITEMS_APPLIED);
+    EXPECT_EQ(page_.privateDevmode.WatermarkIndex, 2U);
+    EXPECT_EQ(tests::Narrow(TextIn(page_.privateDevmode.Watermark.Name)), "Draft");
+    // Selection 3 of the form item: the fourth of the printer's papers.
+    EXPECT_GT(PreviewPaperSize.Length, PreviewPaperSize.Width);
+}
+
+}  // namespace

@@ -1,0 +1,124 @@
+#include "docprops/installed_options.h"
+
+#include "tests/support/document_page.h"
+#include "tests/support/plugin_fixture.h"
+
+using namespace oemui;
+using tests::DocumentPage;
+
+namespace {
+
+constexpr DWORD kStopped = 0x12;
+
+class InstalledOptionsTest : public tests::PluginTest {};
+
+/// A driver's page with everything that depends on the options.
+void AddDriverItems(DocumentPage* page) {
+    page->With(DMPUB_DUPLEX, 1, {"None", "Long edge", "Short edge"})
+        .With(DMPUB_NUP, 0, {"1", "2", "4", "6", "9", "16", "Booklet"})
+        .With(DMPUB_DEFSOURCE, 0, {"Tray 2", "Tray 1", "TRAY 2", "Tray 2", "Tray 3"});
+    page->publicDevmode.dmDuplex = DMDUP_VERTICAL;
+}
+
+struct Row {
+    const char* tray2;
+    const char* duplex;
+    const char* tray3;
+    bool hasTray2;
+    bool hasDuplex;
+    bool hasTray3;
+};
+
+TEST_F(InstalledOptionsTest, DriversSettingsDecideWhenThePrinterIsNotAsked) {
+    constexpr Row kRows[] = {
+        {"Yes", "Yes", "Yes", true, true, true},  {"No", "Yes", "Yes", false, true, false},
+        {"Yes", "None", "N", true, false, false}, {"no", "Yes", "", true, true, false},
+        {"", "", "Yes", true, true, true},        {"N", "N", "N", false, false, false},
+    };
+    for (const Row& row : kRows) {
+        DocumentPage page;
+        page.Setting("Tray2", row.tray2).Setting("DuplexUnit", row.duplex);
+        page.Setting("Tray3", row.tray3);
+        const InstalledOptions options = ReadInstalledOptions(page.Params());
+        EXPECT_EQ(options.Tray2, row.hasTray2) << row.tray2;
+        EXPECT_EQ(options.Duplex, row.hasDuplex) << row.duplex;
+        EXPECT_EQ(options.Tray3, row.hasTray3) << row.tray3;
+    }
+}
+
+TEST_F(InstalledOptionsTest, MissingTrayTwoSettlesTrayThreeUnasked) {
+    DocumentPage page;
+    page.Setting("Tray2", "N");
+    ReadInstalledOptions(page.Params());
+    EXPECT_EQ(page.asked, (std::vector<std::string>{"Tray2", "DuplexUnit"}));
+}
+
+TEST_F(InstalledOptionsTest, EverythingInstalledIsOfferedAgain) {
+    DocumentPage page;
+    AddDriverItems(&page);
+    page.Driver(DMPUB_DUPLEX).Flags = OPTIF_DISABLED | OPTIF_CALLBACK;
+    page.Choice(DMPUB_NUP, 6).Flags = OPTPF_HIDE | 0x80;
+    page.Choice(DMPUB_DEFSOURCE, 2).Flags = kStopped | 0x80;
+    page.Choice(DMPUB_DEFSOURCE, 4).Flags = kStopped;
+    AdjustDriverItems(&page.Params());
+    EXPECT_EQ(page.Driver(DMPUB_DUPLEX).Flags, static_cast<DWORD>(OPTIF_CALLBACK));
+    EXPECT_EQ(page.Driver(DMPUB_DUPLEX).Sel, 1);
+    EXPECT_EQ(page.publicDevmode.dmDuplex, DMDUP_VERTICAL);
+    EXPECT_EQ(page.Choice(DMPUB_NUP, 6).Flags, 0x80);
+    EXPECT_EQ(page.Choice(DMPUB_DEFSOURCE, 2).Flags, 0x80);
+    EXPECT_EQ(page.Choice(DMPUB_DEFSOURCE, 4).Flags, 0);
+    EXPECT_TRUE(page.toldAbout.empty());
+}
+
+TEST_F(InstalledOptionsTest, NothingInstalledLeavesSimplexAndTheFirstTray) {
+    DocumentPage page;
+    AddDriverItems(&page);
+    page.Setting("Tray2", "No").Setting("DuplexUnit", "No");
+    page.Driver(DMPUB_DUPLEX).Flags = OPTIF_CALLBACK | OPTIF_CHANGED;
+    page.Choice(DMPUB_NUP, 6).Flags = 0x80;
+    page.Choice(DMPUB_DEFSOURCE, 2).Flags = 0x80;
+    AdjustDriverItems(&page.Params());
+    EXPECT_EQ(page.Driver(DMPUB_DUPLEX).Flags, static_cast<DWORD>(OPTIF_DISABLED));
+    EXPECT_EQ(page.Driver(DMPUB_DUPLEX).Sel, 0);
+    EXPECT_EQ(page.publicDevmode.dmDuplex, DMDUP_SIMPLEX);
+    EXPECT_EQ(page.toldAbout, std::vector<BYTE>{DMPUB_DUPLEX});
+    EXPECT_EQ(page.Choice(DMPUB_NUP, 6).Flags, OPTPF_HIDE);
+    // The first choice is never taken for the tray, nor is a second one of the same name.
+    EXPECT_EQ(page.Choice(DMPUB_DEFSOURCE, 0).Flags, 0);
+    EXPECT_EQ(page.Choice(DMPUB_DEFSOURCE, 2).Flags, kStopped);
+    EXPECT_EQ(page.Choice(DMPUB_DEFSOURCE, 3).Flags, 0);
+    EXPECT_EQ(page.Choice(DMPUB_DEFSOURCE, 4).Flags, kStopped);
+}
+
+TEST_F(InstalledOptionsTest, UnknownTrayThreeKeepsItsChoice) {
+    DocumentPage page;
+    AddDriverItems(&page);
+    page.Setting("Tray3", "");
+    page.Choice(DMPUB_DEFSOURCE, 4).Flags = 0x80;
+    AdjustDriverItems(&page.Params());
+    EXPECT_EQ(page.Choice(DMPUB_DEFSOURCE, 4).Flags, 0x80);
+}
+
+TEST_F(InstalledOptionsTest, ItemsThatAreNotThereAreLeftAlone) {
+    DocumentPage shortNup;
+    shortNup.With(DMPUB_DUPLEX, 1).With(DMPUB_NUP, 0, {"1", "2"}).Setting("DuplexUnit", "No");
+    AdjustDriverItems(&shortNup.Params());
+    EXPECT_EQ(shortNup.Choice(DMPUB_NUP, 1).Flags, 0);
+
+    DocumentPage onlyNup;
+    onlyNup.With(DMPUB_NUP, 0, {"1", "2", "4", "6", "9", "16", "Booklet"});
+    onlyNup.Setting("DuplexUnit", "No");
+    AdjustDriverItems(&onlyNup.Params());
+    EXPECT_EQ(onlyNup.Choice(DMPUB_NUP, 6).Flags, 0);
+
+    DocumentPage silent;
+    AddDriverItems(&silent);
+    silent.WithoutFunctions();
+    silent.Driver(DMPUB_DUPLEX).Flags = OPTIF_DISABLED;
+    silent.Choice(DMPUB_DEFSOURCE, 4).Flags = kStopped;
+    AdjustDriverItems(&silent.Params());
+    EXPECT_EQ(silent.Driver(DMPUB_DUPLEX).Flags, 0U);
+    EXPECT_EQ(silent.Choice(DMPUB_DEFSOURCE, 4).Flags, kStopped);
+}
+
+}  // namespace
