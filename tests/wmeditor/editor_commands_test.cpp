@@ -1,0 +1,314 @@
+#include <algorithm>
+
+#include "tests/wmeditor/editor_fixture.h"
+#include "watermark/default_watermarks.h"
+
+namespace oemui {
+namespace {
+
+using tests::DialogMessage;
+using tests::MakeList;
+using tests::NamesIn;
+using tests::Narrow;
+
+const DialogMessage kListFull = {"Watermark list is full, maximum is 16.", "Error", MB_OK};
+const DialogMessage kNotDeleted = {"It's not allowed to delete <NONE>.", "Watermark", MB_OK};
+const DialogMessage kConfirmDelete = {"Are you sure you want to delete the selected watermark?",
+                                      "Delete Watermark", MB_OKCANCEL};
+const DialogMessage kListEmpty = {"Watermark list is empty.", "Watermark", MB_OK};
+const DialogMessage kNoneNotAdded = {"<NONE> can not be added.", "Error", MB_OK};
+const DialogMessage kNameEmpty = {"Watermark name empty!", "Error", MB_OK};
+const DialogMessage kTextEmpty = {"Watermark string empty!", "Error", MB_OK};
+const DialogMessage kOverwrite = {"Do you want to overwrite the existing watermark name?",
+                                  "Warning", MB_YESNO};
+const DialogMessage kNotOpened = {"Failed to open printer.", "Error", MB_OK};
+
+DialogMessage NewSelected(const std::string& name) {
+    return {"The new watermark \"" + name + "\" is selected.", "Watermark", MB_OK};
+}
+
+class EditorCommands : public tests::EditorTest {
+protected:
+    void ExpectMessages(const std::vector<DialogMessage>& expected) {
+        ASSERT_EQ(user_.Messages().size(), expected.size());
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            EXPECT_EQ(user_.Messages()[i].text, expected[i].text);
+            EXPECT_EQ(user_.Messages()[i].caption, expected[i].caption);
+            EXPECT_EQ(user_.Messages()[i].type, expected[i].type);
+        }
+    }
+    /// Presses New and gives the new watermark a name and a text.
+    void Add(const tests::Text& name, const tests::Text& text) {
+        EXPECT_TRUE(user_.Click(IDC_NEW));
+        EXPECT_TRUE(user_.TypeText(IDC_NAME, name));
+        EXPECT_TRUE(user_.TypeText(IDC_TEXT, text));
+    }
+};
+
+TEST_F(EditorCommands, AnEmptyListOpensOnTheDefaultsAndCancelKeepsThem) {
+    tests::WriteIniFile(TEXT("QVRT__WM.INI"),
+                        "[WatermarkInfo]\r\nNUM=2\r\ndat0=0,<NONE>,,Arial,72,0,0,0,0,0,0,0,0,0,0"
+                        "\r\ndat1=1,Copy,COPY,Arial,72,1,0,0,0,255,1,9,0,0,0\r\n");
+    list_ = {};
+    EXPECT_EQ(Edit([this] {
+                  EXPECT_EQ(Send(IDC_WATERMARK_LIST, CB_GETCOUNT), 2);
+                  user_.Choose(IDC_WATERMARK_LIST, TEXT("Copy"));
+                  EXPECT_TRUE(user_.Click(IDC_CANCEL));
+              }),
+              0);
+    EXPECT_EQ(Narrow(NamesIn(WorkingWatermarkList)), "<NONE> Copy");
+    EXPECT_EQ(list_.Count, 0);
+    EXPECT_EQ(Stored().Count, 0);
+}
+
+TEST_F(EditorCommands, AnUntouchedListIsStoredWithItsSelection) {
+    EXPECT_EQ(Edit([this] {
+                  user_.Choose(IDC_WATERMARK_LIST, TEXT("<NONE>"));
+                  EXPECT_TRUE(user_.Click(IDOK));
+              }),
+              1);
+    ExpectMessages({});
+    EXPECT_EQ(list_.Selected, 0);
+    EXPECT_EQ(list_.NoneSelected, 1u);
+    EXPECT_EQ(Stored().NoneSelected, 1u);
+    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Alpha Delta Echo Foxtrot");
+}
+
+TEST_F(EditorCommands, EscapeAndTheCloseBoxCancelEnterConfirms) {
+    EXPECT_EQ(Edit([this] {
+                  user_.TypeText(IDC_NAME, TEXT("Renamed"));
+                  user_.PressKey(VK_ESCAPE);
+              }),
+              0);
+    EXPECT_EQ(Edit([this] { user_.Close(); }), 0);
+    EXPECT_EQ(Stored().Count, 0);
+    user_.WillAnswer({IDYES});
+    EXPECT_EQ(Edit([this] {
+                  user_.TypeText(IDC_POINT_SIZE, TEXT("5"));
+                  user_.PressKey(VK_RETURN);
+              }),
+              1);
+    EXPECT_EQ(Stored().Entries[1].PointSize, 8) << "the focus never left the edit";
+    EXPECT_EQ(Narrow(TextIn(list_.Entries[1].Name)), "Alpha");
+}
+
+TEST_F(EditorCommands, ChangedSettingsAreOverwrittenOnlyOnYes) {
+    list_.Selected = 2;
+    user_.WillAnswer({IDNO, IDYES});
+    EXPECT_EQ(Edit([this] {
+                  user_.Choose(IDC_WATERMARK_LIST, TEXT("Echo"));
+                  user_.TypeText(IDC_POINT_SIZE, TEXT("48"));
+                  user_.Click(IDOK);
+                  EXPECT_EQ(SelectedIn(IDC_WATERMARK_LIST), 2) << "back to the opening selection";
+                  EXPECT_EQ(TextOf(IDC_NAME), "Delta");
+                  EXPECT_EQ(CurrentIndex, 2);
+                  EXPECT_EQ(Stored().Count, 0);
+                  user_.Choose(IDC_WATERMARK_LIST, TEXT("Echo"));
+                  EXPECT_EQ(TextOf(IDC_POINT_SIZE), "72");
+                  user_.TypeText(IDC_POINT_SIZE, TEXT("48"));
+                  user_.Click(IDOK);
+              }),
+              1);
+    ExpectMessages({kOverwrite, kOverwrite});
+    EXPECT_EQ(Stored().Entries[3].PointSize, 48);
+    EXPECT_EQ(list_.Selected, 3);
+    EXPECT_EQ(list_.NoneSelected, 0u);
+}
+
+TEST_F(EditorCommands, ARenamedEntryIsStoredInItsPlaceWithoutAQuestion) {
+    EXPECT_EQ(Edit([this] {
+                  user_.TypeText(IDC_NAME, TEXT("Zulu"));
+                  user_.TypeText(IDC_POINT_SIZE, TEXT("20"));
+                  user_.Click(IDOK);
+              }),
+              1);
+    ExpectMessages({});
+    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Zulu Delta Echo Foxtrot");
+    EXPECT_EQ(Stored().Entries[1].PointSize, 20);
+}
+
+TEST_F(EditorCommands, ADiagonalEntryTakesThePagesAngleAndAsks) {
+    list_.Entries[1].AngleKind = kAngleDiagonal;
+    list_.Entries[1].AngleDegrees = 7;
+    user_.WillAnswer({IDYES});
+    EXPECT_EQ(Edit([this] { user_.Click(IDOK); }), 1);
+    ExpectMessages({kOverwrite});
+    EXPECT_EQ(Stored().Entries[1].AngleDegrees, static_cast<INT32>(DiagonalAngleDegrees()));
+}
+
+TEST_F(EditorCommands, NewStartsFromEntryZeroUnderAFreeName) {
+    CopyText(list_.Entries[2].Name, TEXT("Watermark - #1"));
+    list_.Entries[0].PointSize = 33;
+    list_.Entries[0].AngleDegrees = -5;
+    Edit([this] {
+        EXPECT_TRUE(user_.Click(IDC_NEW));
+        EXPECT_EQ(Narrow(TextIn(EditedWatermark.Name)), "Watermark - #2");
+        EXPECT_EQ(Narrow(TextIn(PreviewWatermark.Text)), "Watermark String");
+        EXPECT_EQ(EditedWatermark.PointSize, 33);
+        EXPECT_EQ(PreviewWatermark.AngleDegrees, -5);
+        EXPECT_EQ(AddingNew, 1u);
+        EXPECT_EQ(::GetFocus(), ::GetDlgItem(user_.Dialog(), IDC_NAME));
+        EXPECT_EQ(
+            EnabledAmong({IDC_NEW, IDC_DELETE, IDC_WATERMARK_LIST, IDC_CANCEL, IDC_POINT_SIZE}),
+            (std::vector<int>{IDC_CANCEL, IDC_POINT_SIZE}));
+        user_.Click(IDC_CANCEL);
+    });
+    EXPECT_EQ(AddingNew, 0u);
+}
+
+TEST_F(EditorCommands, ANewEntryIsSortedInSelectedAndAnnounced) {
+    list_.Count = 3;
+    EXPECT_EQ(Edit([this] {
+                  Add(TEXT("Zebra"), TEXT("stripes"));
+                  user_.Choose(IDC_COLOR, TEXT("Green"));
+                  user_.Click(IDOK);
+              }),
+              1);
+    ExpectMessages({NewSelected("Zebra")});
+    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Alpha Delta Zebra");
+    EXPECT_EQ(list_.Selected, 3);
+    EXPECT_EQ(list_.Entries[3].Green, 255);
+    EXPECT_EQ(list_.Entries[3].InUse, 1u);
+    EXPECT_EQ(Edit([this] {
+                  Add(TEXT("Bravo"), tests::Text(64, TEXT('b')));
+                  user_.Click(IDOK);
+              }),
+              1);
+    EXPECT_EQ(list_.Selected, 2);
+    EXPECT_EQ(Stored().Entries[2].Index, 2u);
+    EXPECT_EQ(TextIn(Stored().Entries[2].Text).size(), 63u);
+}
+
+TEST_F(EditorCommands, ARefusedEntryIsStillBeingAdded) {
+    EXPECT_EQ(Edit([this] {
+                  Add(TEXT("<NONE>"), TEXT(""));
+                  user_.Click(IDOK);
+                  user_.TypeText(IDC_NAME, TEXT("   "));
+                  user_.Click(IDOK);
+                  user_.TypeText(IDC_NAME, TEXT("Tango"));
+                  user_.Click(IDOK);
+                  EXPECT_EQ(AddingNew, 1u);
+                  EXPECT_FALSE(IsEnabled(IDC_WATERMARK_LIST));
+                  user_.PressKey(VK_ESCAPE);
+              }),
+              0);
+    ExpectMessages({kNoneNotAdded, kNameEmpty, kTextEmpty});
+}
+
+TEST_F(EditorCommands, AnExistingNameIsOverwrittenAsAWholeOnYes) {
+    user_.WillAnswer({IDNO, IDYES});
+    EXPECT_EQ(Edit([this] {
+                  Add(TEXT("Delta"), TEXT("other"));
+                  user_.Click(IDC_BOLD);
+                  user_.Click(IDOK);
+                  EXPECT_EQ(TextOf(IDC_TEXT), "other");
+                  user_.Click(IDOK);
+              }),
+              1);
+    ExpectMessages({kOverwrite, kOverwrite, NewSelected("Delta")});
+    EXPECT_EQ(Stored().Count, 5);
+    EXPECT_EQ(Stored().Selected, 2);
+    EXPECT_EQ(Stored().Entries[2].Bold, 1);
+    EXPECT_EQ(Narrow(TextIn(Stored().Entries[2].Text)), "other");
+}
+
+TEST_F(EditorCommands, AFullListTakesNoMoreUntilOneGoes) {
+    while (list_.Count < kWatermarkCapacity) list_.Entries[list_.Count++] = list_.Entries[4];
+    list_.Selected = 0;
+    user_.WillAnswer({IDOK});
+    Edit([this] {
+        EXPECT_TRUE(user_.Click(IDC_NEW));
+        EXPECT_EQ(EnabledAmong({IDC_NEW, IDC_DELETE, IDC_NAME, IDC_WATERMARK_LIST}),
+                  (std::vector<int>{IDC_NAME, IDC_WATERMARK_LIST}));
+        user_.Choose(IDC_WATERMARK_LIST, TEXT("Alpha"));
+        EXPECT_TRUE(user_.Click(IDC_DELETE));
+        EXPECT_TRUE(IsEnabled(IDC_NEW));
+    });
+    ExpectMessages({kListFull, kConfirmDelete});
+}
+
+TEST_F(EditorCommands, ADeletionShowsTheEntryBeforeAndEscapeTakesItBack) {
+    list_.Selected = 2;
+    user_.WillAnswer({IDCANCEL, IDOK, IDOK});
+    EXPECT_EQ(Edit([this] {
+                  user_.Click(IDC_DELETE);
+                  EXPECT_EQ(WorkingWatermarkList.Count, 5);
+                  user_.Click(IDC_DELETE);
+                  EXPECT_EQ(SelectedIn(IDC_WATERMARK_LIST), 1);
+                  EXPECT_EQ(TextOf(IDC_NAME), "Alpha");
+                  EXPECT_EQ(EnabledAmong({IDC_NEW, IDC_CANCEL, IDC_DELETE, IDC_POINT_SIZE}),
+                            (std::vector<int>{IDC_NEW, IDC_DELETE, IDC_POINT_SIZE}));
+                  user_.Click(IDC_BOLD);
+                  EXPECT_TRUE(IsEnabled(IDC_CANCEL)) << "any command brings it back";
+                  user_.Click(IDC_DELETE);
+                  EXPECT_EQ(TextOf(IDC_NAME), "<NONE>");
+                  EXPECT_FALSE(IsEnabled(IDC_CANCEL));
+                  EXPECT_TRUE(EnabledAmong({IDC_DELETE, IDC_POINT_SIZE, IDC_NAME}).empty());
+                  user_.PressKey(VK_ESCAPE);
+              }),
+              0);
+    ExpectMessages({kConfirmDelete, kConfirmDelete, kConfirmDelete});
+    EXPECT_EQ(Narrow(NamesIn(WorkingWatermarkList)), "<NONE> Alpha Delta Echo Foxtrot");
+    EXPECT_EQ(Stored().Count, 0);
+}
+
+TEST_F(EditorCommands, ADeletionIsStoredAndLaterEntriesAreNotAskedAbout) {
+    list_.Orientation = 2;
+    user_.WillAnswer({IDOK});
+    EXPECT_EQ(Edit([this] {
+                  user_.Click(IDC_DELETE);
+                  user_.Choose(IDC_WATERMARK_LIST, TEXT("Echo"));
+                  user_.TypeText(IDC_POINT_SIZE, TEXT("20"));
+                  user_.Click(IDOK);
+              }),
+              1);
+    ExpectMessages({kConfirmDelete});
+    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Delta Echo Foxtrot");
+    EXPECT_EQ(Stored().Entries[2].PointSize, 20);
+    EXPECT_EQ(Stored().Selected, 2);
+    EXPECT_EQ(Stored().Orientation, 0u);
+}
+
+TEST_F(EditorCommands, EntryZeroIsNeverDeleted) {
+    list_.Count = 1;
+    list_.Selected = 0;
+    user_.WillAnswer({IDOK});
+    Edit([this] {
+        EXPECT_FALSE(user_.Click(IDC_DELETE));
+        SendCommand(IDC_DELETE);
+        user_.Click(IDC_NEW);
+        CurrentIndex = 1;
+        SendCommand(IDC_DELETE);
+        EXPECT_TRUE(IsEnabled(IDC_NEW));
+        EXPECT_EQ(WorkingWatermarkList.Count, 1);
+    });
+    ExpectMessages({kNotDeleted, kConfirmDelete, kListEmpty});
+}
+
+TEST_F(EditorCommands, AnEmptyListTakesItsFirstEntry) {
+    list_ = {};
+    EXPECT_EQ(Edit([this] {
+                  SendCommand(IDC_WATERMARK_LIST);
+                  EXPECT_FALSE(IsEnabled(IDC_NAME));
+                  Add(TEXT("First"), TEXT("first"));
+                  user_.Click(IDOK);
+              }),
+              1);
+    EXPECT_EQ(Narrow(NamesIn(Stored())), "First");
+    EXPECT_EQ(Stored().NoneSelected, 1u);
+}
+
+TEST_F(EditorCommands, WithoutThePrinterTheChoiceStandsAndTheUserIsTold) {
+    CurrentPrinterName = TEXT("No such printer");
+    EXPECT_EQ(Edit([this] {
+                  user_.TypeText(IDC_NAME, TEXT("Renamed"));
+                  user_.Click(IDOK);
+              }),
+              1);
+    ExpectMessages({kNotOpened});
+    EXPECT_EQ(Narrow(TextIn(list_.Entries[1].Name)), "Renamed");
+    EXPECT_EQ(Stored().Count, 0);
+}
+
+}  // namespace
+}  // namespace oemui

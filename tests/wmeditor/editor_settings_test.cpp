@@ -1,0 +1,290 @@
+#include <algorithm>
+#include <climits>
+
+#include "tests/wmeditor/editor_fixture.h"
+#include "watermark/default_watermarks.h"
+#include "wmeditor/editor_controls.h"
+
+namespace oemui {
+namespace {
+
+using tests::Narrow;
+
+class EditorSettings : public tests::EditorTest {};
+
+const std::vector<int> kSettings = {
+    IDC_NAME,   IDC_TEXT,  IDC_TYPEFACE, IDC_POINT_SIZE, IDC_BOLD,           IDC_POINT_SIZE_SPIN,
+    IDC_ITALIC, IDC_ANGLE, IDC_COLOR,    IDC_CENTER,     IDC_SETTINGS_GROUP, IDC_USER_POSITION,
+    IDC_DELETE};
+const std::vector<int> kUserAngle = {IDC_USER_ANGLE, IDC_USER_ANGLE_SPIN, IDC_USER_ANGLE_LABEL};
+const std::vector<int> kOffsets = {IDC_HORIZONTAL, IDC_HORIZONTAL_SPIN, IDC_VERTICAL,
+                                   IDC_VERTICAL_SPIN};
+
+TEST_F(EditorSettings, AnEntryIsShownInEveryControl) {
+    WatermarkRecord& entry = list_.Entries[1];
+    entry.Bold = 7;
+    entry.PointSize = 48;
+    entry.ColorIndex = 4;
+    entry.AngleKind = kAngleUserDefine;
+    entry.AngleDegrees = -30;
+    entry.PositionKind = kPositionUserSetting;
+    entry.OffsetX = -12;
+    entry.OffsetY = 999;
+    EXPECT_EQ(Edit([this] {
+                  EXPECT_EQ(SelectedIn(IDC_WATERMARK_LIST), 1);
+                  EXPECT_EQ(TextOf(IDC_WATERMARK_LIST), "Alpha");
+                  EXPECT_EQ(TextOf(IDC_NAME), "Alpha");
+                  EXPECT_EQ(TextOf(IDC_TEXT), "Alpha");
+                  EXPECT_EQ(TextOf(IDC_POINT_SIZE), "48");
+                  EXPECT_TRUE(IsChecked(IDC_BOLD));
+                  EXPECT_FALSE(IsChecked(IDC_ITALIC));
+                  EXPECT_EQ(TextOf(IDC_COLOR), "Red");
+                  EXPECT_EQ(TextOf(IDC_ANGLE), "User Define");
+                  EXPECT_EQ(TextOf(IDC_USER_ANGLE), "-30");
+                  EXPECT_TRUE(IsChecked(IDC_USER_POSITION));
+                  EXPECT_FALSE(IsChecked(IDC_CENTER));
+                  EXPECT_EQ(TextOf(IDC_HORIZONTAL), "-12");
+                  EXPECT_EQ(TextOf(IDC_VERTICAL), "999");
+                  EXPECT_EQ(EnabledAmong(kSettings), kSettings);
+                  EXPECT_EQ(EnabledAmong(kUserAngle), kUserAngle);
+                  EXPECT_EQ(EnabledAmong(kOffsets), kOffsets);
+                  EXPECT_EQ(PreviewWatermark.Red, 255);
+                  EXPECT_EQ(PreviewWatermark.Green, 0);
+              }),
+              0);
+}
+
+TEST_F(EditorSettings, EntryZeroCannotBeChanged) {
+    list_.Selected = 0;
+    Edit([this] {
+        EXPECT_TRUE(EnabledAmong(kSettings).empty());
+        EXPECT_TRUE(EnabledAmong(kUserAngle).empty());
+        EXPECT_TRUE(EnabledAmong(kOffsets).empty());
+        EXPECT_TRUE(user_.Choose(IDC_WATERMARK_LIST, TEXT("Delta")));
+        EXPECT_EQ(TextOf(IDC_NAME), "Delta");
+        EXPECT_EQ(CurrentIndex, 2);
+        EXPECT_EQ(EnabledAmong(kSettings), kSettings);
+        EXPECT_TRUE(user_.Choose(IDC_WATERMARK_LIST, TEXT("<NONE>")));
+        EXPECT_TRUE(EnabledAmong(kSettings).empty());
+    });
+}
+
+TEST_F(EditorSettings, ShowingAnEntryBringsItsOwnAngleIntoRange) {
+    // Whatever angle the kind stands for, the angle edit's own handling has the last word.
+    list_.Entries[1].AngleKind = kAngleVertical;
+    list_.Entries[1].AngleDegrees = 30;
+    list_.Entries[2].AngleDegrees = 400;
+    list_.Entries[3].AngleKind = 77;
+    list_.Entries[3].AngleDegrees = INT_MIN;
+    Edit([this] {
+        EXPECT_EQ(EditedWatermark.AngleDegrees, 30);
+        EXPECT_EQ(PreviewWatermark.AngleDegrees, 30);
+        user_.Choose(IDC_WATERMARK_LIST, TEXT("Delta"));
+        EXPECT_EQ(PreviewWatermark.AngleDegrees, 180);
+        EXPECT_EQ(TextOf(IDC_USER_ANGLE), "180");
+        user_.Choose(IDC_WATERMARK_LIST, TEXT("Echo"));
+        EXPECT_EQ(EditedWatermark.AngleDegrees, -180);
+        EXPECT_EQ(SelectedIn(IDC_ANGLE), -1);
+        EXPECT_TRUE(EnabledAmong(kUserAngle).empty());
+    });
+}
+
+TEST_F(EditorSettings, TheAngleIsHeldBackAtOnce) {
+    list_.Entries[1].AngleKind = kAngleUserDefine;
+    Edit([this] {
+        EXPECT_TRUE(user_.TypeText(IDC_USER_ANGLE, TEXT("250")));
+        EXPECT_EQ(TextOf(IDC_USER_ANGLE), "180");
+        EXPECT_EQ(EditedWatermark.AngleDegrees, 180);
+        EXPECT_TRUE(user_.TypeText(IDC_USER_ANGLE, TEXT("-181")));
+        EXPECT_EQ(TextOf(IDC_USER_ANGLE), "-180");
+        EXPECT_EQ(PreviewWatermark.AngleDegrees, -180);
+        EXPECT_TRUE(user_.TypeText(IDC_USER_ANGLE, TEXT("1234")));
+        EXPECT_EQ(TextOf(IDC_USER_ANGLE), "123") << "three characters above zero";
+        EXPECT_TRUE(user_.StepUpDown(IDC_USER_ANGLE_SPIN, -2));
+        EXPECT_EQ(EditedWatermark.AngleDegrees, 121);
+        EXPECT_TRUE(user_.TypeText(IDC_USER_ANGLE, TEXT("")));
+        EXPECT_EQ(PreviewWatermark.AngleDegrees, 0);
+    });
+}
+
+TEST_F(EditorSettings, TheUserAngleStartsFromTheLastPresetOfTheProcess) {
+    list_.Entries[1].AngleDegrees = 30;
+    Edit([this] {
+        user_.Choose(IDC_ANGLE, TEXT("User Define"));
+        EXPECT_EQ(TextOf(IDC_USER_ANGLE), "0");
+        user_.Choose(IDC_ANGLE, TEXT("Diagonal"));
+        EXPECT_EQ(EditedWatermark.AngleDegrees, static_cast<INT32>(DiagonalAngleDegrees()));
+        EXPECT_TRUE(EnabledAmong(kUserAngle).empty());
+        user_.Choose(IDC_ANGLE, TEXT("User Define"));
+        EXPECT_EQ(TextOf(IDC_USER_ANGLE), "45");
+        EXPECT_EQ(EditedWatermark.AngleKind, kAngleUserDefine);
+        EXPECT_EQ(EnabledAmong(kUserAngle), kUserAngle);
+        user_.Choose(IDC_ANGLE, TEXT("Vertical"));
+        EXPECT_EQ(PreviewWatermark.AngleDegrees, 90);
+        EXPECT_EQ(PreviewWatermark.AngleKind, kAngleHorizontal) << "as the entry was shown";
+    });
+    // In the next opening it takes no more than a look at the list.
+    list_.Entries[1].AngleKind = kAngleUserDefine;
+    Edit([this] {
+        EXPECT_EQ(TextOf(IDC_USER_ANGLE), "30");
+        user_.Choose(IDC_ANGLE, TEXT("User Define"));
+        EXPECT_EQ(TextOf(IDC_USER_ANGLE), "90");
+    });
+}
+
+TEST_F(EditorSettings, TheSizeIsHeldBackWhenTheFocusLeaves) {
+    Edit([this] {
+        EXPECT_TRUE(user_.TypeText(IDC_POINT_SIZE, TEXT("5")));
+        EXPECT_EQ(PreviewWatermark.PointSize, 5);
+        EXPECT_EQ(TextOf(IDC_POINT_SIZE), "5");
+        EXPECT_TRUE(user_.Click(IDC_BOLD));
+        EXPECT_EQ(TextOf(IDC_POINT_SIZE), "8");
+        EXPECT_EQ(PreviewWatermark.PointSize, 8);
+        EXPECT_TRUE(user_.TypeText(IDC_POINT_SIZE, TEXT("9999")));
+        EXPECT_EQ(EditedWatermark.PointSize, 999) << "three digits at most";
+        EXPECT_TRUE(user_.Click(IDC_ITALIC));
+        EXPECT_EQ(EditedWatermark.PointSize, 200);
+        EXPECT_TRUE(user_.TypeText(IDC_POINT_SIZE, TEXT("-x")));
+        EXPECT_EQ(TextOf(IDC_POINT_SIZE), "200") << "digits only";
+        EXPECT_TRUE(user_.StepUpDown(IDC_POINT_SIZE_SPIN, -1));
+        EXPECT_EQ(PreviewWatermark.PointSize, 199);
+    });
+}
+
+TEST_F(EditorSettings, NamesAndTextsHaveTheirLimits) {
+    Edit([this] {
+        EXPECT_TRUE(user_.TypeText(IDC_NAME, tests::Text(25, TEXT('n'))));
+        EXPECT_EQ(Narrow(TextIn(EditedWatermark.Name)), std::string(20, 'n'));
+        EXPECT_EQ(Narrow(TextIn(PreviewWatermark.Name)), "Alpha");
+        EXPECT_TRUE(user_.TypeText(IDC_TEXT, tests::Text(70, TEXT('t'))));
+        EXPECT_EQ(TextOf(IDC_TEXT), std::string(64, 't'));
+        EXPECT_EQ(Narrow(TextIn(EditedWatermark.Text)), std::string(63, 't'));
+        EXPECT_EQ(Narrow(TextIn(PreviewWatermark.Text)), std::string(63, 't'));
+        EXPECT_TRUE(user_.TypeText(IDC_TEXT, TEXT("")));
+        EXPECT_EQ(PreviewWatermark.Text[0], 0);
+    });
+}
+
+TEST_F(EditorSettings, StyleAndColourReachBothRecords) {
+    Edit([this] {
+        user_.Click(IDC_BOLD);
+        user_.Click(IDC_ITALIC);
+        user_.Click(IDC_BOLD);
+        user_.Choose(IDC_COLOR, TEXT("Magenta"));
+        for (const WatermarkRecord* record : {&EditedWatermark, &PreviewWatermark}) {
+            EXPECT_EQ(record->Bold, 0);
+            EXPECT_EQ(record->Italic, 1);
+            EXPECT_EQ(record->ColorIndex, 2u);
+            EXPECT_EQ(record->Red, 255);
+            EXPECT_EQ(record->Green, 0);
+            EXPECT_EQ(record->Blue, 255);
+        }
+    });
+}
+
+TEST_F(EditorSettings, TheTypefaceListKnowsTheSystemsFamilies) {
+    Edit([this] {
+        ::SendDlgItemMessageW(user_.Dialog(), IDC_TYPEFACE, CB_ADDSTRING, 0,
+                              reinterpret_cast<LPARAM>(TEXT("Zzz Face")));
+        EXPECT_GT(Send(IDC_TYPEFACE, CB_GETCOUNT), 1) << "no family of the system";
+        EXPECT_TRUE(user_.Choose(IDC_TYPEFACE, TEXT("Zzz Face")));
+        EXPECT_EQ(Narrow(TextIn(EditedWatermark.FaceName)), "Zzz Face");
+        EXPECT_EQ(Narrow(TextIn(PreviewWatermark.FaceName)), "Zzz Face");
+    });
+}
+
+TEST_F(EditorSettings, OnlyFamiliesThatScaleOrBelongToTheDeviceAreListed) {
+    struct Row {
+        DWORD type;
+        int pitchAndFamily;
+        bool listed;
+    };
+    constexpr Row kFamilies[] = {{TRUETYPE_FONTTYPE, 0, true},
+                                 {DEVICE_FONTTYPE, 0x50, true},
+                                 {RASTER_FONTTYPE, 3, false},
+                                 {5, 0, true},
+                                 {0, 1, true},
+                                 {0, 2, true},
+                                 {0, 0x24, false},
+                                 {0, 0x52, false}};
+    Edit([this, &kFamilies] {
+        for (const Row& row : kFamilies) {
+            LOGFONTW font{};
+            CopyText(font.lfFaceName, TEXT("Probe"));
+            TEXTMETRICW metrics{};
+            metrics.tmPitchAndFamily = static_cast<BYTE>(row.pitchAndFamily);
+            const LRESULT before = Send(IDC_TYPEFACE, CB_GETCOUNT);
+            EXPECT_EQ(AddFontFamilyToList(&font, &metrics, row.type,
+                                          reinterpret_cast<LPARAM>(user_.Dialog())),
+                      1);
+            EXPECT_EQ(Send(IDC_TYPEFACE, CB_GETCOUNT) - before, row.listed ? 1 : 0)
+                << row.type << " " << row.pitchAndFamily;
+        }
+    });
+}
+
+TEST_F(EditorSettings, OffsetsFollowThePosition) {
+    Edit([this] {
+        EXPECT_TRUE(EnabledAmong(kOffsets).empty());
+        EXPECT_TRUE(user_.Click(IDC_USER_POSITION));
+        EXPECT_EQ(EnabledAmong(kOffsets), kOffsets);
+        EXPECT_FALSE(IsChecked(IDC_CENTER));
+        EXPECT_TRUE(user_.TypeText(IDC_HORIZONTAL, TEXT("-99")));
+        EXPECT_TRUE(user_.StepUpDown(IDC_HORIZONTAL_SPIN, 3));
+        EXPECT_TRUE(user_.TypeText(IDC_VERTICAL, TEXT("1234")));
+        EXPECT_EQ(PreviewWatermark.OffsetX, -96);
+        EXPECT_EQ(EditedWatermark.OffsetY, 123);
+        EXPECT_EQ(EditedWatermark.PositionKind, kPositionUserSetting);
+        EXPECT_TRUE(user_.Click(IDC_CENTER));
+        EXPECT_EQ(TextOf(IDC_HORIZONTAL), "0");
+        EXPECT_EQ(PreviewWatermark.OffsetX, 0);
+        EXPECT_EQ(EditedWatermark.OffsetY, 0);
+        EXPECT_EQ(EditedWatermark.PositionKind, kPositionCenter);
+    });
+}
+
+TEST_F(EditorSettings, ThePageStandsInTheMiddleOfTheArea) {
+    const auto middle = [this](int controlId, SIZE* size) {
+        RECT place{};
+        ::GetWindowRect(::GetDlgItem(user_.Dialog(), controlId), &place);
+        *size = {place.right - place.left, place.bottom - place.top};
+        return POINT{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    };
+    for (const UINT32 orientation : {1u, 2u}) {
+        list_.Orientation = orientation;
+        Edit([&] {
+            SIZE areaSize;
+            SIZE pageSize;
+            const POINT area = middle(IDC_PREVIEW_AREA, &areaSize);
+            const POINT page = middle(IDC_PREVIEW_PAGE, &pageSize);
+            EXPECT_EQ(pageSize.cx, orientation == 2 ? 163 : 115);
+            EXPECT_EQ(pageSize.cy, orientation == 2 ? 115 : 163);
+            EXPECT_NEAR(page.x, area.x, 1);
+            EXPECT_NEAR(page.y, area.y, 1);
+        });
+    }
+}
+
+TEST_F(EditorSettings, AnyListOpens) {
+    struct Row {
+        int byte;
+        INT32 count;
+    };
+    for (const Row& row :
+         {Row{0x00, 0}, Row{0x41, 16}, Row{0x7F, 17}, Row{0x80, 1}, Row{0xD8, 16}, Row{0xFF, -1}}) {
+        std::memset(static_cast<void*>(&list_), row.byte, sizeof list_);
+        list_.Count = list_.Selected = row.count;
+        PreviewPaperSize = {row.byte, INT_MAX};
+        const WatermarkList before = list_;
+        EXPECT_EQ(Edit([this] {
+                      EXPECT_EQ(CurrentIndex, 0);
+                      EXPECT_TRUE(EnabledAmong(kSettings).empty());
+                      SendCommand(IDC_WATERMARK_LIST);
+                  }),
+                  0);
+        EXPECT_EQ(std::memcmp(&before, &list_, sizeof list_), 0);
+    }
+}
+
+}  // namespace
+}  // namespace oemui

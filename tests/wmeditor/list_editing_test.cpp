@@ -1,0 +1,192 @@
+#include "wmeditor/watermark_list_editing.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+#include "tests/support/plugin_fixture.h"
+#include "tests/wmeditor/editor_lists.h"
+
+namespace oemui {
+namespace {
+
+using tests::MakeList;
+using tests::MakeWatermark;
+using tests::NamesIn;
+using tests::Narrow;
+
+class ListEditing : public tests::PluginTest {};
+
+TEST_F(ListEditing, SortOrdersAllButEntryZeroAndFollowsTheLastEntry) {
+    WatermarkList list = MakeList({TEXT("<NONE>"), TEXT("delta"), TEXT("Alpha"), TEXT("Charlie")});
+    list.Selected = 3;
+    SortWatermarks(&list);
+    EXPECT_EQ(Narrow(NamesIn(list)), "<NONE> Alpha Charlie delta");
+    EXPECT_EQ(list.Selected, 2);
+
+    list = MakeList({TEXT("zero"), TEXT("b"), TEXT("A")});
+    SortWatermarks(&list);
+    EXPECT_EQ(Narrow(NamesIn(list)), "zero A b");
+    EXPECT_EQ(list.Entries[1].Index, 1u);
+    EXPECT_EQ(list.Entries[2].Index, 2u);
+}
+
+TEST_F(ListEditing, AnExchangedEntryKeepsItsIndexUntilItMovesAgain) {
+    // Three exchanges leave "c" in the middle with the index of its first place.
+    WatermarkList list = MakeList({TEXT("0"), TEXT("c"), TEXT("d"), TEXT("b"), TEXT("a")});
+    SortWatermarks(&list);
+    EXPECT_EQ(Narrow(NamesIn(list)), "0 a b c d");
+    EXPECT_EQ(list.Entries[1].Index, 1u);
+    EXPECT_EQ(list.Entries[2].Index, 2u);
+    EXPECT_EQ(list.Entries[4].Index, 4u);
+    // A pair that is in order changes nothing, not even a wrong index.
+    list = MakeList({TEXT("0"), TEXT("a"), TEXT("b")});
+    list.Entries[1].Index = 9;
+    SortWatermarks(&list);
+    EXPECT_EQ(list.Entries[1].Index, 9u);
+}
+
+TEST_F(ListEditing, EqualNamesChangePlaces) {
+    WatermarkList list = MakeList({TEXT("0"), TEXT("same"), TEXT("SAME")});
+    list.Selected = 2;
+    SortWatermarks(&list);
+    EXPECT_EQ(Narrow(NamesIn(list)), "0 SAME same");
+    EXPECT_EQ(list.Selected, 1);
+}
+
+TEST_F(ListEditing, InsertionSelectsTheNewEntryInItsPlace) {
+    WatermarkList list = MakeList({TEXT("<NONE>"), TEXT("Alpha"), TEXT("Charlie")});
+    WatermarkRecord bravo = MakeWatermark(TEXT("Bravo"), TEXT("text"));
+    bravo.InUse = 0;
+    InsertNewWatermark(&list, bravo);
+    EXPECT_EQ(Narrow(NamesIn(list)), "<NONE> Alpha Bravo Charlie");
+    EXPECT_EQ(list.Selected, 2);
+    EXPECT_EQ(list.Entries[2].InUse, 1u);
+    while (list.Count < kWatermarkCapacity) InsertNewWatermark(&list, bravo);
+    const WatermarkList full = list;
+    InsertNewWatermark(&list, bravo);
+    EXPECT_EQ(std::memcmp(&list, &full, sizeof list), 0);
+}
+
+TEST_F(ListEditing, RemovalClosesTheGapAndClearsTheRest) {
+    WatermarkList list = MakeList({TEXT("<NONE>"), TEXT("A"), TEXT("B"), TEXT("C")});
+    list.Selected = 3;
+    list.NoneSelected = 1;
+    for (const INT32 index : {-1, 0, 4, 16}) {
+        RemoveWatermark(&list, index);
+        EXPECT_EQ(list.Count, 4) << index;
+    }
+    RemoveWatermark(&list, 2);
+    EXPECT_EQ(Narrow(NamesIn(list)), "<NONE> A C");
+    EXPECT_EQ(list.Selected, 1);
+    EXPECT_EQ(list.NoneSelected, 0u);
+    EXPECT_EQ(list.Orientation, 0u);
+    for (UINT32 i = 0; i < 4; ++i) EXPECT_EQ(list.Entries[i].Index, i);
+    WatermarkRecord cleared{};
+    cleared.Index = 3;
+    EXPECT_EQ(std::memcmp(&list.Entries[3], &cleared, sizeof cleared), 0);
+
+    list.Entries[0].InUse = 1;
+    list.Entries[1].InUse = 0;
+    RemoveWatermark(&list, 2);
+    EXPECT_EQ(Narrow(NamesIn(list)), "<NONE>") << "what is not in use goes too";
+}
+
+TEST_F(ListEditing, NamesAreFoundExactlyAndTheLastOneWins) {
+    const WatermarkList list = MakeList({TEXT("none"), TEXT("ABC"), TEXT("abc"), TEXT("abc")});
+    EXPECT_EQ(FindWatermarkByName(list, TEXT("abc")), 3);
+    EXPECT_EQ(FindWatermarkByName(list, TEXT("ABC")), 1);
+    EXPECT_EQ(FindWatermarkByName(list, TEXT("none")), 0);
+    EXPECT_EQ(FindWatermarkByName(list, TEXT("Abc")), 16);
+}
+
+TEST_F(ListEditing, ChangesAreCountedOnlyUnderOneName) {
+    const WatermarkRecord stored = MakeWatermark(TEXT("A"), TEXT("text"));
+    WatermarkRecord edited = stored;
+    edited.AngleKind = 3;
+    edited.PositionKind = 1;
+    edited.Red = 9;
+    edited.Index = 9;
+    edited.InUse = 9;
+    EXPECT_EQ(CountWatermarkChanges(stored, edited), 0);
+    edited.PointSize = 48;
+    edited.Bold = 1;
+    EXPECT_EQ(CountWatermarkChanges(stored, edited), 2);
+    CopyText(edited.Text, TEXT("Text"));
+    CopyText(edited.FaceName, TEXT("Other"));
+    edited.Italic = 1;
+    edited.AngleDegrees = edited.OffsetX = edited.OffsetY = 1;
+    edited.ColorIndex = 1;
+    EXPECT_EQ(CountWatermarkChanges(stored, edited), 9);
+    CopyText(edited.Name, TEXT("a"));
+    EXPECT_EQ(CountWatermarkChanges(stored, edited), 0);
+}
+
+TEST_F(ListEditing, OnlySpacesAreBlank) {
+    EXPECT_TRUE(IsBlankText(TEXT("")));
+    EXPECT_TRUE(IsBlankText(TEXT("   ")));
+    EXPECT_FALSE(IsBlankText(TEXT("\t")));
+    EXPECT_FALSE(IsBlankText(TEXT("  x ")));
+}
+
+TEST_F(ListEditing, DefaultNameTakesTheSmallestFreeNumber) {
+    WCHAR name[32];
+    const auto proposal = [&name](const WatermarkList& list) {
+        MakeDefaultWatermarkName(list, name);
+        return Narrow(TextIn(name));
+    };
+    EXPECT_EQ(proposal(MakeList({TEXT("Watermark - #1")})), "Watermark - #1");
+    EXPECT_EQ(proposal(MakeList({TEXT("0"), TEXT("Watermark - #2"), TEXT("Watermark - #1")})),
+              "Watermark - #3");
+    EXPECT_EQ(proposal(MakeList({TEXT("0"), TEXT("Watermark - #2")})), "Watermark - #1");
+    EXPECT_EQ(proposal(MakeList({TEXT("0"), TEXT("WATERMARK - #1")})), "Watermark - #1");
+}
+
+TEST_F(ListEditing, PointSizesStayInRange) {
+    struct Row {
+        INT32 size;
+        INT32 kept;
+    };
+    for (const Row& row : {Row{INT_MIN, 8}, Row{0, 8}, Row{7, 8}, Row{8, 8}, Row{200, 200},
+                           Row{201, 200}, Row{INT_MAX, 200}}) {
+        INT32 size = row.size;
+        EXPECT_EQ(ClampPointSize(&size), row.size != row.kept);
+        EXPECT_EQ(size, row.kept);
+    }
+}
+
+TEST_F(ListEditing, CopyTouchesNothingBehindTheList) {
+    WatermarkList source = MakeList({TEXT("0"), TEXT("A")});
+    source.Selected = 1;
+    source.Entries[1].OffsetY = -999;
+    WatermarkList destination;
+    std::memset(static_cast<void*>(&destination), 0x5A, sizeof destination);
+    ASSERT_TRUE(CopyWatermarkList(&destination, &source));
+    EXPECT_EQ(destination.Selected, 1);
+    EXPECT_EQ(Narrow(NamesIn(destination)), "0 A");
+    EXPECT_EQ(destination.Entries[1].OffsetY, -999);
+    EXPECT_EQ(destination.Entries[1].Name[2], 0x5A5A) << "behind the terminator";
+    EXPECT_EQ(destination.Entries[2].PointSize, 0x5A5A5A5A);
+    EXPECT_FALSE(CopyWatermarkList(&destination, nullptr));
+}
+
+TEST_F(ListEditing, ListsFromOutsideStayInsideTheirSlots) {
+    for (const INT32 count : {INT_MIN, -1, 0, 1, 17, INT_MAX}) {
+        WatermarkList list;
+        std::memset(static_cast<void*>(&list), 0x41, sizeof list);  // no text is terminated
+        list.Count = list.Selected = count;
+        WCHAR name[32];
+        MakeDefaultWatermarkName(list, name);
+        EXPECT_EQ(FindWatermarkByName(list, TEXT("x")), 16);
+        EXPECT_EQ(CountWatermarkChanges(list.Entries[0], list.Entries[15]), 0);
+        SortWatermarks(&list);
+        InsertNewWatermark(&list, list.Entries[3]);
+        RemoveWatermark(&list, 1);
+        WatermarkList copy{};
+        CopyWatermarkList(&copy, &list);
+        EXPECT_EQ(copy.Entries[0].Name[31], 0);
+    }
+}
+
+}  // namespace
+}  // namespace oemui

@@ -1,0 +1,121 @@
+#include "wmeditor/watermark_preview.h"
+
+#include "tests/support/plugin_fixture.h"
+#include "tests/wmeditor/editor_lists.h"
+
+namespace oemui {
+namespace {
+
+class Preview : public tests::PluginTest {};
+
+TEST_F(Preview, PagesKeepTheirProportions) {
+    struct Row {
+        PaperSize paper;
+        INT32 scale;
+        INT32 width;
+        INT32 height;
+    };
+    constexpr Row kPages[] = {
+        {{2100, 2970}, 14, 115, 163},   // A4
+        {{2159, 2794}, 15, 126, 164},   // Letter
+        {{2159, 3556}, 12, 101, 167},   // Legal
+        {{1480, 2100}, 20, 116, 165},   // A5
+        {{2970, 4200}, 10, 116, 165},   // A3
+        {{2970, 2100}, 14, 163, 115},   // wider than long
+        {{10, 10}, 4318, 170, 170},     // one millimetre
+        {{5, 2970}, 14, 0, 163},        // less than a whole millimetre wide
+        {{2100, 500000}, 0, 0, 0},      // fifty metres
+        {{INT_MAX, INT_MAX}, 0, 0, 0},  // without end
+        {{0, 2970}, 14, 115, 163},      // without a size: A4
+        {{2100, -1}, 14, 115, 163},    {{INT_MIN, INT_MIN}, 14, 115, 163}, {{9, 9}, 14, 115, 163},
+    };
+    for (const Row& row : kPages) {
+        SCOPED_TRACE(std::to_string(row.paper.Width) + "x" + std::to_string(row.paper.Length));
+        const PreviewPageSize portrait = ScalePreviewPage(row.paper, 1);
+        EXPECT_EQ(portrait.scale, row.scale);
+        EXPECT_EQ(portrait.width, row.width);
+        EXPECT_EQ(portrait.height, row.height);
+        const PreviewPageSize landscape = ScalePreviewPage(row.paper, 2);
+        EXPECT_EQ(landscape.scale, row.scale);
+        EXPECT_EQ(landscape.width, row.height);
+        EXPECT_EQ(landscape.height, row.width);
+        EXPECT_EQ(ScalePreviewPage(row.paper, 3).width, row.width);
+    }
+}
+
+TEST_F(Preview, TextTurnsAboutThePagesCentre) {
+    struct Row {
+        INT32 degrees;
+        INT32 offsetX;
+        INT32 offsetY;
+        LONG x;
+        LONG y;
+    };
+    constexpr Row kPlaces[] = {
+        {0, 0, 0, 57, 74},   {45, 0, 0, 52, 76},  {90, 0, 0, 50, 81},
+        {180, 0, 0, 57, 88}, {-90, 0, 0, 64, 81}, {0, 72, 0, 71, 74},
+        {0, 0, -72, 57, 88}, {0, 5, 5, 57, 74},   {0, -72, 0, 43, 74},
+    };
+    for (const Row& row : kPlaces) {
+        WatermarkRecord record{};
+        record.AngleDegrees = row.degrees;
+        record.OffsetX = row.offsetX;
+        record.OffsetY = row.offsetY;
+        const POINT origin = ComputeTextOrigin({0, 0, 115, 163}, 15, 14, record);
+        EXPECT_EQ(origin.x, row.x) << row.degrees << " " << row.offsetX;
+        EXPECT_EQ(origin.y, row.y) << row.degrees << " " << row.offsetY;
+    }
+}
+
+TEST_F(Preview, WithoutAScaleOffsetsCountInTwentieths) {
+    WatermarkRecord record{};
+    record.OffsetX = 2;
+    record.OffsetY = 1;
+    // 31 pixels: one and a remainder of 11, rounded up; 30: a remainder of 10 stays.
+    const POINT origin = ComputeTextOrigin({0, 0, 31, 30}, 3, 0, record);
+    EXPECT_EQ(origin.x, 15 + 2 * 2);
+    EXPECT_EQ(origin.y, 15 - 1 - 1);
+}
+
+TEST_F(Preview, FontsFollowThePointsNotTheScale) {
+    struct Row {
+        INT32 points;
+        LONG height;
+    };
+    for (const Row& row : {Row{INT_MIN, 3}, Row{0, 3}, Row{8, 3}, Row{10, 3}, Row{12, 3},
+                           Row{72, 15}, Row{200, 42}}) {
+        WatermarkRecord record{};
+        record.PointSize = row.points;
+        EXPECT_EQ(MakePreviewFont(record).lfHeight, row.height) << row.points;
+    }
+    WatermarkRecord record = tests::MakeWatermark(TEXT("name"), TEXT("text"));
+    record.AngleDegrees = -45;
+    record.Bold = record.Italic = 2;
+    const LOGFONTW font = MakePreviewFont(record);
+    EXPECT_EQ(font.lfEscapement, -450);
+    EXPECT_EQ(font.lfOrientation, 0);
+    EXPECT_EQ(font.lfWeight, 700);
+    EXPECT_EQ(font.lfItalic, 1);
+    EXPECT_EQ(font.lfCharSet, 1);
+    EXPECT_EQ(font.lfOutPrecision, 1);
+    EXPECT_EQ(font.lfQuality, 2);
+    EXPECT_EQ(font.lfPitchAndFamily, 0x10);
+    EXPECT_EQ(tests::Narrow(TextIn(font.lfFaceName)), "Arial");
+}
+
+TEST_F(Preview, AnyRecordIsCalculatedInThirtyTwoBits) {
+    WatermarkRecord record{};
+    for (const INT32 extreme : {INT_MIN, INT_MIN + 1, -999, INT_MAX}) {
+        record.AngleDegrees = record.OffsetX = record.OffsetY = extreme;
+        for (const INT32 scale : {0, 14, 4318}) {
+            ComputeTextOrigin({0, 0, 115, 163}, INT_MAX / 5, scale, record);
+        }
+        MakePreviewFont(record);
+    }
+    record = {};
+    record.OffsetX = 0x10000000;  // times 16 leaves nothing of it
+    EXPECT_EQ(ComputeTextOrigin({0, 0, 100, 100}, 0, 16, record).x, 50);
+}
+
+}  // namespace
+}  // namespace oemui
