@@ -11,7 +11,7 @@ namespace platform {
 namespace {
 
 constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 20;  // bytes
-constexpr std::size_t kLongestText = 16384;           // UTF-16 units
+constexpr std::size_t kLongestText = 16384;                       // UTF-16 units
 
 std::string ReadWhole(const std::filesystem::path& file) {
     std::error_code error;

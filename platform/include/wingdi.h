@@ -188,7 +188,7 @@ int WINAPI GetDeviceCaps(HDC context, int index);
 /// a bitmap of one pixel.
 HBITMAP WINAPI CreateCompatibleBitmap(HDC context, int width, int height);
 
-/// A font; the face and the measures are settled when it is selected.
+/// A font; the face and the measures are settled when it is first used.
 HFONT WINAPI CreateFontIndirectW(const LOGFONTW* font);
 
 /// WHITE_BRUSH or DKGRAY_BRUSH; lives for ever.
