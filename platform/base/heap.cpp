@@ -83,10 +83,9 @@ BOOL Fail(DWORD error) {
 
 }  // namespace
 
-HANDLE WINAPI HeapCreate(DWORD options, SIZE_T initialSize, SIZE_T maximumSize) {
+HANDLE WINAPI HeapCreate(DWORD options, SIZE_T, SIZE_T maximumSize) {
     DWORD error = ERROR_INVALID_PARAMETER;
-    if (platform::MustFail("HeapCreate", &error) || options != 0 || initialSize != 0 ||
-        maximumSize != 0) {
+    if (platform::MustFail("HeapCreate", &error) || options != 0 || maximumSize != 0) {
         SetLastError(error);
         return nullptr;
     }

@@ -1,5 +1,6 @@
 #include "platform/base/machine.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "platform/base/paths.h"
@@ -37,7 +38,7 @@ std::vector<std::u16string_view> PathParts(std::u16string_view path) {
 }
 
 fs::path FindPart(const fs::path& folder, std::u16string_view part) {
-    const fs::path spelled = folder / Utf8(part);
+    fs::path spelled = folder / Utf8(part);
     std::error_code error;
     if (fs::exists(spelled, error)) return spelled;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end;

@@ -7,7 +7,9 @@
 #include <winbase.h>
 #include <winerror.h>
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -209,6 +211,7 @@ void ReapWhenEnded(pid_t id) {
 int Spawn(const Command& command, int log, const fs::path& folder, pid_t* id) {
     std::vector<std::string> arguments = SplitArguments(command);
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
     const FileActions actions(log, folder);

@@ -102,7 +102,7 @@ static_assert(sizeof(PROCESS_INFORMATION) == 24);
 DWORD WINAPI GetLastError();
 void WINAPI SetLastError(DWORD error);
 
-/// A heap that grows as needed; options and sizes must be 0.
+/// A heap that grows as needed: the initial size is a hint, options and maximum size must be 0.
 HANDLE WINAPI HeapCreate(DWORD options, SIZE_T initialSize, SIZE_T maximumSize);
 
 /// Frees the heap and every block still in it. The process's heap is refused.

@@ -44,8 +44,8 @@ constexpr const char* kStatements[] = {
     "DELETE FROM \"values\" WHERE key = ?1",
     "SELECT name FROM keys WHERE parent = ?1 ORDER BY capitals",
     "SELECT type, bytes FROM \"values\" WHERE key = ?1 AND capitals = ?2",
-    "INSERT INTO \"values\"(key, capitals, name, type, bytes) VALUES(?1, ?2, ?3, ?4, ?5) "
-    "ON CONFLICT(key, capitals) DO UPDATE SET type = excluded.type, bytes = excluded.bytes",
+    R"sql(INSERT INTO "values"(key, capitals, name, type, bytes) VALUES(?1, ?2, ?3, ?4, ?5)
+        ON CONFLICT(key, capitals) DO UPDATE SET type = excluded.type, bytes = excluded.bytes)sql",
     "DELETE FROM \"values\" WHERE key = ?1 AND capitals = ?2",
     "PRAGMA data_version",
 };

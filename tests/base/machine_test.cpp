@@ -11,7 +11,7 @@ protected:
     /// Below the machine's folder, with slashes; the text of another path as it is.
     std::string Below(std::u16string_view path) const {
         const fs::path file = platform::HostPath(path);
-        const std::string text = file.native();
+        const std::string& text = file.native();
         const std::string root = Folder().native() + "/";
         return text.starts_with(root) ? text.substr(root.size()) : text;
     }

@@ -129,6 +129,7 @@ TEST_F(StoreTest, AnotherProcessSeesWholeValuesAndNewKeys) {
 
 TEST_F(StoreTest, ThreadsShareTheMachine) {
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([] {
             for (BYTE fill = 0; fill < 10; ++fill) {

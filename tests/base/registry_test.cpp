@@ -91,7 +91,8 @@ TEST_F(RegistryTest, RightsGoWithTheHandle) {
 TEST_F(RegistryTest, ValuesComeBackAsStoredInEveryBufferSize) {
     const HKEY key = Create(u"Values");
     const std::string stored("a\0b\0c", 5);  // an odd size and no terminator
-    for (const DWORD type : {REG_SZ, REG_BINARY, REG_MULTI_SZ, REG_DWORD}) {
+    for (const int kind : {REG_SZ, REG_BINARY, REG_MULTI_SZ, REG_DWORD}) {
+        const auto type = static_cast<DWORD>(kind);
         ASSERT_EQ(Set(key, u"Value", type, stored), 0);
         for (DWORD room = 0; room <= 9; ++room) {
             BYTE bytes[10];
