@@ -70,7 +70,7 @@ using PULONG = ULONG*;
     struct name##__ {        \
         int unused;          \
     };                       \
-    using name = struct name##__*
+    using name = struct name##__* /* NOLINT(bugprone-macro-parentheses): a name, not a value */
 
 using HANDLE = void*;
 using HGDIOBJ = void*;

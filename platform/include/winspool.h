@@ -58,14 +58,6 @@
 #define DMPAPER_P32K 94
 #define DMPAPER_USER 256
 
-/// Results that only the spooler answers with.
-#define ERROR_FILE_EXISTS 80
-#define ERROR_INVALID_LEVEL 124
-#define ERROR_INVALID_ENVIRONMENT 1805
-#define ERROR_INVALID_FORM_NAME 1902
-#define ERROR_INVALID_FORM_SIZE 1903
-#define ERROR_PRINTER_DRIVER_IN_USE 3001
-
 /// What a printer is opened with.
 struct PRINTER_DEFAULTSW {
     LPWSTR pDatatype;     ///< null: the printer's own
