@@ -21,7 +21,7 @@ struct InstallOptions {
 const Model& RequireModel(const std::string& letter) {
     const Model* model = FindModel(letter);
     if (model) return *model;
-    throw UsageFailure("no model \"" + letter + "\"; there are U, T and V");
+    throw UsageFailure("no model \"" + letter + "\"; known: U, T and V");
 }
 
 void Install(const InstallOptions& options, const CommandContext& context) {

@@ -92,7 +92,7 @@ DocumentPageItems::DocumentPageItems(HANDLE printer, const Model& model, Devmode
     AddPublic(kCollate, kCollateChoices);
     AddPublic(kDuplex, kDuplexChoices);
     AddNup();
-    AddGroup(u"Color");
+    AddGroup(u"Graphics");
     AddPublic(kColor, kColorChoices);
     AddPublic(kIcmMethod, kIcmMethodChoices);
     AddPublic(kIcmIntent, kIcmIntentChoices);

@@ -145,11 +145,6 @@ bool BoxHasButton(UINT type, int button) {
     }
 }
 
-// Whether the dialog is there and visible to scripts: one that has ended has no controls left.
-bool IsOpen(HWND dialog) {
-    return ::GetDlgItem(dialog, IDOK) != nullptr;
-}
-
 }  // namespace
 
 EditScript::Action EditScript::ParseLine(const std::string& line, int number) {
@@ -231,9 +226,7 @@ void EditScript::Work(HWND dialog) {
     while (next_ < actions_.size() && error_.empty()) {
         const Action& action = actions_[next_++];
         const std::string line = "line " + std::to_string(action.line) + ": ";
-        if (!IsOpen(dialog)) {
-            error_ = line + "the editor is closed";
-        } else if (action.verb == Verb::Answer) {
+        if (action.verb == Verb::Answer) {
             error_ = line + "there is no message to answer";
         } else if (!Do(dialog, action) && error_.empty()) {
             error_ = line + "\"" + action.object + "\" cannot be used now";

@@ -4,6 +4,7 @@
 
 #include "host/commands.h"
 #include "host/failure.h"
+#include "host/suggestions.h"
 #include "platform/base/machine.h"
 
 namespace host {
@@ -23,6 +24,15 @@ std::filesystem::path DefaultMachine() {
     return base / ".local/share/oemui/machine";
 }
 
+// An unknown command is told with the near ones, anything else as the parser tells it.
+std::string ParseErrorText(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<std::string> unknown = app.remaining();
+    if (!app.get_subcommands().empty() || unknown.empty()) return error.what();
+    std::vector<std::string> commands;
+    for (const CLI::App* command : app.get_subcommands({})) commands.push_back(command->get_name());
+    return UnknownName("command", unknown.front(), commands);
+}
+
 int RunParsed(CLI::App& app, const std::vector<std::string>& arguments, CommandContext& context) {
     // The parser takes its arguments from the back.
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
@@ -34,7 +44,8 @@ int RunParsed(CLI::App& app, const std::vector<std::string>& arguments, CommandC
         context.out << (commands.empty() ? app.help() : commands.front()->help());
         return kDone;
     } catch (const CLI::ParseError& error) {
-        context.err << "driverhost: " << error.what() << "; driverhost --help tells more\n";
+        context.err << "driverhost: " << ParseErrorText(app, error)
+                    << "; driverhost --help tells more\n";
         return kNotUnderstood;
     }
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace host {
 namespace {
@@ -19,17 +20,22 @@ std::string LowerCase(std::string_view text) {
     return lower;
 }
 
-// The number of letters to insert, drop or replace between two texts.
+// The number of letters to insert, drop or replace, or of neighbours to exchange, between two
+// texts.
 std::size_t EditDistance(std::string_view left, std::string_view right) {
+    std::vector<std::size_t> beforeLast;
+    std::vector<std::size_t> last;
     std::vector<std::size_t> row(right.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i + 1;
-        for (std::size_t j = 0; j < right.size(); ++j) {
-            const std::size_t replaced = diagonal + (left[i] == right[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+    for (std::size_t i = 1; i <= left.size(); ++i) {
+        beforeLast = std::exchange(last, row);
+        row[0] = i;
+        for (std::size_t j = 1; j <= right.size(); ++j) {
+            const std::size_t replaced = last[j - 1] + (left[i - 1] == right[j - 1] ? 0 : 1);
+            row[j] = std::min({replaced, last[j] + 1, row[j - 1] + 1});
+            const bool exchanged =
+                i > 1 && j > 1 && left[i - 1] == right[j - 2] && left[i - 2] == right[j - 1];
+            if (exchanged) row[j] = std::min(row[j], beforeLast[j - 2] + 1);
         }
     }
     return row.back();
@@ -76,7 +82,7 @@ std::string UnknownName(std::string_view kind, std::string_view wanted,
     const std::vector<std::string> near = NearNames(wanted, known);
     if (!near.empty()) return text + "; did you mean " + Quoted(near) + "?";
     if (known.empty()) return text + "; there is none";
-    if (known.size() <= kFewNames) return text + "; there are " + Quoted(known);
+    if (known.size() <= kFewNames) return text + "; known: " + Quoted(known);
     return text;
 }
 

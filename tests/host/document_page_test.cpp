@@ -1,0 +1,168 @@
+// The document page through the module's file.
+#include "tests/host/host_fixture.h"
+
+namespace host {
+namespace {
+
+using DocumentPage = HostTest;
+
+TEST_F(DocumentPage, ShowsThePlugInsItemsForEveryModel) {
+    const struct {
+        const char* letter;
+        int index;
+        unsigned signature;
+    } models[] = {{"U", 0, 0x51565255}, {"T", 1, 0x51565254}, {"V", 2, 0x51565256}};
+    for (const auto& model : models) {
+        SCOPED_TRACE(model.letter);
+        Install(model.letter, model.letter);
+        const nlohmann::json page = Do({"document", model.letter, "--json"}).Json();
+        EXPECT_EQ(page["printer"], model.letter);
+        EXPECT_EQ(page["model"], model.letter);
+        EXPECT_EQ(page["modelIndex"], model.index);
+        const nlohmann::json scaling = ItemNamed(page, "Scaling");
+        EXPECT_EQ(scaling["owner"], "plug-in");
+        EXPECT_EQ(scaling["type"], "up-down");
+        EXPECT_EQ(scaling["selection"], 100);
+        EXPECT_EQ(scaling["helpIndex"], 1212);
+        EXPECT_EQ(scaling["helpFile"], "C:\\Windows\\System32\\spool\\drivers\\x64\\3\\QVR" +
+                                           std::string(model.letter) + "_HLP.HLP");
+        EXPECT_EQ(ItemNamed(page, "Watermark")["selection"], 1);
+        EXPECT_EQ(ItemNamed(page, "Transmit Once")["enabled"], false);
+        EXPECT_EQ(ItemNamed(page, "Rendering Intent")["choices"][1]["text"], "Perceptual");
+        EXPECT_EQ(ItemNamed(page, "Color Management Method")["visible"], false);
+        EXPECT_EQ(ItemNamed(page, "Color Management Intent")["visible"], false);
+        EXPECT_EQ(page["privateDevmode"]["dwSize"], 348);
+        EXPECT_EQ(page["privateDevmode"]["dwSignature"], model.signature);
+        EXPECT_EQ(page["privateDevmode"]["Watermark"]["Name"], "<NONE>");
+    }
+    // The first page left every printer its list of watermarks.
+    for (const nlohmann::json& printer : Do({"list", "--json"}).Json()) {
+        EXPECT_EQ(printer["driverData"]["WaterMarkList"], "4816 bytes");
+    }
+}
+
+TEST_F(DocumentPage, ItemsHaveTheDocumentedKeysInPageOrder) {
+    Install("Office", "T");
+    const CommandResult result = Do({"document", "Office", "--json"});
+    const auto page = nlohmann::ordered_json::parse(result.out);
+    const std::vector<std::string> pageKeys = {"printer", "model", "modelIndex", "items",
+                                               "privateDevmode"};
+    const std::vector<std::string> itemKeys = {"name",    "owner",     "level",    "type",
+                                               "choices", "selection", "enabled",  "visible",
+                                               "changed", "helpFile",  "helpIndex"};
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : page.items()) keys.push_back(key);
+    EXPECT_EQ(keys, pageKeys);
+    keys.clear();
+    for (const auto& [key, value] : page["items"].back().items()) keys.push_back(key);
+    EXPECT_EQ(keys, itemKeys);
+    EXPECT_EQ(page["items"].back()["name"], "Rendering Intent");
+    EXPECT_EQ(page["items"].front()["type"], "group");
+}
+
+TEST_F(DocumentPage, KeepsSettingsOnlyWhenApplied) {
+    Install("Office", "T");
+    const nlohmann::json shown =
+        Do({"document", "Office", "-o", "Scaling=150", "-o", "Copies=3", "--json"}).Json();
+    EXPECT_EQ(ItemNamed(shown, "Scaling")["selection"], 150);
+    EXPECT_EQ(ItemNamed(Do({"document", "Office", "--json"}).Json(), "Scaling")["selection"], 100);
+
+    Do({"document", "Office", "-o", "scaling=150%", "-o", "ColorModel=Monochrome", "-o",
+        "Paper Size=B5 (ISO)", "--set", "MediaType=LETTERHEAD", "--apply"});
+    const nlohmann::json kept = Do({"document", "Office", "--json"}).Json();
+    EXPECT_EQ(ItemNamed(kept, "Scaling")["selection"], 150);
+    EXPECT_EQ(kept["privateDevmode"]["Scaling"], 150);
+    const nlohmann::json paper = ItemNamed(kept, "Paper Size");
+    EXPECT_EQ(paper["choices"][paper["selection"].get<std::size_t>()]["text"], "B5 (ISO)");
+    EXPECT_EQ(ItemNamed(kept, "Media Type")["selection"], 2);
+    EXPECT_EQ(ItemNamed(kept, "Color")["selection"], 1);
+    // The plug-in saw the public devmode in step: monochrome leaves no rendering intent to choose.
+    EXPECT_EQ(ItemNamed(kept, "Rendering Intent")["enabled"], false);
+}
+
+TEST_F(DocumentPage, PublicDevmodeIsInStepBeforeThePlugInHears) {
+    Install("Office", "T");
+    const nlohmann::json page = Do({"document", "Office", "-o", "Copies=2", "-o", "Collate=On",
+                                    "-o", "Transmit Once=On", "--json"})
+                                    .Json();
+    EXPECT_EQ(ItemNamed(page, "Transmit Once")["enabled"], true);
+    EXPECT_EQ(ItemNamed(page, "Transmit Once")["selection"], 1);
+}
+
+TEST_F(DocumentPage, TellsTheScalingConflictAndResolvesIt) {
+    Install("Office", "T");
+    const CommandResult result =
+        Do({"document", "Office", "-o", "Scaling=150", "-o", "N-up=4", "--apply"});
+    EXPECT_EQ(result.out, "");
+    EXPECT_NE(result.err.find("driverhost: [Conflict!] Scaling cannot be used with N-up"),
+              std::string::npos);
+    const nlohmann::json page = Do({"document", "Office", "--json"}).Json();
+    EXPECT_EQ(page["privateDevmode"]["Scaling"], 100);
+    EXPECT_EQ(page["privateDevmode"]["PagesPerSheet"], 4);
+    EXPECT_EQ(ItemNamed(page, "Pages per Sheet")["selection"], 2);
+}
+
+TEST_F(DocumentPage, DriverFollowsWhatThePlugInPutsBack) {
+    Install("Office", "T");
+    Do({"document", "Office", "-o", "N-up=Booklet", "--apply"});
+    const nlohmann::json page = Do({"document", "Office", "--json"}).Json();
+    EXPECT_EQ(ItemNamed(page, "Pages per Sheet")["selection"], 0);
+    EXPECT_EQ(page["privateDevmode"]["PagesPerSheet"], 0);
+
+    Install("Studio", "U");
+    Do({"forms", "Studio", "--add", "Banner=210x900"});
+    const CommandResult tooLong =
+        Do({"document", "Studio", "-o", "PageSize=Banner", "-o", "MediaType=Glossy", "--apply"});
+    EXPECT_NE(tooLong.err.find("can not be longer than 297 mm"), std::string::npos);
+    EXPECT_EQ(ItemNamed(Do({"document", "Studio", "--json"}).Json(), "Paper Size")["selection"], 0);
+}
+
+TEST_F(DocumentPage, RefusesWhatAUserCouldNotChoose) {
+    Install("Office", "T");
+    Do({"printer", "Office", "-o", "Tray2=NOTINSTALLED", "-o", "DuplexUnit=NotInstalled",
+        "--apply"});
+    const struct {
+        const char* setting;
+        int code;
+        const char* message;
+    } rows[] = {
+        {"Scaling=19", 1, "must be 20 to 200"},
+        {"Scaling=much", 1, "is a number from 20 to 200"},
+        {"Transmit Once=On", 1, "is not available now"},
+        {"Duplex=LongEdge", 1, "is not available now"},
+        {"N-up=Booklet", 1, "no choice of \"Pages per Sheet\" \"Booklet\""},
+        {"Paper Source=Tray 2", 1, "is not available now"},
+        {"Color Management Method=Off", 1, "no item"},
+        {"Paper=A4", 1, "no item \"Paper\"; did you mean \"Paper Size\", \"Paper Source\"?"},
+        {"Watermark=Enable", 1, "did you mean \"Enabled\"?"},
+        {"Scaling", 2, "expected Item=Choice"},
+        {"=5", 2, "expected Item=Choice"},
+    };
+    for (const auto& row : rows) {
+        const CommandResult result = Run({"document", "Office", "-o", row.setting, "--apply"});
+        EXPECT_EQ(result.code, row.code) << row.setting;
+        EXPECT_NE(result.err.find(row.message), std::string::npos) << result.err;
+        EXPECT_EQ(result.err.find("driverhost: "), 0u);
+        EXPECT_EQ(result.out, "");
+    }
+}
+
+TEST_F(DocumentPage, PrintsOneLineAnItem) {
+    Install("Office", "T");
+    const std::string lines = Do({"document", "Office", "-l"}).out;
+    for (const char* line :
+         {"Orientation/Orientation: *Portrait Landscape\n",
+          "InputSlot/Paper Source: *Auto Tray1 Tray2 Tray3 ManualFeed\n",
+          "Copies/Copies: 1..999 *1\n", "N-up/Pages per Sheet: *1 2 4 6 9 16 Booklet\n",
+          "Scaling/Scaling: 20..200 % *100\n", "Watermark/Watermark: Enabled *Disabled\n",
+          "TransmitOnce/Transmit Once: *Off On (disabled)\n"}) {
+        EXPECT_NE(lines.find(line), std::string::npos) << line;
+    }
+    EXPECT_EQ(lines.find("ICM"), std::string::npos);
+    const std::string tree = Do({"document", "Office"}).out;
+    EXPECT_NE(tree.find("\n    Scaling                       100 %\n"), std::string::npos) << tree;
+    EXPECT_NE(tree.find("Disabled  <Edit>\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace host

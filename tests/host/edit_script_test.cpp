@@ -1,0 +1,105 @@
+// Working in the watermark editor by a script.
+#include "host/edit_script.h"
+
+#include <fstream>
+
+#include "tests/host/host_fixture.h"
+
+namespace host {
+namespace {
+
+class EditorScript : public HostTest {
+protected:
+    CommandResult Edit(const std::string& script, std::vector<std::string> more = {}) {
+        const std::filesystem::path file = machine_ / "script.txt";
+        std::ofstream(file) << script;
+        std::vector<std::string> command = {"document",          "Office", "-o",
+                                            "Watermark=Enabled", "--edit", file.native()};
+        command.insert(command.end(), more.begin(), more.end());
+        return Run(command);
+    }
+};
+
+TEST_F(EditorScript, AddsAWatermarkAndTellsIt) {
+    Install("Office", "T");
+    const CommandResult result = Edit(
+        "# a new one\n\npress New\ntype Name \"Zebra\"\ntype String Black and white\n"
+        "choose Color = Red\nstep Size 2\npress 1\nanswer OK\n",
+        {"--apply"});
+    EXPECT_EQ(result.code, 0) << result.err;
+    EXPECT_NE(result.err.find("[Watermark] The new watermark \"Zebra\" is selected."),
+              std::string::npos);
+    const nlohmann::json settings = Do({"document", "Office", "--json"}).Json()["privateDevmode"];
+    EXPECT_EQ(settings["WatermarkOn"], 1);
+    EXPECT_EQ(settings["WatermarkIndex"], 9);
+    EXPECT_EQ(settings["Watermark"]["Name"], "Zebra");
+    EXPECT_EQ(settings["Watermark"]["Text"], "Black and white");
+    EXPECT_EQ(settings["Watermark"]["Red"], 255);
+    EXPECT_EQ(settings["Watermark"]["PointSize"], 74);
+}
+
+TEST_F(EditorScript, AnswersMessagesAsWrittenAndSafelyOtherwise) {
+    Install("Office", "T");
+    const std::string remove = "choose Watermark List = Copy\npress Delete\n";
+    const CommandResult unanswered = Edit(remove + "press OK\n");
+    EXPECT_EQ(unanswered.code, 0) << unanswered.err;
+    EXPECT_NE(unanswered.err.find("delete the selected watermark? -> Cancel"), std::string::npos);
+    // It is still there, and goes when the script says so.
+    const CommandResult answered = Edit(remove + "answer OK\npress OK\n");
+    EXPECT_EQ(answered.code, 0) << answered.err;
+    EXPECT_NE(answered.err.find("delete the selected watermark? -> OK"), std::string::npos);
+    EXPECT_EQ(Edit("choose Watermark List = Copy\n").code, 1);
+}
+
+TEST_F(EditorScript, StopsAtTheLineThatCannotBeDone) {
+    Install("Office", "T");
+    const struct {
+        const char* script;
+        const char* error;
+    } rows[] = {
+        {"choose Watermark List = Copyy\n", "line 1: \"Watermark List\" cannot be used now"},
+        {"press New\nanswer OK\n", "line 2: there is no message to answer"},
+        {"close\npress New\n", "line 2: \"New\" cannot be used now"},
+        {"type 9999 \"x\"\n", "line 1: \"9999\" cannot be used now"},
+    };
+    for (const auto& row : rows) {
+        const CommandResult result = Edit(row.script, {"--apply"});
+        EXPECT_EQ(result.code, 1) << row.script;
+        EXPECT_NE(result.err.find(row.error), std::string::npos) << result.err;
+    }
+    const nlohmann::json settings = Do({"document", "Office", "--json"}).Json()["privateDevmode"];
+    EXPECT_EQ(settings["WatermarkOn"], 0);
+}
+
+TEST_F(EditorScript, NeedsAnEnabledWatermark) {
+    Install("Office", "T");
+    const CommandResult result = Edit("press OK\n", {"-o", "Watermark=Disabled"});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_NE(result.err.find("the editor does not open while"), std::string::npos);
+}
+
+TEST(EditScriptLines, ThatAreNotUnderstoodAreToldByTheirNumber) {
+    const struct {
+        const char* script;
+        const char* error;
+    } rows[] = {
+        {"\n# fine\npres New\n", "line 3: no action \"pres\"; did you mean \"press\"?"},
+        {"type Nmae \"x\"\n", "line 1: no control \"Nmae\"; did you mean \"Name\"?"},
+        {"type Name\n", "line 1: expected \"type EDIT"},
+        {"choose Color Red\n", "line 1: expected \"choose LIST = CHOICE\""},
+        {"step Size\n", "line 1: expected \"step EDIT NUMBER\""},
+        {"answer Perhaps\n", "line 1: no answer \"Perhaps\""},
+        {"press\n", "line 1: \"press\" says not what"},
+    };
+    for (const auto& row : rows) {
+        try {
+            EditScript::Parse(row.script);
+            ADD_FAILURE() << row.script;
+        } catch (const UsageFailure& failure) {
+            EXPECT_EQ(std::string(failure.what()).find(row.error), 0u) << failure.what();
+        }
+    }
+}
+
+}  // namespace
+}  // namespace host

@@ -1,0 +1,162 @@
+// Installing, listing and removing, as the spooler and a person see it.
+#include <chrono>
+#include <fstream>
+#include <iterator>
+
+#include "platform/spooler/ports.h"
+#include "tests/host/host_fixture.h"
+
+namespace host {
+namespace {
+
+namespace fs = std::filesystem;
+
+using Installation = HostTest;
+
+std::string ReadFile(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(stream), {});
+}
+
+TEST_F(Installation, ListsThePrinterWithWhatTheEventWrote) {
+    Install("Office", "T", "USB001", "on");
+    const nlohmann::json printers = Do({"list", "--json"}).Json();
+    ASSERT_EQ(printers.size(), 1u);
+    EXPECT_EQ(printers[0]["name"], "Office");
+    EXPECT_EQ(printers[0]["model"], "T");
+    EXPECT_EQ(printers[0]["port"], "USB001");
+    EXPECT_EQ(printers[0]["bidi"], true);
+    EXPECT_EQ(printers[0]["printProcessor"], "QVRT__PP");
+    EXPECT_EQ(printers[0]["driverData"]["EAIDCDisable"], 1);
+    EXPECT_NE(Do({"list"}).out.find("print processor  QVRT__PP"), std::string::npos);
+    EXPECT_EQ(Do({"profile", "Office"}).out, "OEMPROFILE.icm (flags 2)\n");
+}
+
+TEST_F(Installation, SendsTheEventForANameWithAServerPart) {
+    Install("\\\\server\\Office Printer", "T");
+    const nlohmann::json printer = Do({"list", "--json"}).Json()[0];
+    EXPECT_EQ(printer["name"], "Office Printer");
+    EXPECT_EQ(printer["driverData"]["EAIDCDisable"], 1);
+}
+
+TEST_F(Installation, RegistersPortsOfEveryKind) {
+    const struct {
+        std::vector<std::string> options;
+        const char16_t* port;
+        std::optional<ULONG> address;  // network byte order
+    } rows[] = {
+        {{"--port", "IP_127.0.0.5"}, u"IP_127.0.0.5", 0x0500007F},
+        {{"--port", "Desk", "--address", "127.0.0.6"}, u"Desk", 0x0600007F},
+        {{"--port", "127.0.0.7:queue"}, u"127.0.0.7:queue", 0x0700007F},
+        {{"--port", "Line", "--port-kind", "lpr", "--address", "127.0.0.8"}, u"Line", 0x0800007F},
+        {{"--port", "REGAL_127.0.0.9"}, u"REGAL_127.0.0.9", 0x0900007F},
+        {{"--port", "Named", "--address", "localhost"}, u"Named", 0x0100007F},
+        {{"--port", "\\\\127.0.0.9\\SMB_PRI1"}, u"\\\\127.0.0.9\\SMB_PRI1", std::nullopt},
+        {{"--port", "http://127.0.0.9:631/ipp"}, u"http://127.0.0.9:631/ipp", std::nullopt},
+        {{"--port", "LPT1:"}, u"LPT1:", std::nullopt},
+    };
+    for (const auto& row : rows) {
+        std::vector<std::string> command = {"install", platform::Utf8(row.port), "--model", "V"};
+        // The port's name is no name for a printer when it has backslashes or commas in it.
+        command[1] = "Printer " + std::to_string(&row - rows);
+        command.insert(command.end(), row.options.begin(), row.options.end());
+        Do(command);
+        EXPECT_EQ(platform::spooler::FindPortAddress(row.port), row.address) << row.options[1];
+    }
+    EXPECT_EQ(Do({"list", "--json"}).Json().size(), std::size(rows));
+}
+
+TEST_F(Installation, RefusesWhatCannotBeInstalled) {
+    Install("Office", "T");
+    const struct {
+        std::vector<std::string> command;
+        int code;
+        const char* message;
+    } rows[] = {
+        {{"install", "Office", "--model", "T", "--port", "P"}, 1, "exists"},
+        {{"install", "New", "--model", "X", "--port", "P"}, 2, "no model \"X\""},
+        {{"install", "a,b", "--model", "T", "--port", "P"}, 2, "no name for a printer"},
+        {{"install", "New", "--model", "T", "--port", "P", "--port-kind", "tpcip"},
+         2,
+         "did you mean \"tcpip\"?"},
+        {{"install", "New", "--model", "T", "--port", "P", "--port-kind", "lpr"},
+         2,
+         "needs --address"},
+        {{"install", "New", "--model", "T"}, 2, "--port is required"},
+        {{"remove", "Offic"}, 1, "did you mean \"Office\"?"},
+        {{"forms", "Office", "--add", "A4=210x297"}, 1, "the name is taken"},
+        {{"forms", "Office", "--add", "Tiny=0x10"}, 2, "expected Name=WIDTHxHEIGHT"},
+        {{"forms", "Office", "--add", "Odd=10xten"}, 2, "expected Name=WIDTHxHEIGHT"},
+        {{"instal", "Office"}, 2, "did you mean \"install\""},
+        {{}, 2, "subcommand is required"},
+    };
+    for (const auto& row : rows) {
+        const CommandResult result = Run(row.command);
+        EXPECT_EQ(result.code, row.code) << row.message;
+        EXPECT_NE(result.err.find(row.message), std::string::npos) << result.err;
+    }
+    EXPECT_EQ(Do({"list", "--json"}).Json().size(), 1u);
+    source_.packages = machine_ / "nowhere";
+    EXPECT_EQ(Run({"install", "New", "--model", "T", "--port", "P"}).code, 1);
+}
+
+TEST_F(Installation, FormsAreListedAsTheyAreAdded) {
+    Install("Office", "T");
+    Do({"forms", "Office", "--add", "Banner=210x900"});
+    Do({"forms", "Office", "--add", "Ticket=54.5x86"});
+    const std::string forms = Do({"forms", "Office"}).out;
+    EXPECT_NE(forms.find("A4=210.0x297.0\n"), std::string::npos);
+    EXPECT_NE(forms.find("Banner=210.0x900.0 (added)\n"), std::string::npos);
+    EXPECT_NE(forms.find("Ticket=54.5x86.0 (added)\n"), std::string::npos);
+}
+
+TEST_F(Installation, RemovesPrinterAndDriver) {
+    Install("Office", "T");
+    Install("Second", "T");
+    Install("Studio", "U");
+    Do({"remove", "Office"});
+    EXPECT_EQ(Do({"list", "--json"}).Json().size(), 2u);
+    const CommandResult result = Do({"uninstall", "--model", "t"});
+    EXPECT_EQ(result.out, "removed Second\nuninstalled the driver of model T\n");
+    const nlohmann::json left = Do({"list", "--json"}).Json();
+    ASSERT_EQ(left.size(), 1u);
+    EXPECT_EQ(left[0]["name"], "Studio");
+    // The uninstaller is a process of its own.
+    const fs::path module = machine_ / "Windows/System32/spool/drivers/x64/3/QVRT__UI.DLL";
+    for (int wait = 0; wait < 100 && fs::exists(module); ++wait) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    EXPECT_FALSE(fs::exists(module));
+    EXPECT_TRUE(fs::exists(module.parent_path() / "QVRU__UI.DLL"));
+    EXPECT_NE(ReadFile(machine_ / "machine.log").find("UNINST.EXE QVRT_UNI.INI "),
+              std::string::npos);
+    EXPECT_EQ(Run({"uninstall", "--model", "T"}).code, 1);
+}
+
+TEST_F(Installation, DamagedStoreIsToldAndLeftAlone) {
+    Install("Office", "T");
+    platform::UseMachine(machine_ / "another");  // the store is closed
+    const fs::path store = machine_ / "registry.sqlite";
+    const std::string damage = "this is no store" + std::string(8192, 'x');
+    std::ofstream(store, std::ios::binary | std::ios::trunc) << damage;
+    for (const char* command : {"list", "document", "printer"}) {
+        const CommandResult result = std::string(command) == "list"
+                                         ? Run({command})
+                                         : Run({command, "Office", "-o", "Copies=2", "--apply"});
+        EXPECT_EQ(result.code, 1) << command;
+        EXPECT_NE(result.err.find("damaged"), std::string::npos) << result.err;
+    }
+    EXPECT_TRUE(ReadFile(store) == damage);
+}
+
+TEST_F(Installation, DemoMakesAPrinterOfEachModelOnce) {
+    for (int run = 0; run < 2; ++run) {
+        const std::string pages = Do({"demo", (machine_ / "demo").native()}).out;
+        for (const char* model : {"model U", "model T", "model V"}) {
+            EXPECT_NE(pages.find(model), std::string::npos);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace host

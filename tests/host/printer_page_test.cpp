@@ -1,0 +1,103 @@
+// The printer page, and what the document page makes of the installed options.
+#include "host/installed_options.h"
+#include "tests/host/host_fixture.h"
+
+namespace host {
+namespace {
+
+using PrinterPage = HostTest;
+
+TEST_F(PrinterPage, KeepsOptionsSetByHandForThePrinter) {
+    Install("Office", "T");
+    Install("Other", "T");
+    Do({"printer", "Office", "-o", "Tray 3=Not Installed", "--apply"});
+    const nlohmann::json page = Do({"printer", "Office", "--json"}).Json();
+    EXPECT_EQ(ItemNamed(page, "Auto Configure")["selection"], 1);
+    EXPECT_EQ(ItemNamed(page, "Auto Configure")["enabled"], false);
+    EXPECT_EQ(ItemNamed(page, "Tray 2")["selection"], 0);
+    EXPECT_EQ(ItemNamed(page, "Tray 3")["selection"], 1);
+    EXPECT_EQ(ItemNamed(Do({"printer", "Other", "--json"}).Json(), "Tray 3")["selection"], 0);
+    // The plug-in's two empty items are not shown.
+    for (const nlohmann::json& item : page["items"]) EXPECT_EQ(item["owner"], "driver");
+
+    const nlohmann::json document = Do({"document", "Office", "--json"}).Json();
+    const nlohmann::json source = ItemNamed(document, "Paper Source");
+    EXPECT_EQ(ChoiceNamed(source, "Tray 3")["stop"], true);
+    EXPECT_EQ(ChoiceNamed(source, "Tray 3")["enabled"], false);
+    EXPECT_EQ(ChoiceNamed(source, "Tray 2")["enabled"], true);
+    EXPECT_NE(Do({"document", "Office", "-l"}).out.find("Tray2 [Tray3] ManualFeed"),
+              std::string::npos);
+}
+
+TEST_F(PrinterPage, ModelWithoutThirdTrayHasNoItemForIt) {
+    Install("Studio", "U");
+    const std::string lines = Do({"printer", "Studio", "-l"}).out;
+    EXPECT_EQ(lines.find("Tray3"), std::string::npos);
+    EXPECT_NE(lines.find("DuplexUnit/Duplex Option (Double-sided): *INSTALLED NOTINSTALLED"),
+              std::string::npos);
+}
+
+TEST_F(PrinterPage, FollowsThePrintersAnswerOverBothRoutes) {
+    PlayedPrinterOptions options;
+    options.tray2 = options.duplex = true;
+    PrinterThread printer(options);
+    Install("Share", "T", "\\\\" + PrinterThread::Address() + "\\SMB_PRI1");
+    Install("Port", "V", "IP_" + PrinterThread::Address(), "on");
+    for (const char* name : {"Share", "Port"}) {
+        SCOPED_TRACE(name);
+        const nlohmann::json page = Do({"printer", name, "--json"}).Json();
+        EXPECT_EQ(ItemNamed(page, "Tray 2")["selection"], 0);
+        EXPECT_EQ(ItemNamed(page, "Tray 3")["selection"], 1);
+        EXPECT_EQ(ItemNamed(page, "Duplex Option (Double-sided)")["selection"], 0);
+        EXPECT_EQ(ItemNamed(page, "Tray 2")["enabled"], false);
+        EXPECT_EQ(ItemNamed(page, "Tray 3")["enabled"], false);
+        const nlohmann::json document = Do({"document", name, "--json"}).Json();
+        EXPECT_EQ(ItemNamed(document, "Duplex")["enabled"], true);
+        EXPECT_EQ(ChoiceNamed(ItemNamed(document, "Paper Source"), "Tray 3")["stop"], true);
+    }
+    printer.Stop();
+    // Byte for byte what the printer is asked over the plug-in's own connection.
+    const std::vector<std::string>& lines = printer.Lines();
+    ASSERT_GE(lines.size(), 6u);
+    EXPECT_EQ(lines[1], "connection 1");
+    EXPECT_EQ(lines[2], "1b 25 2d 31 32 33 34 35 58 40 50 4a 4c 20 49 4e");
+    EXPECT_EQ(lines[3], "46 4f 20 43 4f 4e 46 49 47 0d 0a 1b 25 2d 31 32");
+    EXPECT_EQ(lines[4], "33 34 35 58");
+    EXPECT_EQ(lines[5], "connection 1 closed after 36 bytes");
+}
+
+TEST_F(PrinterPage, DoesNotAskWhileAutomaticConfigurationIsOff) {
+    PrinterThread printer({});
+    Install("Share", "T", "\\\\" + PrinterThread::Address() + "\\SMB_PRI1");
+    Do({"printer", "Share", "-o", "Auto Configure=Off", "-o", "Tray 2=Installed", "--apply"});
+    Do({"document", "Share"});
+    printer.Stop();
+    int connections = 0;
+    for (const std::string& line : printer.Lines()) connections += line.ends_with("bytes") ? 1 : 0;
+    EXPECT_EQ(connections, 1);  // the printer page's own question, before the switch was off
+}
+
+TEST(InstalledOptions, AnswersAsADriverDoes) {
+    const Model& third = *FindModel("T");
+    const Model& two = *FindModel("u");
+    InstalledOptions options;
+    options.Set(InstalledOption::Tray2, 1);
+    char answer[260] = {};
+    DWORD needed = 0;
+    DWORD returned = 0;
+    EXPECT_EQ(options.Answer(third, "Tray2", answer, 260, &needed, &returned), TRUE);
+    EXPECT_STREQ(answer, "NOTINSTALLED");
+    EXPECT_EQ(needed, 13u);
+    EXPECT_EQ(returned, 1u);
+    EXPECT_EQ(options.Answer(third, "AutoConfig", answer, 260, nullptr, nullptr), TRUE);
+    EXPECT_STREQ(answer, "ON");
+    EXPECT_EQ(options.Answer(third, "Tray3", answer, 260, nullptr, nullptr), TRUE);
+    EXPECT_EQ(options.Answer(two, "Tray3", answer, 260, nullptr, nullptr), E_NOTIMPL);
+    EXPECT_EQ(options.Answer(third, "Tray4", answer, 260, nullptr, nullptr), E_NOTIMPL);
+    EXPECT_EQ(options.Answer(third, nullptr, answer, 260, nullptr, nullptr), E_NOTIMPL);
+    EXPECT_EQ(options.Answer(third, "Tray2", answer, 12, &needed, nullptr), FALSE);
+    EXPECT_EQ(::GetLastError(), static_cast<DWORD>(ERROR_INSUFFICIENT_BUFFER));
+}
+
+}  // namespace
+}  // namespace host
