@@ -30,13 +30,9 @@ bool SaveAndEnd(HWND dialog, INT32 selection) {
 /// The edited record with everything that the controls show read anew; the position stays.
 WatermarkRecord RecordInControls(HWND dialog) {
     WatermarkRecord record = EditedWatermark;
-    WCHAR buffer[std::size(WatermarkRecord{}.Text)] = {};
-    ::GetDlgItemTextW(dialog, IDC_NAME, buffer, static_cast<int>(std::size(record.Name)));
-    CopyText(record.Name, TextIn(buffer));
-    ::GetDlgItemTextW(dialog, IDC_TEXT, buffer, static_cast<int>(std::size(record.Text)));
-    CopyText(record.Text, TextIn(buffer));
-    ::GetDlgItemTextW(dialog, IDC_TYPEFACE, buffer, static_cast<int>(std::size(record.FaceName)));
-    CopyText(record.FaceName, TextIn(buffer));
+    ReadText(dialog, IDC_NAME, record.Name);
+    ReadText(dialog, IDC_TEXT, record.Text);
+    ReadText(dialog, IDC_TYPEFACE, record.FaceName);
     record.PointSize = static_cast<INT32>(::GetDlgItemInt(dialog, IDC_POINT_SIZE, nullptr, TRUE));
     record.Bold = static_cast<BYTE>(::SendDlgItemMessageW(dialog, IDC_BOLD, BM_GETCHECK, 0, 0));
     record.Italic = static_cast<BYTE>(::SendDlgItemMessageW(dialog, IDC_ITALIC, BM_GETCHECK, 0, 0));

@@ -55,6 +55,17 @@ void Repaint(HWND dialog);
 /// Enables or disables one control, if the dialog has it.
 void EnableControl(HWND dialog, int controlId, bool enabled);
 
+/// Reads a control's text, cut to the array. A text that cannot be read leaves the array as it is.
+template <std::size_t Capacity>
+void ReadText(HWND dialog, int controlId, WCHAR (&text)[Capacity]) {
+    const HWND control = ::GetDlgItem(dialog, controlId);
+    if (control == nullptr) return;
+    WCHAR read[Capacity] = {};
+    const int length = ::GetWindowTextW(control, read, static_cast<int>(Capacity));
+    if (length == 0 && ::GetWindowTextLengthW(control) > 0) return;
+    CopyText(text, TextIn(read));
+}
+
 /// The selected position of a list; -1 without a selection.
 INT32 SelectedPosition(HWND dialog, int listId);
 

@@ -47,26 +47,21 @@ void LimitSignedNumber(HWND dialog, int editId, INT32 number) {
 
 void OnName(HWND dialog, UINT) {
     LimitText(dialog, IDC_NAME, kTypedNameLimit);
-    WCHAR name[std::size(WatermarkRecord{}.Name)] = {};
-    ::GetDlgItemTextW(dialog, IDC_NAME, name, static_cast<int>(std::size(name)));
-    CopyText(EditedWatermark.Name, TextIn(name));
+    ReadText(dialog, IDC_NAME, EditedWatermark.Name);
 }
 
 void OnText(HWND dialog, UINT) {
     LimitText(dialog, IDC_TEXT, kTypedTextLimit);
-    WCHAR text[kTypedTextLimit + 1] = {};
-    ::GetDlgItemTextW(dialog, IDC_TEXT, text, static_cast<int>(std::size(text)));
-    CopyText(EditedWatermark.Text, TextIn(text));
-    CopyText(PreviewWatermark.Text, TextIn(text));
+    // One character more can be typed than the record keeps.
+    ReadText(dialog, IDC_TEXT, EditedWatermark.Text);
+    CopyText(PreviewWatermark.Text, TextIn(EditedWatermark.Text));
     Repaint(dialog);
 }
 
 void OnTypeface(HWND dialog, UINT) {
     const INT32 position = SelectedPosition(dialog, IDC_TYPEFACE);
     ::SendDlgItemMessageW(dialog, IDC_TYPEFACE, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
-    WCHAR face[std::size(WatermarkRecord{}.FaceName)] = {};
-    ::GetDlgItemTextW(dialog, IDC_TYPEFACE, face, static_cast<int>(std::size(face)));
-    CopyText(EditedWatermark.FaceName, TextIn(face));
+    ReadText(dialog, IDC_TYPEFACE, EditedWatermark.FaceName);
     FillEditorControls(dialog, EditedWatermark, false);
 }
 

@@ -39,6 +39,7 @@ public:
     /// The answers to the questions to come, in order. A box with a single button needs none; a
     /// question without an answer fails the test.
     void WillAnswer(std::initializer_list<int> buttons);
+    void ForgetAnswers() { answers_.clear(); }
     const std::vector<DialogMessage>& Messages() const { return messages_; }
     /// What the user was given to read; recorded by the layer only.
     const std::vector<ReadHelp>& HelpRead() const { return helpRead_; }

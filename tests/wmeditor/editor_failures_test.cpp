@@ -1,0 +1,117 @@
+// The editor when the platform fails it, and the help that the user is given: both need the layer.
+
+#include <algorithm>
+#include <map>
+
+#include "platform/testing/failure_points.h"
+#include "tests/wmeditor/editor_fixture.h"
+
+namespace oemui {
+namespace {
+
+using tests::MakeList;
+using tests::NamesIn;
+using tests::Narrow;
+
+class EditorFailures : public tests::EditorTest {
+protected:
+    /// Runs the scenario with one call of it failing, for calls of every kind spread over it.
+    /// Whatever happens, the stored list is none, or one of the expected ones as a whole.
+    void FailCalls(const std::function<void()>& work, const std::vector<std::string>& expected) {
+        opened_ = list_;
+        std::map<std::string, int> calls;
+        {
+            const platform::FailurePlan counting;
+            Edit(work);
+            for (const std::string& point : counting.Passed()) ++calls[point];
+        }
+        EXPECT_GT(calls.size(), 20u);
+        // What could not be closed stays open: that says nothing about the editor.
+        calls.erase("ClosePrinter");
+        for (const auto& [point, count] : calls) {
+            const int step = std::max(1, count / kCallsOfAKind);
+            for (int failing = 1; failing <= count; failing += step) {
+                SCOPED_TRACE(point + " " + std::to_string(failing));
+                FailCall(work, expected, {point, failing, ERROR_NOT_ENOUGH_MEMORY});
+            }
+        }
+    }
+
+private:
+    static constexpr int kCallsOfAKind = 6;
+
+    struct Failure {
+        std::string point;
+        int call;
+        DWORD error;
+    };
+
+    void FailCall(const std::function<void()>& work, const std::vector<std::string>& expected,
+                  const Failure& failure) {
+        list_ = opened_;
+        printer_.StoreValue(TEXT("WaterMarkList"), {});
+        user_.ForgetAnswers();
+        {
+            const platform::FailurePlan plan(failure.point, failure.call, failure.error);
+            Edit(work);
+        }
+        const std::string names = Narrow(NamesIn(Stored()));
+        EXPECT_TRUE(std::find(expected.begin(), expected.end(), names) != expected.end()) << names;
+        EXPECT_GE(list_.Selected, 0);
+        EXPECT_LT(list_.Selected, list_.Count);
+    }
+
+    WatermarkList opened_;
+};
+
+TEST_F(EditorFailures, OpenAndCancel) {
+    FailCalls([this] { user_.Click(IDC_CANCEL); }, {""});
+}
+
+TEST_F(EditorFailures, NewAndOk) {
+    list_ = MakeList({TEXT("<NONE>"), TEXT("Alpha")});
+    FailCalls(
+        [this] {
+            user_.WillAnswer({IDNO});
+            if (!user_.Click(IDC_NEW) || AddingNew == 0) return;
+            if (user_.TypeText(IDC_NAME, TEXT("Zebra"))) user_.Click(IDOK);
+        },
+        {"", "<NONE> Alpha Zebra"});
+}
+
+TEST_F(EditorFailures, DeleteAndOk) {
+    list_ = MakeList({TEXT("<NONE>"), TEXT("Alpha"), TEXT("Bravo")});
+    list_.Selected = 1;
+    FailCalls(
+        [this] {
+            user_.WillAnswer({IDOK, IDNO});
+            if (user_.Click(IDC_DELETE)) user_.Click(IDOK);
+        },
+        {"", "<NONE> Alpha Bravo", "<NONE> Bravo"});
+}
+
+TEST_F(EditorFailures, AValueThatCannotBeWrittenIsTold) {
+    const platform::FailurePlan plan("SetPrinterDataW", 0, ERROR_ACCESS_DENIED);
+    EXPECT_EQ(Edit([this] { user_.Click(IDOK); }), 1);
+    ASSERT_EQ(user_.Messages().size(), 1u);
+    EXPECT_EQ(user_.Messages()[0].text, "Failed to set data in registry.");
+    EXPECT_EQ(user_.Messages()[0].caption, "Error");
+}
+
+TEST_F(EditorFailures, HelpIsReadInTheModelsFile) {
+    Edit([this] {
+        user_.Click(IDC_HELP_BUTTON);
+        user_.Click(IDC_USER_POSITION);
+        user_.PressKey(VK_F1);
+    });
+    ASSERT_EQ(user_.HelpRead().size(), 2u);
+    EXPECT_EQ(user_.HelpRead()[0].command, static_cast<UINT>(HELP_CONTEXT));
+    EXPECT_EQ(user_.HelpRead()[0].topic, 1114u);
+    EXPECT_EQ(user_.HelpRead()[1].command, static_cast<UINT>(HELP_CONTEXTPOPUP));
+    EXPECT_EQ(user_.HelpRead()[1].topic, 1302u);
+    EXPECT_EQ(Narrow(user_.HelpRead()[1].file),
+              "C:\\Windows\\System32\\spool\\drivers\\x64\\3\\QVRT_HLP.HLP");
+}
+
+}  // namespace
+}  // namespace oemui
