@@ -27,8 +27,9 @@ struct Mapped {
     const link_map* object = nullptr;  // the loader's record of the shared object
     void* library = nullptr;           // from `dlopen`; null for the program
     fs::path file;
-    int uses = 0;  // by `LoadLibraryW`
+    int uses = 0;  // by `LoadLibraryW`; none yet while the entry is told of the beginning
     bool isProgram = false;
+    bool isClosed = false;      // nobody uses it any more, but the loader keeps it mapped
     bool entryRefused = false;  // the entry answered that it cannot run
 };
 
@@ -57,8 +58,7 @@ const link_map* ObjectOf(void* library) {
     return dlinfo(library, RTLD_DI_LINKMAP, &object) == 0 ? object : nullptr;
 }
 
-// With the lock held. Modules that nobody uses any more count as gone even if the loader keeps
-// them mapped.
+// With the lock held.
 std::map<const ModuleImage*, Mapped>::iterator Find(HINSTANCE handle) {
     auto& modules = Modules();
     if (handle == nullptr) {
@@ -66,8 +66,7 @@ std::map<const ModuleImage*, Mapped>::iterator Find(HINSTANCE handle) {
                             [](const auto& entry) { return entry.second.isProgram; });
     }
     const auto found = modules.find(reinterpret_cast<const ModuleImage*>(handle));
-    const bool isOpen =
-        found != modules.end() && (found->second.isProgram || found->second.uses > 0);
+    const bool isOpen = found != modules.end() && !found->second.isClosed;
     return isOpen ? found : modules.end();
 }
 
@@ -110,6 +109,7 @@ HINSTANCE AddUse(void* library, DWORD* error) {
             return nullptr;
         }
         mapped.library = library;
+        mapped.isClosed = false;
         ++mapped.uses;
         CountObject("module", 1);
         return HandleOf(image);
@@ -187,6 +187,9 @@ BOOL WINAPI FreeLibrary(HMODULE module) {
         platform::CountObject("module", -1);
     }
     dlclose(library);
+    const std::lock_guard lock(platform::mutex);
+    const auto kept = platform::Find(module);
+    if (kept != platform::Modules().end()) kept->second.isClosed = kept->second.uses == 0;
     return TRUE;
 }
 

@@ -15,9 +15,11 @@ protected:
     static void Install(const fs::path& folder, const char* name) {
         fs::copy_file(SAMPLE_MODULE, folder / name);
     }
-    static HINSTANCE AttachedAs(HMODULE module) {
-        void* function = reinterpret_cast<void*>(GetProcAddress(module, "AttachedAs"));
-        return function == nullptr ? nullptr : reinterpret_cast<HINSTANCE (*)()>(function)();
+    /// Calls an export without parameters.
+    template <typename Result>
+    static Result Call(HMODULE module, const char* name) {
+        void* function = reinterpret_cast<void*>(GetProcAddress(module, name));
+        return function == nullptr ? nullptr : reinterpret_cast<Result (*)()>(function)();
     }
 };
 
@@ -28,8 +30,9 @@ TEST_F(ModuleTest, FoundInItsPlacesAttachedOnceAndDetachedAtTheLastUse) {
     const HMODULE other = LoadLibraryW(u"Sample_B");
     ASSERT_TRUE(first != nullptr && other != nullptr);
     EXPECT_NE(first, other) << "copies under two names share nothing";
-    EXPECT_EQ(AttachedAs(first), first);
-    EXPECT_EQ(AttachedAs(other), other);
+    EXPECT_EQ(Call<HINSTANCE>(first, "AttachedAs"), first);
+    EXPECT_EQ(Call<HINSTANCE>(other, "AttachedAs"), other);
+    EXPECT_TRUE(std::u16string(Call<LPCWSTR>(other, "OwnFile")) == u"C:\\Windows\\SAMPLE_B.DLL");
     EXPECT_EQ(LoadLibraryW(u"C:\\Windows\\System32\\spool\\drivers\\x64\\3\\SAMPLE_A.DLL"), first);
     SetLastError(0);
     EXPECT_TRUE(FreeLibrary(first));

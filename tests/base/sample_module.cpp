@@ -5,6 +5,7 @@
 namespace {
 
 HINSTANCE attached = nullptr;
+WCHAR ownFile[MAX_PATH];
 
 }  // namespace
 
@@ -13,10 +14,17 @@ extern "C" __attribute__((visibility("hidden"))) BOOL WINAPI DllMain(HINSTANCE m
                                                                      LPVOID) {
     if (reason == DLL_PROCESS_DETACH) SetLastError(4711);
     if (reason != DLL_PROCESS_ATTACH) return TRUE;
+    const bool refuses = GetLastError() == 4712;
     attached = module;
-    return GetLastError() == 4712 ? FALSE : TRUE;
+    // The entry may ask about its module before the call that loads it is over.
+    GetModuleFileNameW(module, ownFile, MAX_PATH);
+    return refuses ? FALSE : TRUE;
 }
 
 extern "C" __attribute__((visibility("default"))) HINSTANCE AttachedAs() {
     return attached;
+}
+
+extern "C" __attribute__((visibility("default"))) LPCWSTR OwnFile() {
+    return ownFile;
 }
