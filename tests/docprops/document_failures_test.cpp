@@ -15,6 +15,9 @@ using tests::DocumentPage;
 
 namespace {
 
+constexpr DocumentItem kAllItems[] = {kScalingItem, kWatermarkItem, kTransmitOnceItem,
+                                      kRenderingIntentItem};
+
 class DocumentFailures : public tests::PluginTest {
 protected:
     DocumentFailures() {
@@ -23,7 +26,6 @@ protected:
                             "[WatermarkInfo]\r\nNUM=2\r\ndat0=0,<NONE>,,Arial,72\r\n"
                             "dat1=1,Copy,COPY,Arial,72\r\n");
     }
-    ~DocumentFailures() override = default;
 };
 
 /// An item is whole, or it is as it was cleared.
@@ -52,10 +54,7 @@ std::vector<std::string> BuildWithFailure(int failing, DWORD error) {
             page.Build();
             calls = plan.Passed();
         }
-        for (const DocumentItem place :
-             {kScalingItem, kWatermarkItem, kTransmitOnceItem, kRenderingIntentItem}) {
-            ExpectItemUsable(page.Own(place));
-        }
+        for (const DocumentItem place : kAllItems) ExpectItemUsable(page.Own(place));
     }
     const std::string stored = printer.StoredValue(TEXT("WaterMarkList"));
     EXPECT_TRUE(stored.empty() || stored.size() == sizeof(WatermarkList)) << stored.size();
@@ -78,23 +77,17 @@ TEST_F(DocumentFailures, PageComesUpWhicheverCallFails) {
     }
 }
 
-TEST_F(DocumentFailures, ExhaustedHeapLeavesClearedItems) {
-    tests::TestPrinter printer(TEXT("Failures Test"));
-    DocumentPage page(printer.Name());
-    const platform::FailurePlan plan("HeapAlloc", 0, ERROR_NOT_ENOUGH_MEMORY);
-    page.Build();
-    for (const DocumentItem place :
-         {kScalingItem, kWatermarkItem, kTransmitOnceItem, kRenderingIntentItem}) {
-        ExpectItemUsable(page.Own(place));
-        EXPECT_EQ(page.Own(place).pOptType, nullptr);
-    }
-}
-
-TEST_F(DocumentFailures, PageTakesLittleOfTheHeap) {
+TEST_F(DocumentFailures, PageTakesLittleOfTheHeapAndExhaustedLeavesClearedItems) {
     tests::TestPrinter printer(TEXT("Failures Test"));
     DocumentPage page(printer.Name());
     page.Build();
     EXPECT_LE(platform::HeapBytes(page.Params().hOEMHeap), 8192U);
+    const platform::FailurePlan plan("HeapAlloc", 0, ERROR_NOT_ENOUGH_MEMORY);
+    page.Build();
+    for (const DocumentItem place : kAllItems) {
+        ExpectItemUsable(page.Own(place));
+        EXPECT_EQ(page.Own(place).pOptType, nullptr);
+    }
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "docprops/document_items.h"
 
 #include <cstring>
+#include <sstream>
 
 #include "common/page_state.h"
 #include "docprops/document_callback.h"
@@ -14,6 +15,9 @@ using tests::Narrow;
 
 namespace {
 
+constexpr DocumentItem kAllItems[] = {kScalingItem, kWatermarkItem, kTransmitOnceItem,
+                                      kRenderingIntentItem};
+
 class DocumentItems : public tests::PluginTest {
 protected:
     ~DocumentItems() override { tests::WriteIniFile(TEXT("QVRT__WM.INI"), ""); }
@@ -22,75 +26,45 @@ protected:
     DocumentPage page_{printer_.Name()};
 };
 
-struct ShownChoice {
-    const char* text;
-    ULONG_PTR icon;
-    LPARAM highest;
-};
-
-struct ShownItem {
-    const char* name;
-    BYTE type;
-    ShownChoice choices[2];
-    LONG selection;
-    DWORD flags;
-    DWORD help;
-};
-
-constexpr ShownItem kShown[] = {
-    {"Scaling", TVOT_UDARROW, {{"%", 0, 0}, {"", 20, 200}}, 100, 0x10009, 1212},
-    {"Watermark", TVOT_COMBOBOX, {{"Enabled", 64008, 0}, {"Disabled", 64007, 0}}, 1, 0x1040D, 1114},
-    {"Transmit Once", TVOT_COMBOBOX, {{"Off", 64007, 0}, {"On", 64008, 0}}, 0, 0x10029, 1115},
-    {"Rendering Intent",
-     TVOT_COMBOBOX,
-     {{"Saturation", 0, 0}, {"Perceptual", 0, 0}},
-     0,
-     0x10000,
-     1123},
-};
-
 std::string Shown(LPCWSTR text) {
     return text == nullptr ? "" : Narrow(text);
 }
 
-void ExpectShown(const OPTITEM& item, const ShownItem& expected) {
-    SCOPED_TRACE(expected.name);
-    EXPECT_EQ(item.cbSize, 88);
-    EXPECT_EQ(item.Level, 1);
-    EXPECT_EQ(Shown(item.pName), expected.name);
-    EXPECT_EQ(item.Sel, expected.selection);
-    EXPECT_EQ(item.Flags, expected.flags);
-    EXPECT_EQ(item.HelpIndex, expected.help);
-    EXPECT_EQ(item.DMPubID, DMPUB_NONE);
-    ASSERT_NE(item.pOptType, nullptr);
-    EXPECT_EQ(item.pOptType->cbSize, 48);
-    EXPECT_EQ(item.pOptType->Type, expected.type);
-    ASSERT_EQ(item.pOptType->Count, 2);
-    for (std::size_t i = 0; i < 2; ++i) {
+/// What the driver shows of an item: name, type, choices with icon and highest value, selection,
+/// flags, help topic.
+std::string Shown(const OPTITEM& item) {
+    std::ostringstream shown;
+    shown << Shown(item.pName) << " type " << int{item.pOptType->Type};
+    for (WORD i = 0; i < item.pOptType->Count; ++i) {
         const OPTPARAM& choice = item.pOptType->pOptParam[i];
-        EXPECT_EQ(choice.cbSize, 48);
-        EXPECT_EQ(Shown(choice.pData), expected.choices[i].text);
-        EXPECT_EQ(choice.IconID, expected.choices[i].icon);
-        EXPECT_EQ(choice.lParam, expected.choices[i].highest);
+        shown << " [" << Shown(choice.pData) << " " << choice.IconID << " " << choice.lParam << "]";
     }
-    ASSERT_NE(item.pOIExt, nullptr);
-    EXPECT_EQ(item.pOIExt->cbSize, 56);
-    EXPECT_TRUE(Shown(item.pOIExt->pHelpFile).ends_with("\\3\\QVRT_HLP.HLP"))
-        << Shown(item.pOIExt->pHelpFile);
+    shown << " shows " << item.Sel << std::hex << " flags " << item.Flags << std::dec << " help "
+          << item.HelpIndex;
+    return shown.str();
 }
 
 TEST_F(DocumentItems, FourItemsAsTheDriverShowsThem) {
     page_.Build();
-    for (const DocumentItem place :
-         {kScalingItem, kWatermarkItem, kTransmitOnceItem, kRenderingIntentItem}) {
-        ExpectShown(page_.Own(place), kShown[place]);
+    constexpr const char* kShown[] = {
+        "Scaling type 2 [% 0 0] [ 20 200] shows 100 flags 10009 help 1212",
+        "Watermark type 6 [Enabled 64008 0] [Disabled 64007 0] shows 1 flags 1040d help 1114",
+        "Transmit Once type 6 [Off 64007 0] [On 64008 0] shows 0 flags 10029 help 1115",
+        "Rendering Intent type 6 [Saturation 0 0] [Perceptual 0 0] shows 0 flags 10000 help 1123"};
+    for (const DocumentItem place : kAllItems) {
+        const OPTITEM& item = page_.Own(place);
+        EXPECT_EQ(Shown(item), kShown[place]);
+        EXPECT_EQ(item.cbSize + item.pOptType->cbSize + item.pOptType->pOptParam[1].cbSize +
+                      item.pOIExt->cbSize,
+                  88 + 48 + 48 + 56);
+        EXPECT_EQ(item.Level, 1);
+        EXPECT_TRUE(Shown(item.pOIExt->pHelpFile).ends_with("\\3\\QVRT_HLP.HLP"));
     }
     const EXTPUSH* button = page_.Own(kWatermarkItem).pExtPush;
     ASSERT_NE(button, nullptr);
-    EXPECT_EQ(button->cbSize, 64);
     EXPECT_EQ(Shown(button->pTitle), "Edit");
+    EXPECT_EQ(button->cbSize, 64);
     EXPECT_EQ(button->IconID, 1002U);
-    EXPECT_EQ(button->pfnCallBack, nullptr);
     EXPECT_TRUE(page_.Params().OEMCUIPCallback == DocumentPropertyCallback);
     EXPECT_EQ(Narrow(CurrentPrinterName), "Items Test");
 }
@@ -178,8 +152,7 @@ TEST_F(DocumentItems, WithoutPrivateDevmodeOnlyTheDriversItemsAreAdjusted) {
 
     OPTITEM cleared = {};
     cleared.cbSize = sizeof cleared;
-    for (const DocumentItem place :
-         {kScalingItem, kWatermarkItem, kTransmitOnceItem, kRenderingIntentItem}) {
+    for (const DocumentItem place : kAllItems) {
         EXPECT_EQ(std::memcmp(&page_.Own(place), &cleared, sizeof cleared), 0);
     }
     EXPECT_EQ(page_.Driver(DMPUB_ICMMETHOD).Flags, static_cast<DWORD>(OPTIF_HIDE));

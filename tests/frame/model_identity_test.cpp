@@ -31,6 +31,7 @@ constexpr Derived kDerived[] = {
     {R"(C:\folder.T\QVRT)", "QVRT", 'T', 1, 0x51565254, "7140"},
     {R"(C:\AB.DLL)", "AB.DLL", 0, 0, 0x41420000, "####"},
     {R"(C:\)", "", 0, 0, 0, "####"},
+    {"", "", 0, 0, 0, "####"},
 };
 
 TEST_F(ModelIdentityTest, FileNameAloneDecides) {
@@ -43,15 +44,12 @@ TEST_F(ModelIdentityTest, FileNameAloneDecides) {
         EXPECT_EQ(Model().Signature, expected.signature);
         EXPECT_EQ(Narrow(TextIn(Model().PortMonitor)),
                   std::string("pigmentra ") + expected.number + "RZ TCP/IP Port");
+        const std::string start = std::string("QVR") + expected.letter;
+        EXPECT_EQ(Narrow(Model().PrintProcessorFile), (start + "__PP.DLL").c_str());
+        EXPECT_EQ(Narrow(Model().HelpFile), (start + "_HLP.HLP").c_str());
+        EXPECT_EQ(Narrow(Model().DefaultWatermarkFile), (start + "__WM.INI").c_str());
+        EXPECT_EQ(Narrow(Model().SettingsFile), (start + "_UNI.INI").c_str());
     }
-}
-
-TEST_F(ModelIdentityTest, LetterStandsInEveryFileName) {
-    tests::BecomeModel('X');
-    EXPECT_EQ(Narrow(TextIn(Model().PrintProcessorFile)), "QVRX__PP.DLL");
-    EXPECT_EQ(Narrow(TextIn(Model().HelpFile)), "QVRX_HLP.HLP");
-    EXPECT_EQ(Narrow(TextIn(Model().DefaultWatermarkFile)), "QVRX__WM.INI");
-    EXPECT_EQ(Narrow(TextIn(Model().SettingsFile)), "QVRX_UNI.INI");
 }
 
 TEST_F(ModelIdentityTest, LongNamesAreCutAndKeepLetterAndSignature) {
@@ -61,14 +59,6 @@ TEST_F(ModelIdentityTest, LongNamesAreCutAndKeepLetterAndSignature) {
     EXPECT_EQ(TextIn(Model().ModuleName).size(), 259U);
     EXPECT_EQ(Model().Index, 2U);
     EXPECT_EQ(Model().Signature, 0x51565256U);
-}
-
-TEST_F(ModelIdentityTest, UnreadablePathLeavesTemplates) {
-    DeriveModelIdentity({});
-    EXPECT_EQ(Model().Index, 0U);
-    EXPECT_EQ(Model().Signature, 0U);
-    EXPECT_EQ(Narrow(TextIn(Model().HelpFile)), "QVR");
-    EXPECT_EQ(Narrow(TextIn(Model().PortMonitor)), "pigmentra ####RZ TCP/IP Port");
 }
 
 }  // namespace

@@ -103,15 +103,7 @@ TEST(CopyWatermarkTest, CopiesEveryFieldAndNothingBehindTheTerminators) {
     EXPECT_EQ(std::memcmp(&copy, &expected, sizeof copy), 0);
 }
 
-TEST(CopyWatermarkTest, UnterminatedTextsAreCutInsideTheirArrays) {
-    WatermarkRecord copy = FilledWith(0);
-    CopyWatermark(&copy, FilledWith(0x41));
-    EXPECT_EQ(TextIn(copy.Name).size(), 31U);
-    EXPECT_EQ(TextIn(copy.Text).size(), 63U);
-    EXPECT_EQ(TextIn(copy.FaceName).size(), 31U);
-}
-
-TEST(SanitizeWatermarkListTest, HeaderIsMadeSafe) {
+TEST(SanitizeWatermarkListTest, HeaderAndTextsAreMadeSafe) {
     struct Row {
         INT32 count;
         INT32 selected;
@@ -131,6 +123,14 @@ TEST(SanitizeWatermarkListTest, HeaderIsMadeSafe) {
         EXPECT_EQ(list.Count, row.isAccepted ? row.count : 0);
         EXPECT_EQ(list.Selected, row.safeSelected);
         EXPECT_EQ(list.NoneSelected, row.isAccepted ? 1U : 0U);
+    }
+    WatermarkList list = {};
+    for (WatermarkRecord& record : list.Entries) record = FilledWith(0x41);
+    EXPECT_TRUE(SanitizeWatermarkList(&list));
+    for (const WatermarkRecord& record : list.Entries) {
+        EXPECT_EQ(TextIn(record.Name).size(), 31U);
+        EXPECT_EQ(TextIn(record.Text).size(), 63U);
+        EXPECT_EQ(TextIn(record.FaceName).size(), 31U);
     }
 }
 

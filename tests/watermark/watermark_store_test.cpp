@@ -81,17 +81,4 @@ TEST_F(WatermarkStore, MissingOrDamagedListsReadAsFailedAndEmpty) {
     }
 }
 
-TEST_F(WatermarkStore, UnterminatedTextsAreTerminatedOnTheWayIn) {
-    printer_.StoreValue(
-        kValueName, std::string(4, '\0') + std::string("\x10\0\0\0", 4) + std::string(4808, 'A'));
-    WatermarkList read;
-    EXPECT_EQ(Read(&read), static_cast<DWORD>(ERROR_SUCCESS));
-    EXPECT_EQ(read.Selected, 0);
-    for (const WatermarkRecord& record : read.Entries) {
-        EXPECT_EQ(TextIn(record.Name).size(), 31U);
-        EXPECT_EQ(TextIn(record.Text).size(), 63U);
-        EXPECT_EQ(TextIn(record.FaceName).size(), 31U);
-    }
-}
-
 }  // namespace
