@@ -1,5 +1,6 @@
 #include "host/page_text.h"
 
+#include <algorithm>
 #include <ostream>
 
 #include "platform/base/machine.h"
