@@ -11,14 +11,6 @@ namespace {
 /// The platform's faces for dialogs are not installed elsewhere; this one has their widths.
 constexpr const char* kDialogFace = "Liberation Sans";
 
-QFont DialogFont(const DialogTemplate& dialog) {
-    QString face = QString::fromStdU16String(dialog.FontFace);
-    if (!QFontDatabase::hasFamily(face)) face = QString::fromLatin1(kDialogFace);
-    QFont font(face);
-    font.setPixelSize(std::clamp((dialog.PointSize * 96 + 36) / 72, 6, 96));
-    return font;
-}
-
 int Scale(int units, int base, int divisor) {
     const int product = units * base;
     return (product + (product < 0 ? -divisor : divisor) / 2) / divisor;
@@ -26,7 +18,16 @@ int Scale(int units, int base, int divisor) {
 
 }  // namespace
 
-DialogUnits::DialogUnits(const DialogTemplate& dialog) : font_(DialogFont(dialog)) {
+QFont DialogFont(const std::u16string& face, int pointSize) {
+    QString family = QString::fromStdU16String(face);
+    if (!QFontDatabase::hasFamily(family)) family = QString::fromLatin1(kDialogFace);
+    QFont font(family);
+    font.setPixelSize(std::clamp((pointSize * 96 + 36) / 72, 6, 96));
+    return font;
+}
+
+DialogUnits::DialogUnits(const DialogTemplate& dialog)
+    : font_(DialogFont(dialog.FontFace, dialog.PointSize)) {
     const QFontMetricsF metrics(font_);
     const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
     baseWidth_ = (static_cast<int>(metrics.horizontalAdvance(letters)) / 26 + 1) / 2;

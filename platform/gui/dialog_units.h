@@ -8,6 +8,10 @@
 
 namespace platform {
 
+/// A face by name, or the one that stands in for the platform's dialog faces, in points at 96 dots
+/// per inch.
+QFont DialogFont(const std::u16string& face, int pointSize);
+
 class DialogUnits {
 public:
     explicit DialogUnits(const DialogTemplate& dialog);

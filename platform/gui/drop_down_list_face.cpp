@@ -16,6 +16,7 @@ namespace platform {
 namespace {
 
 constexpr int kWheelStep = 120;  // eighths of a degree of one notch
+constexpr int kItemGap = 2;      // pixels between the lines of two items
 constexpr int kItemMargin = 8;   // pixels around an item's text, both sides together
 
 }  // namespace
@@ -82,13 +83,16 @@ DropDownList::Popup::Popup(DropDownList& list, QWidget* face)
 void DropDownList::Popup::Drop(int width, int height) {
     items_->setFont(list_.Font());  // windows of their own do not take over their parent's
     items_->clear();
-    for (const Item& item : list_.items_) items_->addItem(item.text);
-    const int row = std::max(items_->sizeHintForRow(0), 1);
-    const int shown = std::clamp((height - 2) / row, 1, std::max(list_.Count(), 1));
-    const bool scrolls = shown < list_.Count();
+    const int row = items_->fontMetrics().height() + kItemGap;
+    for (const Item& item : list_.items_) {
+        auto* shown = new QListWidgetItem(item.text, items_);
+        shown->setSizeHint(QSize(0, row));
+    }
+    const int rows = std::clamp((height - 2) / row, 1, std::max(list_.Count(), 1));
+    const bool scrolls = rows < list_.Count();
     const int bar = scrolls ? items_->verticalScrollBar()->sizeHint().width() : 0;
     const int whole = std::max(width, list_.Widget()->width() - kItemMargin - bar);
-    setGeometry(PlaceOnScreen(whole + kItemMargin + bar, shown * row + 2));
+    setGeometry(PlaceOnScreen(whole + kItemMargin + bar, rows * row + 2));
     ShowSelection();
     show();
     list_.Widget()->update();

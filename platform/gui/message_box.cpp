@@ -7,10 +7,12 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <algorithm>
 
 #include "platform/gui/application.h"
+#include "platform/gui/dialog_units.h"
 #include "platform/gui/focus.h"
 #include "platform/gui/window.h"
 #include "platform/gui/window_text.h"
@@ -39,6 +41,7 @@ class Box : public QDialog {
 public:
     Box(const MessageBoxRequest& request, QWidget* owner) : QDialog(owner) {
         setStyle(gui::Style());
+        setFont(DialogFont(u"MS Sans Serif", 9));
         setWindowTitle(QString::fromStdU16String(request.caption));
         const std::vector<int> buttons = MessageBoxButtons(request.type);
         escape_ = buttons.size() == 1 ? buttons.front()
@@ -103,7 +106,11 @@ int ShowMessageBox(const MessageBoxRequest& request) {
     // Without an owner it stands before whatever window the user works in.
     Box box(request, owner == nullptr ? QApplication::activeWindow() : owner->Widget());
     box.setWindowModality(Qt::ApplicationModal);
-    return box.exec();
+    const QPointer<QWidget> before = QApplication::activeWindow();
+    const int button = box.exec();
+    // The focus is back before the caller goes on, whenever the window manager gets to it.
+    if (before != nullptr) QApplication::setActiveWindow(before);
+    return button;
 }
 
 bool SaveMessageBoxPicture(const MessageBoxRequest& request, const std::filesystem::path& file) {

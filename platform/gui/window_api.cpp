@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 #include <algorithm>
 
@@ -14,7 +14,6 @@
 using platform::Control;
 using platform::MustFail;
 using platform::Window;
-using platform::WindowKind;
 
 namespace platform {
 
@@ -65,13 +64,6 @@ HWND FocusHandle() {
     return focused == nullptr ? nullptr : focused->Handle();
 }
 
-void LetGoOfFocus() {
-    QWidget* focused = QGuiApplication::focusObject() == nullptr
-                           ? nullptr
-                           : qobject_cast<QWidget*>(QGuiApplication::focusObject());
-    if (focused != nullptr) focused->clearFocus();
-}
-
 }  // namespace
 
 LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM first, LPARAM second) {
@@ -99,7 +91,7 @@ BOOL WINAPI IsWindowEnabled(HWND window) {
 HWND WINAPI SetFocus(HWND window) {
     const HWND before = FocusHandle();
     if (window == nullptr) {
-        LetGoOfFocus();
+        if (QWidget* focused = QApplication::focusWidget()) focused->clearFocus();
         return before;
     }
     const Window* found = WindowForCall("SetFocus", window);

@@ -169,7 +169,10 @@ bool StepUpDown(HWND dialog, int upDownId, int steps) {
 bool AskHelp(HWND dialog, int controlId) {
     Dialog* found = OpenDialog(dialog);
     if (found == nullptr || found->Find(controlId) == nullptr) return false;
-    found->AskHelp(controlId);
+    found->AwaitHelpClick();
+    // In the corner, where no control that lies within this one is.
+    const QPoint corner = found->Find(controlId)->Widget()->pos() + QPoint(3, 3);
+    SendMouse(found->Widget(), QEvent::MouseButtonPress, corner);
     return true;
 }
 

@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <QApplication>
 #include <QFontMetrics>
-#include <QLabel>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QTimer>
 #include <chrono>
 #include <functional>
-#include <numeric>
 
 #include "platform/base/accounting.h"
 #include "platform/base/machine.h"
@@ -394,8 +396,9 @@ TEST_F(DialogTest, KeysFollowTheTemplate) {
         hands::PressKey(dialog, VK_TAB);
         EXPECT_EQ(GetFocus(), GetDlgItem(dialog, DIGITS));
         hands::PressKey(dialog, VK_F1);
-        hands::AskHelp(dialog, LABEL);
-        EXPECT_EQ(helpAskedOn, (std::vector<int>{DIGITS, LABEL}));
+        EnableWindow(GetDlgItem(dialog, PUSH), FALSE);
+        for (const int control : {LABEL, PUSH, FRAME, PAGE}) hands::AskHelp(dialog, control);
+        EXPECT_EQ(helpAskedOn, (std::vector<int>{DIGITS, LABEL, PUSH, FRAME, PAGE}));
         Take();
         hands::PressKey(dialog, VK_ESCAPE);
         EXPECT_EQ(Take(), (Commands{{IDCANCEL, 0}, {DIGITS, EN_KILLFOCUS}}));
@@ -416,6 +419,53 @@ TEST_F(DialogTest, MessageBoxTakesTheFocusAndGivesItBack) {
     EXPECT_EQ(user_.Boxes()[0].request.text, u"Sure?");
     EXPECT_EQ(user_.Boxes()[0].request.caption, u"Question");
     EXPECT_EQ(user_.Boxes()[1].request.caption, u"Error");
+}
+
+/// Presses a key in whatever window is in front, as soon as one is.
+void PressSoon(Qt::Key key, const QString& text) {
+    QTimer::singleShot(0, [key, text] {
+        QWidget* window = QApplication::activeModalWidget();
+        ASSERT_NE(window, nullptr);
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QWidget* focused = window->focusWidget();
+        QApplication::sendEvent(focused != nullptr ? focused : window, &press);
+        QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
+        QApplication::sendEvent(focused != nullptr ? focused : window, &release);
+    });
+}
+
+void ClickSoon(const QString& name) {
+    QTimer::singleShot(0, [name] {
+        for (auto* button : QApplication::activeModalWidget()->findChildren<QPushButton*>()) {
+            if (button->text() == name) button->click();
+        }
+    });
+}
+
+TEST_F(DialogTest, PersonAtTheScreenWorksInTheWindowsThemselves) {
+    platform::Watchdog watchdog(std::chrono::seconds(20));
+    onCommand = [](const Command& command) {
+        if (command != Command{IDOK, 0}) return;
+        PressSoon(Qt::Key_Escape, {});  // a question has to be answered
+        ClickSoon(QStringLiteral("&No"));
+        EXPECT_EQ(MessageBoxW(nullptr, u"Sure?", u"Question", MB_YESNO), IDNO);
+        PressSoon(Qt::Key_Escape, {});
+        EXPECT_EQ(MessageBoxW(nullptr, u"Sure?", u"Question", MB_OKCANCEL), IDCANCEL);
+        PressSoon(Qt::Key_Escape, {});
+    };
+    onOpening = [](HWND) { PressSoon(Qt::Key_Return, QStringLiteral("\r")); };
+    EXPECT_EQ(DialogBoxParamW(nullptr, MAKEINTRESOURCEW(IDD_CONTROLS), nullptr, Procedure, 0), 0);
+    EXPECT_EQ(Take(), (Commands{{LIST, CBN_SETFOCUS},
+                                {IDOK, 0},
+                                {LIST, CBN_SELENDCANCEL},
+                                {LIST, CBN_KILLFOCUS},
+                                {LIST, CBN_SETFOCUS},
+                                {LIST, CBN_SELENDCANCEL},
+                                {LIST, CBN_KILLFOCUS},
+                                {LIST, CBN_SETFOCUS},
+                                {IDCANCEL, 0},
+                                {LIST, CBN_SELENDCANCEL},
+                                {LIST, CBN_KILLFOCUS}}));
 }
 
 TEST(ScriptedUser, ReportsWhatItWasNotToldAbout) {
