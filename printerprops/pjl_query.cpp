@@ -3,6 +3,7 @@
 #include <winspool.h>
 
 #include <algorithm>
+#include <array>
 
 #include "common/unique_handle.h"
 #include "printerprops/pjl_exchange.h"
@@ -15,6 +16,39 @@ namespace {
 // direct way takes the same texts as commands.
 constexpr LPCWSTR kConfigQuestion = TEXT("#GET#\n@PJL INFO CONFIG");
 constexpr LPCWSTR kDeviceStatusQuestion = TEXT("#GET#\n@PJL INFO DSTATUS");
+
+/// A text to look for and, for every byte at the end of a place where it is not, how far the next
+/// place is: most of a reply is never looked at, and the page waits for it.
+class Needle {
+public:
+    constexpr explicit Needle(std::string_view text) : text_(text), steps_{} {
+        steps_.fill(static_cast<unsigned char>(text.size()));
+        for (std::size_t i = 0; i + 1 < text.size(); ++i) {
+            steps_[static_cast<unsigned char>(text[i])] =
+                static_cast<unsigned char>(text.size() - 1 - i);
+        }
+    }
+
+    /// The first place at which the text stands; npos when it is nowhere.
+    std::size_t FindIn(std::string_view reply) const {
+        std::size_t place = 0;
+        while (place + text_.size() <= reply.size()) {
+            const char last = reply[place + text_.size() - 1];
+            if (last == text_.back() && reply.substr(place, text_.size()) == text_) return place;
+            place += steps_[static_cast<unsigned char>(last)];
+        }
+        return std::string_view::npos;
+    }
+
+private:
+    std::string_view text_;
+    std::array<unsigned char, 256> steps_;
+};
+
+constexpr Needle kEcho("@PJL INFO CONFIG");
+constexpr Needle kTray2("TRAY2=INSTALLED");
+constexpr Needle kTray3("TRAY3=INSTALLED");
+constexpr Needle kDuplex("DUPLEX=INSTALLED");
 
 /// What a printer sent.
 struct Reply {
@@ -80,17 +114,17 @@ bool QueryInstalledOptions(LPCWSTR printerName, PrinterLink link, UINT32* tray2S
 bool ParseInstalledOptions(std::string_view reply, UINT32* tray2Sel, UINT32* tray3Sel,
                            UINT32* duplexSel) {
     const std::string_view text = reply.substr(0, reply.find('\0'));
-    const std::size_t echo = text.find("@PJL INFO CONFIG");
+    const std::size_t echo = kEcho.FindIn(text);
     if (echo == std::string_view::npos) return false;
     const std::size_t formFeed = text.find('\f', echo);
     if (formFeed == std::string_view::npos) return false;
     const std::string_view configuration = text.substr(echo, formFeed - echo);
-    const auto selection = [configuration](std::string_view line) -> UINT32 {
-        return configuration.find(line) == std::string_view::npos ? 1 : 0;
+    const auto selection = [configuration](const Needle& option) -> UINT32 {
+        return option.FindIn(configuration) == std::string_view::npos ? 1 : 0;
     };
-    *tray2Sel = selection("TRAY2=INSTALLED");
-    *tray3Sel = selection("TRAY3=INSTALLED");
-    *duplexSel = selection("DUPLEX=INSTALLED");
+    *tray2Sel = selection(kTray2);
+    *tray3Sel = selection(kTray3);
+    *duplexSel = selection(kDuplex);
     return true;
 }
 

@@ -112,7 +112,7 @@ TEST_F(Installation, RemovingTheDriverStartsTheUninstallerWithTheSettingsFile) {
     HandleDriverEvent(DRIVER_EVENT_DELETE);
     HandleDriverEvent(DRIVER_EVENT_INITIALIZE);
     EXPECT_EQ(Log().find("started"), std::string::npos);
-    const std::filesystem::path machine = platform::MachineFolder();
+    const std::filesystem::path& machine = platform::MachineFolder();
     std::filesystem::copy_file(UNINSTALLER, machine / "Windows/System32/UNINST.EXE");
     std::ofstream(platform::DriverFolder() / "QVRT__UI.DLL") << "the module";
     std::ofstream(platform::DriverFolder() / "QVRU__UI.DLL") << "another model's";

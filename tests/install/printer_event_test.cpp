@@ -123,7 +123,7 @@ TEST_F(PrinterEvent, APendingDeletionOfTheUninstallerIsSpoiltInPlace) {
     ASSERT_GT(large.size() * sizeof(WCHAR), 900000u);
     Text spoilt = large;
     spoilt[spoilt.size() - 6] = TEXT('_');
-    for (const DWORD type : {REG_MULTI_SZ, REG_BINARY}) {
+    for (const DWORD type : {DWORD{REG_MULTI_SZ}, DWORD{REG_BINARY}}) {
         // Half a character at the end is kept, too.
         StorePending(type, Bytes(large) + "x");
         for (int times = 0; times < 2; ++times) {
@@ -158,35 +158,32 @@ TEST(UninstallCommand, HoldsAProgramOfUpTo249Characters) {
 TEST(ColorProfile, IsNamedIntoABufferOfAtLeastThirtyTwoBytes) {
     const struct {
         ULONG mode;
-        bool hasBuffer;
         ULONG size;
         HRESULT result;
         ULONG sizeAfter;
         DWORD error;
     } rows[] = {
-        {QCP_DEVICEPROFILE, true, 32, S_OK, 32, 1},
-        {QCP_DEVICEPROFILE, true, 100, S_OK, 32, 1},
-        {QCP_DEVICEPROFILE, true, 31, E_FAIL, 32, ERROR_INSUFFICIENT_BUFFER},
-        {QCP_DEVICEPROFILE, true, 30, E_FAIL, 32, ERROR_INSUFFICIENT_BUFFER},
-        {QCP_DEVICEPROFILE, false, 100, E_FAIL, 32, ERROR_INSUFFICIENT_BUFFER},
-        {QCP_SOURCEPROFILE, true, 100, E_FAIL, 100, 1},
-        {QCP_SOURCEPROFILE, false, 0, E_FAIL, 0, 1},
+        {QCP_DEVICEPROFILE, 32, S_OK, 32, 1},
+        {QCP_DEVICEPROFILE, 100, S_OK, 32, 1},
+        {QCP_DEVICEPROFILE, 31, E_FAIL, 32, ERROR_INSUFFICIENT_BUFFER},
+        {QCP_DEVICEPROFILE, 0, E_FAIL, 32, ERROR_INSUFFICIENT_BUFFER},
+        {QCP_SOURCEPROFILE, 100, E_FAIL, 100, 1},
     };
+    const std::string name = Bytes(Text(TEXT("OEMPROFILE.icm")) + WCHAR{0});
     for (const auto& row : rows) {
-        char profile[100];
-        std::fill_n(profile, sizeof profile, '#');
+        std::string profile(100, '#');
         ULONG size = row.size;
         DWORD flags = 9;
         ::SetLastError(1);
-        EXPECT_EQ(QueryColorProfile(row.mode, row.hasBuffer ? profile : nullptr, &size, &flags),
-                  row.result);
+        EXPECT_EQ(QueryColorProfile(row.mode, profile.data(), &size, &flags), row.result);
         EXPECT_EQ(::GetLastError(), row.error);
         EXPECT_EQ(size, row.sizeAfter);
         EXPECT_EQ(flags, row.result == S_OK ? 2u : 9u);
-        const std::string expected =
-            row.result == S_OK ? Bytes(Text(TEXT("OEMPROFILE.icm")) + WCHAR{0}) : "";
-        EXPECT_EQ(std::string(profile, 32), expected + std::string(32 - expected.size(), '#'));
+        EXPECT_EQ(profile.substr(0, 31), row.result == S_OK ? name + "#" : std::string(31, '#'));
     }
+    ULONG size = 100;
+    EXPECT_EQ(QueryColorProfile(QCP_DEVICEPROFILE, nullptr, &size, nullptr), E_FAIL);
+    EXPECT_EQ(size, 32u);
 }
 
 }  // namespace

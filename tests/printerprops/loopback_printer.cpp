@@ -1,5 +1,7 @@
 // This machine's own sockets, not the layer's: the other end of the wire is no part of the
 // platform.
+#include "tests/printerprops/loopback_printer.h"
+
 #ifdef _WIN32
 #include <process.h>
 #include <winsock.h>
@@ -7,16 +9,16 @@
 #define close closesocket
 #define MSG_NOSIGNAL 0
 using Descriptor = SOCKET;
+using Size = int;
 #else
 #include <arpa/inet.h>
 #include <sys/socket.h>
 #include <unistd.h>
 using Descriptor = int;
+using Size = std::size_t;
 #endif
 
 #include <chrono>
-
-#include "tests/printerprops/loopback_printer.h"
 
 namespace tests {
 namespace {
@@ -28,9 +30,9 @@ std::string BindSomewhere(Descriptor socket) {
     static unsigned next = 0;
     const auto process = static_cast<unsigned>(getpid());
     for (int attempt = 0; attempt < 200; ++attempt) {
-        const std::string text = "127." + std::to_string(1 + next++ % 250) + "." +
-                                 std::to_string(process / 250 % 250) + "." +
-                                 std::to_string(1 + process % 250);
+        std::string text = "127." + std::to_string(1 + next++ % 250) + "." +
+                           std::to_string(process / 250 % 250) + "." +
+                           std::to_string(1 + process % 250);
         sockaddr_in address = {};
         address.sin_family = AF_INET;
         address.sin_port = htons(9100);
@@ -82,11 +84,11 @@ void LoopbackPrinter::PlayConnection(std::uintptr_t connection, const Pieces& pi
     char bytes[4096];
     for (auto count = recv(socket, bytes, sizeof bytes, 0); count > 0;
          count = recv(socket, bytes, sizeof bytes, 0)) {
-        message.append(bytes, static_cast<std::size_t>(count));
+        message.append(bytes, bytes + count);
         if (message.size() < 10 || !message.ends_with("\x1B%-12345X")) continue;
         for (const std::string& piece : pieces) {
             if (&piece != &pieces.front()) std::this_thread::sleep_for(kPause);
-            send(socket, piece.data(), static_cast<int>(piece.size()), MSG_NOSIGNAL);
+            send(socket, piece.data(), static_cast<Size>(piece.size()), MSG_NOSIGNAL);
         }
     }
     received_ += message;

@@ -55,6 +55,8 @@ TEST(PjlReply, OnlyWhatStandsBetweenEchoAndFormFeedCounts) {
         {"\f@PJL INFO CONFIGTRAY3=INSTALLED\f", {1, 0, 1}},
         {"@PJL INFO CONFIG\r\ntray2=installed\r\n\f", {1, 1, 1}},
         {"@PJL INFO CONFIG\r\nTRAY2=INSTALLE\fD", {1, 1, 1}},
+        {"@@PJL INFO CONFIGTRAY3=INSTALLEDTTRAY2=INSTALLEDUPLEX=INSTALLED\f", {0, 0, 0}},
+        {"G@PJL INFO CONFIGDUPLEX=DUPLEX=INSTALLED\xFF\f", {1, 1, 0}},
         {"TRAY2=INSTALLED\r\n\f", kPreset},
         {std::string("@PJL INFO CONFIG\r\n\0TRAY2=INSTALLED\f", 35), kPreset},
         {"@PJL INFO STATUS\r\nCODE=999999\r\n\f", kPreset},
@@ -138,8 +140,8 @@ TEST_F(PjlQuery, CommandsSendTheirTextOnlyAsFirstWordAndOnlyWhenItFits) {
             << row.command;
         EXPECT_EQ(length, 0u);
         EXPECT_EQ(link.OpenCount, 0u);
-        const std::string wire =
-            row.sentText.empty() ? "" : kExitLanguage + row.sentText + "\r\n" + kExitLanguage;
+        std::string wire = row.sentText;
+        if (!wire.empty()) wire.insert(0, kExitLanguage).append("\r\n").append(kExitLanguage);
         EXPECT_EQ(row.connects ? printer.Received() : "", wire) << row.command;
     }
 }

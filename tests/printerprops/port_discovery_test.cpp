@@ -58,7 +58,8 @@ PrinterLink Classify(const Text& port, PlatformFamily family) {
     Text name = port;
     PrinterLink link = {};
     ClassifyPort(name.data(), family, &link);
-    EXPECT_EQ(Text(name.c_str()), port.substr(0, port.find(TEXT(','))));
+    name.resize(name.find(WCHAR{0}) == Text::npos ? name.size() : name.find(WCHAR{0}));
+    EXPECT_EQ(name, port.substr(0, port.find(TEXT(','))));
     return link;
 }
 
@@ -128,7 +129,7 @@ TEST_F(PortDiscovery, StoredHostsAreReadBoundedAndTyped) {
     } rows[] = {
         {REG_SZ, address, 16, "10.0.0.5"},            // without its terminator
         {REG_SZ, TEXT("10.0.0.55"), 17, "10.0.0.5"},  // half a character is none
-        {REG_SZ, full, 260, kNoAddress},
+        {REG_SZ, full + TEXT("1"), 260, kNoAddress},
         {REG_SZ, full + TEXT("1"), 262, nullptr},
         {REG_SZ, address, 0, nullptr},
         {REG_BINARY, address, 16, nullptr},
@@ -156,15 +157,18 @@ TEST_F(PortDiscovery, NamesThatDoNotFitTheirBuffersMatchNothing) {
     const std::size_t room = 263 - kRegalPorts.size() - 1;
     for (const std::size_t length : {room, room + 1}) {
         const Text port(length, TEXT('p'));
-        tests::WriteRegistryText(kRegalPorts + TEXT("\\") + port, TEXT("IPAddress"), TEXT("1.1"));
+        Text key = kRegalPorts;
+        key.append(TEXT("\\")).append(port);
+        tests::WriteRegistryText(key, TEXT("IPAddress"), TEXT("1.1"));
         EXPECT_EQ(Classify(port, PlatformFamily::kNt).Found, length == room ? 1u : 0u);
     }
     for (std::size_t length = 1; length <= 300; ++length) {
         const UINT32 expected = length <= 259 ? 1 : 0;
-        const Text host = digits.substr(0, length);
-        const Text share = TEXT("\\\\") + host + TEXT("\\SMB_PRI1");
+        Text share(length, TEXT('1'));
+        Text ipp = share;
+        share.insert(0, TEXT("\\\\")).append(TEXT("\\SMB_PRI1"));
+        ipp.insert(0, TEXT("http://")).append(TEXT("/ipp"));
         EXPECT_EQ(Classify(share, PlatformFamily::kNeither).Found, expected) << length;
-        const Text ipp = TEXT("http://") + host + TEXT("/ipp");
         EXPECT_EQ(Classify(ipp, PlatformFamily::kNeither).Found, expected) << length;
     }
 }

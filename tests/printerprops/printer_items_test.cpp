@@ -78,21 +78,20 @@ TEST_F(PrinterItems, ASwitchIsFollowedAlsoWhenThePrinterGivesNoAnswer) {
     EXPECT_EQ(page.Flags(), (FourFlags{kHidden, 0x0C, 0x0C, 0x0C}));
 }
 
-TEST_F(PrinterItems, OnlySwitchingOnAsksThePrinter) {
+TEST_F(PrinterItems, OnlyTheSwitchAsksAndOnlyWhatDiffersIsMarkedChanged) {
     LoopbackPrinter played({{"@PJL INFO CONFIG\f"}});
     Share(played.Address());
     PrinterPage page(handle_.Get());
     page.items[kSwitch].Sel = 0;
     page.items[kTray2].Sel = 0;
+    page.items[kTray3].Sel = 1;
     page.Report(CPSUICB_REASON_SEL_CHANGED, kTray2);
-    EXPECT_EQ(page.Selections(), (Four{0, 0, 5, 5}));
+    EXPECT_EQ(page.Selections(), (Four{0, 0, 1, 5}));
     page.items[kTray3].Flags = page.items[kDuplex].Flags = 0;
     PrinterLink link;
     bool isChanged = false;
     ASSERT_TRUE(DiscoverPrinterPort(handle_.Get(), &link));
-    page.items[kTray3].Sel = 1;
-    EXPECT_TRUE(AutoConfigure(&page.params, link, &isChanged));
-    EXPECT_TRUE(isChanged);
+    EXPECT_TRUE(AutoConfigure(&page.params, link, &isChanged) && isChanged);
     EXPECT_EQ(page.Selections(), (Four{0, 1, 1, 1}));
     EXPECT_TRUE(page.items[kTray3].Flags == 0 && page.items[kDuplex].Flags == OPTIF_CHANGED);
 }
