@@ -122,7 +122,7 @@ TEST_F(DocumentCallback, NupResetsScalingAndGivesThePagesPerSheet) {
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.nup);
         page_.Driver(DMPUB_NUP).Sel = row.nup;
-        page_.Own(kScalingItem) = {};
+        page_.Own(kScalingItem).Flags = 0;
         Show(150, 1, 0, 0);
         ApplySilently();
         EXPECT_EQ(Stored().PagesPerSheet, row.pages);
@@ -161,10 +161,10 @@ TEST_F(DocumentCallback, WithoutPrivateDevmodeOnlyTheActionIsAnswered) {
     OEMCUIPPARAM params = page_.Params();
     params.pOEMDM = nullptr;
     constexpr LONG kActions[] = {1, 0, 0, 0, 0, 0, 4, 0, 0, 0, 2, 0};
-    for (WORD reason = 0; reason < std::size(kActions); ++reason) {
-        CPSUICBPARAM callback = {};
-        callback.Reason = reason;
-        EXPECT_EQ(DocumentPropertyCallback(&callback, &params), kActions[reason]) << reason;
+    CPSUICBPARAM callback = {};
+    for (const LONG action : kActions) {
+        EXPECT_EQ(DocumentPropertyCallback(&callback, &params), action) << callback.Reason;
+        ++callback.Reason;
     }
     EXPECT_EQ(page_.Driver(DMPUB_NUP).Sel, 6);
     EXPECT_EQ(page_.Own(kTransmitOnceItem).Flags, 0U);

@@ -1,5 +1,5 @@
+#include <array>
 #include <thread>
-#include <vector>
 
 #include "common/oem_driver_interface.h"
 #include "frame/model_identity.h"
@@ -154,9 +154,9 @@ TEST_F(PluginObject, PropertySheetEntriesAnswerByReason) {
 }
 
 TEST_F(PluginObject, CountsHoldWhenThreadsCreateAndRelease) {
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i) {
-        threads.emplace_back([this] {
+    std::array<std::thread, 4> threads;
+    for (std::thread& thread : threads) {
+        thread = std::thread([this] {
             for (int round = 0; round < 2000; ++round) {
                 plugin_->AddRef();
                 IClassFactory* factory = Factory();

@@ -83,7 +83,7 @@ TEST_F(DevMode, ConvertTakesAsMuchAsBothHeadersClaim) {
 }
 
 TEST_F(DevMode, BlockOfAnotherModelGivesDefaultsOnly) {
-    for (const DWORD mode : {OEMDM_CONVERT, OEMDM_MERGE}) {
+    for (const DWORD mode : {DWORD{OEMDM_CONVERT}, DWORD{OEMDM_MERGE}}) {
         PrivateDevmode in = BlockOf(kBlockSize, 0x11);
         in.Header.dwSignature = kForeignSignature;
         PrivateDevmode out = BlockOf(200, 0x22);

@@ -31,7 +31,8 @@ DocumentPage::~DocumentPage() {
     ::HeapDestroy(heap_);
 }
 
-DocumentPage& DocumentPage::With(BYTE publicId, LONG selection, std::vector<std::string> choices) {
+DocumentPage& DocumentPage::With(BYTE publicId, LONG selection,
+                                 const std::vector<std::string>& choices) {
     DriverChoices& made = driverChoices_.emplace_back();
     for (const std::string& choice : choices) {
         OPTPARAM record = {};
@@ -71,7 +72,10 @@ void DocumentPage::Build() {
 }
 
 void DocumentPage::MakeRoom(DWORD count) {
-    ownItems_.assign(count, OPTITEM{});
+    static OPTTYPE built = {};
+    OPTITEM item = {};
+    item.pOptType = &built;
+    ownItems_.assign(count, item);
 }
 
 LONG DocumentPage::Report(WORD reason, OPTITEM* current) {

@@ -25,7 +25,7 @@ public:
     DocumentPage& operator=(const DocumentPage&) = delete;
 
     /// Adds an item of the driver's.
-    DocumentPage& With(BYTE publicId, LONG selection, std::vector<std::string> choices = {});
+    DocumentPage& With(BYTE publicId, LONG selection, const std::vector<std::string>& choices = {});
     /// Sets the option of a driver feature; an empty option makes the feature unknown.
     DocumentPage& Setting(const std::string& feature, const std::string& option);
     /// The driver gives no functions.
@@ -33,7 +33,7 @@ public:
 
     /// Asks for the number of items, makes room for them and has them built.
     void Build();
-    /// Room for the plug-in's items without anything in them, for the callback alone.
+    /// Room for the plug-in's items, with nothing in them but a type, for the callback alone.
     void MakeRoom(DWORD count = oemui::kDocumentItemCount);
     /// Calls the page's callback. \param current  the item that the reason is about.
     LONG Report(WORD reason, OPTITEM* current = nullptr);
