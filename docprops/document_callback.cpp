@@ -1,11 +1,13 @@
 #include "docprops/document_callback.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <new>
 
+#include "common/page_records.h"
 #include "common/page_state.h"
 #include "docprops/document_items.h"
-#include "docprops/item_text.h"
 #include "docprops/page_settings.h"
 #include "docprops/paper_constraints.h"
 #include "frame/model_identity.h"
@@ -29,6 +31,11 @@ OPTITEM& Item(const OEMCUIPPARAM& params, DocumentItem place) {
     return params.pOEMOptItems[place];
 }
 
+/// Whether the item could be built; one that could not is cleared and shows no setting.
+bool IsBuilt(const OEMCUIPPARAM& params, DocumentItem place) {
+    return Item(params, place).pOptType != nullptr;
+}
+
 /// The first choice of the item is "Enabled".
 UINT32 WatermarkSwitch(const OEMCUIPPARAM& params) {
     return Item(params, kWatermarkItem).Sel == 0 ? 1 : 0;
@@ -41,7 +48,7 @@ void Enable(OPTITEM* item) {
 /// Copies an item's selection into the setting behind it, and marks the item when they differed.
 void TakeSelection(OPTITEM* item, UINT32* setting) {
     const auto selection = static_cast<UINT32>(item->Sel);
-    if (*setting == selection) return;
+    if (item->pOptType == nullptr || *setting == selection) return;
     *setting = selection;
     item->Flags |= OPTIF_CHANGED;
 }
@@ -49,7 +56,7 @@ void TakeSelection(OPTITEM* item, UINT32* setting) {
 void TakeWatermarkSwitch(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
     OPTITEM& item = Item(params, kWatermarkItem);
     // Selection 0 stands for 1: equal numbers disagree.
-    if (devmode->WatermarkOn != static_cast<UINT32>(item.Sel)) return;
+    if (item.pOptType == nullptr || devmode->WatermarkOn != static_cast<UINT32>(item.Sel)) return;
     devmode->WatermarkOn = WatermarkSwitch(params);
     item.Flags |= OPTIF_CHANGED;
 }
@@ -95,6 +102,7 @@ LONG OnActivated(const OEMCUIPPARAM& params, const PrivateDevmode& devmode) {
 }
 
 void StoreRenderingIntent(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
+    if (!IsBuilt(params, kRenderingIntentItem)) return;
     const LONG selection = Item(params, kRenderingIntentItem).Sel;
     if (selection == 0) devmode->RenderingIntent = kIntentSaturation;
     if (selection == 1) devmode->RenderingIntent = kIntentPerceptual;
@@ -102,15 +110,20 @@ void StoreRenderingIntent(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
 
 void StoreItems(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
     const bool hasCopies = ReadPageSettings(params).Copies > 1;
-    devmode->WatermarkOn = WatermarkSwitch(params);
-    devmode->Scaling = static_cast<UINT32>(Item(params, kScalingItem).Sel);
-    devmode->TransmitOnce =
-        hasCopies ? static_cast<UINT32>(Item(params, kTransmitOnceItem).Sel) : 0;
+    if (IsBuilt(params, kWatermarkItem)) devmode->WatermarkOn = WatermarkSwitch(params);
+    if (IsBuilt(params, kScalingItem)) {
+        devmode->Scaling = static_cast<UINT32>(Item(params, kScalingItem).Sel);
+    }
+    if (!hasCopies) {
+        devmode->TransmitOnce = 0;
+    } else if (IsBuilt(params, kTransmitOnceItem)) {
+        devmode->TransmitOnce = static_cast<UINT32>(Item(params, kTransmitOnceItem).Sel);
+    }
 }
 
 LONG OnApply(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
     StoreItems(params, devmode);
-    CheckScalingConflict(params, devmode, Item(params, kScalingItem).Sel);
+    CheckScalingConflict(params, devmode, static_cast<LONG>(devmode->Scaling));
     StoreRenderingIntent(params, devmode);
     devmode->PagesPerSheet = PagesPerSheetFromNup(params);
     DropBookletWithoutDuplex(params, devmode);
@@ -165,6 +178,14 @@ LONG ActionWithoutDevmode(WORD reason) {
     }
 }
 
+UINT32 SelectedOrientation(const OEMCUIPPARAM& params) {
+    const OPTITEM* orientation = FindDriverItem(params, DMPUB_ORIENTATION);
+    if (orientation == nullptr) return kPortrait;
+    // The devmode's orientation is a signed 16-bit value, and so is this one.
+    const auto value = static_cast<SHORT>(static_cast<WORD>(orientation->Sel) + 1);
+    return static_cast<UINT32>(value);
+}
+
 /// Takes the size of the selected paper among those of the printer's paper list.
 void RecordPaperSize(const OEMCUIPPARAM& params, LONG selection) {
     const LPCWSTR port = TEXT("LPT1");
@@ -186,7 +207,8 @@ void RecordPaperSize(const OEMCUIPPARAM& params, LONG selection) {
 LONG APIENTRY DocumentPropertyCallback(PCPSUICBPARAM callback, POEMCUIPPARAM params) {
     if (callback == nullptr || params == nullptr) return CPSUICB_ACTION_NONE;
     PrivateDevmode* devmode = PagePrivateDevmode(*params);
-    if (devmode == nullptr || params->pOEMOptItems == nullptr) {
+    if (devmode == nullptr || params->pOEMOptItems == nullptr ||
+        params->cOEMOptItems < kDocumentItemCount) {
         return ActionWithoutDevmode(callback->Reason);
     }
     switch (callback->Reason) {
@@ -237,14 +259,11 @@ void DropBookletWithoutDuplex(const OEMCUIPPARAM& params, PrivateDevmode* devmod
 }
 
 UINT32 CaptureEditorPageSetup(const OEMCUIPPARAM& params) {
+    const UINT32 orientation = SelectedOrientation(params);
     if (const OPTITEM* form = FindDriverItem(params, DMPUB_FORMNAME); form != nullptr) {
         RecordPaperSize(params, form->Sel);
     }
-    const OPTITEM* orientation = FindDriverItem(params, DMPUB_ORIENTATION);
-    if (orientation == nullptr) return kPortrait;
-    // The devmode's orientation is a signed 16-bit value, and so is this one.
-    const auto value = static_cast<SHORT>(static_cast<WORD>(orientation->Sel) + 1);
-    return static_cast<UINT32>(value);
+    return orientation;
 }
 
 }  // namespace oemui

@@ -1,11 +1,11 @@
 #include "docprops/document_items.h"
 
+#include "common/driver_info.h"
+#include "common/page_records.h"
 #include "common/page_state.h"
 #include "common/unique_handle.h"
 #include "docprops/document_callback.h"
-#include "docprops/driver_info.h"
 #include "docprops/installed_options.h"
-#include "docprops/item_text.h"
 #include "docprops/page_settings.h"
 #include "docprops/paper_constraints.h"
 #include "frame/model_identity.h"
@@ -26,7 +26,6 @@ constexpr DWORD kShownAsChanged = OPTIF_COLLAPSE | OPTIF_CHANGED;
 struct Page {
     const OEMCUIPPARAM& Params;
     PrivateDevmode& Devmode;
-    PWSTR HelpFile;  ///< one path for the help of every item; null when it is unknown
 };
 
 struct ChoiceLayout {
@@ -52,7 +51,8 @@ constexpr ItemLayout kLayouts[kDocumentItemCount] = {
     {IDS_RENDERING_INTENT, TVOT_COMBOBOX, {{IDS_SATURATION, 0}, {IDS_PERCEPTUAL, 0}}, 1123},
 };
 
-// One button for every page of the process; its title belongs to the last page built.
+// One button for every page of the process, which keeps its address; its title belongs to the last
+// page built and goes with that page's heap.
 EXTPUSH editButton = {};
 
 /// A zero-filled record of the page's heap; it goes with the heap. Null when the heap is exhausted.
@@ -84,10 +84,11 @@ POPTTYPE MakeType(const OEMCUIPPARAM& params, const ItemLayout& layout) {
     return type;
 }
 
-void AttachHelp(const Page& page, DWORD topic, POPTITEM item) {
-    item->pOIExt = AllocateForPage<OIEXT>(page.Params);
+void AttachHelp(const OEMCUIPPARAM& params, DWORD topic, POPTITEM item) {
+    item->pOIExt = AllocateForPage<OIEXT>(params);
     if (item->pOIExt == nullptr) return;
-    item->pOIExt->pHelpFile = page.HelpFile;
+    item->pOIExt->pHelpFile = BuildHelpFilePath(params.hPrinter, params.hOEMHeap,
+                                                PageModule(params), IDS_HELP_FILE + Model().Index);
     item->Flags |= OPTIF_HAS_POIEXT;
     item->HelpIndex = topic;
 }
@@ -105,7 +106,7 @@ POPTITEM BuildItem(const Page& page, DocumentItem place, UINT32 selection, DWORD
     item->pName = LoadPageText(page.Params, layout.NameId);
     item->Sel = static_cast<LONG>(selection);
     item->pOptType = type;
-    AttachHelp(page, layout.HelpTopic, item);
+    AttachHelp(page.Params, layout.HelpTopic, item);
     return item;
 }
 
@@ -172,16 +173,14 @@ void ClearItems(const OEMCUIPPARAM& params) {
 void BuildItems(const OEMCUIPPARAM& params) {
     PrivateDevmode* devmode = PagePrivateDevmode(params);
     if (devmode == nullptr) return;
-    const Page page = {params, *devmode,
-                       BuildHelpFilePath(params.hPrinter, params.hOEMHeap, PageModule(params),
-                                         IDS_HELP_FILE + Model().Index)};
+    const Page page = {params, *devmode};
     BuildScalingItem(page);
     BuildWatermarkItem(page);
     BuildTransmitOnceItem(page);
     BuildRenderingIntentItem(page);
 }
 
-/// The printer's language decides about colour, so the driver's own choices are out of sight.
+/// Colours are the printer's own business with this driver: its choices stay out of sight.
 void HideColorManagement(const OEMCUIPPARAM& params) {
     if (POPTITEM method = FindDriverItem(params, DMPUB_ICMMETHOD); method != nullptr) {
         method->Sel = kDriverColorManagement;

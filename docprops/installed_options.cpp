@@ -3,7 +3,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "docprops/item_text.h"
+#include "common/page_records.h"
 #include "printerprops/pjl_query.h"
 #include "printerprops/port_discovery.h"
 #include "resources/resource_ids.h"

@@ -4,9 +4,9 @@
 #include <memory>
 #include <new>
 
+#include "common/page_records.h"
 #include "common/page_state.h"
 #include "common/unique_handle.h"
-#include "docprops/item_text.h"
 #include "resources/resource_ids.h"
 
 namespace oemui {
@@ -21,7 +21,7 @@ constexpr UINT kDriverPaperNames[] = {10000, 10004, 10008, 10006, 10010, 10005, 
 constexpr UINT kDriverPlainPaper = 10512;
 
 /// Papers that are never checked; empty until they are first loaded.
-PaperName exemptPaperNames[29] = {};
+PaperName ExemptPaperNames[29] = {};
 
 /// The media of the plain group; an empty name takes no part.
 struct PlainMediaNames {
@@ -57,7 +57,7 @@ bool LoadDriverPaperNames(std::size_t* next) {
     const UniqueLibrary library = LoadDriverResources();
     if (!library) return true;
     for (const UINT textId : kDriverPaperNames) {
-        if (!LoadName(library.Get(), textId, exemptPaperNames[*next])) return false;
+        if (!LoadName(library.Get(), textId, ExemptPaperNames[*next])) return false;
         ++*next;
     }
     return true;
@@ -148,8 +148,8 @@ void LoadExemptPaperNames() {
     std::size_t next = 0;
     if (!LoadDriverPaperNames(&next) || PluginModule() == nullptr) return;
     UINT textId = IDS_FIRST_PAPER_NAME;
-    while (next < std::size(exemptPaperNames) &&
-           LoadName(PluginModule(), textId, exemptPaperNames[next])) {
+    while (next < std::size(ExemptPaperNames) &&
+           LoadName(PluginModule(), textId, ExemptPaperNames[next])) {
         ++next;
         ++textId;
     }
@@ -159,7 +159,7 @@ bool IsExemptPaper(const OEMCUIPPARAM& params) {
     if (params.pPublicDM == nullptr) return false;
     const FormName form(*params.pPublicDM);
     return std::any_of(
-        std::begin(exemptPaperNames), std::end(exemptPaperNames),
+        std::begin(ExemptPaperNames), std::end(ExemptPaperNames),
         [&form](const PaperName& exempt) { return ::lstrcmpiW(exempt, form.Characters) == 0; });
 }
 
@@ -181,9 +181,8 @@ void ResetPaperToFirstForm(const OEMCUIPPARAM& params) {
     form->Sel = 0;
     form->Flags |= OPTIF_CHANGED;
     const OPTPARAM* first = FindChoice(*form, 0);
-    if (params.pPublicDM != nullptr && first != nullptr && first->pData != nullptr) {
-        CopyText(params.pPublicDM->dmFormName, first->pData);
-    }
+    const TextView name = first == nullptr ? TextView() : ItemText(first->pData);
+    if (params.pPublicDM != nullptr && !name.empty()) CopyText(params.pPublicDM->dmFormName, name);
     ReportSelectionToDriver(params, form);
 }
 

@@ -8,6 +8,7 @@
 namespace oemui {
 
 STDMETHODIMP OemUiClassFactory::QueryInterface(REFIID iid, void** object) {
+    if (object == nullptr) return E_POINTER;
     if (!(iid == IID_IUnknown) && !(iid == IID_IClassFactory)) {
         *object = nullptr;
         return E_NOINTERFACE;

@@ -1,7 +1,6 @@
 #include "frame/plugin_object.h"
 
 #include <cstring>
-#include <utility>
 
 #include "docprops/document_items.h"
 #include "frame/model_identity.h"
@@ -17,7 +16,7 @@ namespace {
 constexpr DWORD kInterfaceValueSize = 4;
 constexpr UINT32 kPluginVersion = 1;
 
-WCHAR pageTitle[] = TEXT("OEM UI Page");
+constexpr WCHAR kPageTitle[] = TEXT("OEM UI Page");
 
 HRESULT FailWith(DWORD error) {
     ::SetLastError(error);
@@ -36,10 +35,14 @@ HRESULT AnswerPropertySheet(PPROPSHEETUI_INFO sheet, LPARAM parameter) {
     }
     switch (sheet->Reason) {
         case PROPSHEETUI_REASON_GET_INFO_HEADER:
-            reinterpret_cast<PPROPSHEETUI_INFO_HEADER>(parameter)->pTitle = pageTitle;
+            if (parameter == 0) return FailWith(ERROR_INVALID_PARAMETER);
+            // The record's pointer is not const, but the sheet only reads the title.
+            reinterpret_cast<PPROPSHEETUI_INFO_HEADER>(parameter)->pTitle =
+                const_cast<LPWSTR>(kPageTitle);
             sheet->Result = 1;
             break;
         case PROPSHEETUI_REASON_SET_RESULT:
+            if (parameter == 0) return FailWith(ERROR_INVALID_PARAMETER);
             sheet->Result =
                 static_cast<ULONG_PTR>(reinterpret_cast<PSETRESULT_INFO>(parameter)->Result);
             break;
@@ -63,12 +66,13 @@ OemUiPlugin::OemUiPlugin() {
 }
 
 OemUiPlugin::~OemUiPlugin() {
-    IPrintOemDriverUI* held = std::exchange(driverInterface_, nullptr);
+    IPrintOemDriverUI* held = driverInterface_.exchange(nullptr);
     if (held != nullptr) held->Release();
     --liveObjectCount;
 }
 
 STDMETHODIMP OemUiPlugin::QueryInterface(REFIID iid, void** object) {
+    if (object == nullptr) return E_POINTER;
     if (!(iid == IID_IUnknown) && !(iid == IID_IPrintOemUI)) {
         *object = nullptr;
         return E_NOINTERFACE;
@@ -113,7 +117,12 @@ STDMETHODIMP OemUiPlugin::PublishDriverInterface(IUnknown* driver) {
     if (driver == nullptr || FAILED(driver->QueryInterface(IID_IPrintOemDriverUI, &answer))) {
         return E_FAIL;
     }
-    driverInterface_ = static_cast<IPrintOemDriverUI*>(answer);
+    auto* obtained = static_cast<IPrintOemDriverUI*>(answer);
+    IPrintOemDriverUI* none = nullptr;
+    // Of two first calls at the same time one wins; the other gives its reference back.
+    if (!driverInterface_.compare_exchange_strong(none, obtained) && obtained != nullptr) {
+        obtained->Release();
+    }
     return S_OK;
 }
 

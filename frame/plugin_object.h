@@ -20,19 +20,26 @@ public:
     /// Gives the signature or the version, 32 bits each. \return E_FAIL with last error
     /// ERROR_INVALID_PARAMETER, ERROR_INSUFFICIENT_BUFFER or ERROR_NOT_SUPPORTED.
     STDMETHODIMP GetInfo(DWORD mode, PVOID buffer, DWORD bufferSize, PDWORD neededSize) override;
+    /// Sizes, defaults, converts or merges the private devmode block (`HandleDevMode`).
     STDMETHODIMP DevMode(DWORD mode, POEMDMPARAM params) override;
     /// Asks the driver for its interface, once; a later call finds it there. \return E_FAIL when
     /// the driver does not give it.
     STDMETHODIMP PublishDriverInterface(IUnknown* driver) override;
+    /// Builds the plug-in's part of the document page or of the printer page. \return E_FAIL with
+    /// last error ERROR_INVALID_PARAMETER for another mode.
     STDMETHODIMP CommonUIProp(DWORD mode, POEMCUIPPARAM params) override;
+    /// Both property-sheet entries add no page; they name one and answer the sheet's reasons.
+    /// \return E_FAIL with last error ERROR_INVALID_PARAMETER for another version of the record.
     STDMETHODIMP DocumentPropertySheets(PPROPSHEETUI_INFO sheet, LPARAM parameter) override;
     STDMETHODIMP DevicePropertySheets(PPROPSHEETUI_INFO sheet, LPARAM parameter) override;
+    /// Not implemented, and likewise the other operations that answer E_NOTIMPL at once.
     STDMETHODIMP DevQueryPrintEx(POEMUIOBJ driver, DEVQUERYPRINT_INFO* query,
                                  DEVMODEW* publicDevmode, PVOID privateDevmode) override;
     STDMETHODIMP DeviceCapabilities(POEMUIOBJ driver, HANDLE printer, PWSTR deviceName,
                                     WORD capability, PVOID output, DEVMODEW* publicDevmode,
                                     PVOID privateDevmode, DWORD oldResult, DWORD* result) override;
     STDMETHODIMP UpgradePrinter(DWORD level, PBYTE upgradeInfo) override;
+    /// Printer and driver events do their work and answer E_NOTIMPL all the same.
     STDMETHODIMP PrinterEvent(PWSTR printerName, INT event, DWORD flags, LPARAM parameter) override;
     STDMETHODIMP DriverEvent(DWORD event, DWORD level, LPBYTE driverInfo,
                              LPARAM parameter) override;
@@ -47,7 +54,7 @@ private:
     ~OemUiPlugin();
 
     std::atomic<ULONG> references_{1};
-    IPrintOemDriverUI* driverInterface_ = nullptr;
+    std::atomic<IPrintOemDriverUI*> driverInterface_{nullptr};
 };
 
 }  // namespace oemui

@@ -1,6 +1,6 @@
 #include "printerprops/printer_items.h"
 
-#include "docprops/item_text.h"
+#include "common/page_records.h"
 #include "printerprops/pjl_query.h"
 #include "resources/resource_ids.h"
 

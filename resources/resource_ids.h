@@ -55,12 +55,30 @@
 /* Media and paper names */
 #define IDS_LETTERHEAD 70
 #define IDS_RECYCLED_PAPER 73
-#define IDS_FIRST_PAPER_NAME 78 /* sixteen names, 78 to 93 */
-#define IDS_LAST_PAPER_NAME 93
+#define IDS_PAPER_B5_ISO 78
+#define IDS_PAPER_ENVELOPE_CHOU_3 79
+#define IDS_PAPER_ENVELOPE_CHOU_4 80
+#define IDS_PAPER_ENVELOPE_YOU_4 81
+#define IDS_PAPER_J_POSTCARD 82
+#define IDS_PAPER_KAI_16 83
+#define IDS_PAPER_KAI_32 84
+#define IDS_PAPER_16K 85
+#define IDS_PAPER_UK_QUARTO 86
+#define IDS_PAPER_FOOLSCAP 87
+#define IDS_PAPER_GOVERNMENT_LEGAL 88
+#define IDS_PAPER_GOVERNMENT_LETTER 89
+#define IDS_PAPER_DOUBLE_POSTCARD 90
+#define IDS_PAPER_LETTER_PLUS 91
+#define IDS_PAPER_PHOTO_4X6 92
+#define IDS_PAPER_PHOTO_10X15 93
+#define IDS_FIRST_PAPER_NAME IDS_PAPER_B5_ISO /* sixteen names without a gap */
 #define IDS_TRAY_1 94
 
-/* The models' help files: this ID plus the model index */
-#define IDS_HELP_FILE 100
+/* The models' help files: the first ID plus the model index */
+#define IDS_HELP_FILE_U 100
+#define IDS_HELP_FILE_T 101
+#define IDS_HELP_FILE_V 102
+#define IDS_HELP_FILE IDS_HELP_FILE_U
 
 #define IDS_PAPER_TOO_LONG 295
 #define IDS_PAPER_TOO_SHORT 296

@@ -45,7 +45,7 @@ INT32 ParseInteger(TextView text, std::size_t length, int radix) {
     const TextView counted = text.substr(0, std::min(length, kDigitScratch));
     for (const WCHAR character : counted.substr(0, counted.find(WCHAR{0}))) {
         const int digit = DigitValue(character);
-        if (digit >= radix) continue;
+        if (digit == kNoDigit || digit >= radix) continue;
         value = value * static_cast<UINT32>(radix) + static_cast<UINT32>(digit);
     }
     return static_cast<INT32>(value);

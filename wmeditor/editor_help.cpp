@@ -6,7 +6,7 @@
 #include "common/join_text.h"
 #include "common/page_state.h"
 #include "common/unique_handle.h"
-#include "docprops/driver_info.h"
+#include "common/driver_info.h"
 #include "frame/model_identity.h"
 #include "resources/resource_ids.h"
 

@@ -7,6 +7,7 @@
 #define S_FALSE (static_cast<HRESULT>(1))
 #define E_NOTIMPL (static_cast<HRESULT>(0x80004001u))
 #define E_NOINTERFACE (static_cast<HRESULT>(0x80004002u))
+#define E_POINTER (static_cast<HRESULT>(0x80004003u))
 #define E_FAIL (static_cast<HRESULT>(0x80004005u))
 #define E_OUTOFMEMORY (static_cast<HRESULT>(0x8007000Eu))
 #define CLASS_E_NOAGGREGATION (static_cast<HRESULT>(0x80040110u))

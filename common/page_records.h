@@ -1,22 +1,16 @@
-/// Texts for the property pages, and the driver's items on them.
+/// The records of a property page: the driver's items and functions, and the texts in them.
 #pragma once
 
+#include "common/heap_text.h"
 #include "common/oem_driver_interface.h"
 #include "common/text.h"
 
 namespace oemui {
 
-/// Loads a text of a module's string table into a block of the page's heap.
-/// \return the text in a block of its own size, terminated; null when the text is missing or empty
-///         or the heap is exhausted. It goes with the heap, or with `HeapFree`.
-PWSTR LoadItemText(HANDLE heap, HINSTANCE module, UINT textId);
-
-/// Copies a text into a block of the page's heap, terminated; null when the heap is exhausted.
-PWSTR CopyToHeap(HANDLE heap, TextView text);
-
-/// The text behind a pointer of the page's records; empty for null.
+/// The text behind a pointer of the page's records; empty for null, and for the ID of a string of
+/// the property sheet's own, which a driver may put in its place.
 inline TextView ItemText(LPCWSTR text) {
-    return text == nullptr ? TextView() : TextView(text);
+    return IS_INTRESOURCE(text) ? TextView() : TextView(text);
 }
 
 /// The plug-in's module as the driver hands it to the page.
@@ -30,7 +24,7 @@ POPTITEM FindDriverItem(const OEMCUIPPARAM& params, BYTE publicId);
 /// A choice of an item; null when the item has no such choice.
 POPTPARAM FindChoice(const OPTITEM& item, LONG choice);
 
-/// The driver's functions; null when the driver gives none.
+/// The driver's functions; null when the driver gives none, or not both of them.
 POEMUIPROCS DriverFunctions(const OEMCUIPPARAM& params);
 
 /// Tells the driver that the plug-in set an item of the document page to its first choice, if the

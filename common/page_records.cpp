@@ -1,18 +1,6 @@
-#include "docprops/item_text.h"
+#include "common/page_records.h"
 
 namespace oemui {
-
-PWSTR LoadItemText(HANDLE heap, HINSTANCE module, UINT textId) {
-    const LoadedText<kMessageCapacity> text(textId, module);
-    return text.empty() ? nullptr : CopyToHeap(heap, text.View());
-}
-
-PWSTR CopyToHeap(HANDLE heap, TextView text) {
-    // Zero-filled: the terminator is there already.
-    void* block = ::HeapAlloc(heap, HEAP_ZERO_MEMORY, (text.size() + 1) * sizeof(WCHAR));
-    if (block != nullptr) std::copy(text.begin(), text.end(), static_cast<PWSTR>(block));
-    return static_cast<PWSTR>(block);
-}
 
 POPTITEM FindDriverItem(const OEMCUIPPARAM& params, BYTE publicId) {
     if (params.pDrvOptItems == nullptr) return nullptr;
@@ -31,7 +19,10 @@ POPTPARAM FindChoice(const OPTITEM& item, LONG choice) {
 }
 
 POEMUIPROCS DriverFunctions(const OEMCUIPPARAM& params) {
-    return params.poemuiobj == nullptr ? nullptr : params.poemuiobj->pOemUIProcs;
+    POEMUIPROCS driver = params.poemuiobj == nullptr ? nullptr : params.poemuiobj->pOemUIProcs;
+    const bool isComplete = driver != nullptr && driver->DrvGetDriverSetting != nullptr &&
+                            driver->DrvUpdateUISetting != nullptr;
+    return isComplete ? driver : nullptr;
 }
 
 void ReportSelectionToDriver(const OEMCUIPPARAM& params, POPTITEM item) {
