@@ -25,6 +25,7 @@ void AddListCommands(CLI::App& app, CommandContext& context);     ///< list, pro
 void AddPageCommands(CLI::App& app, CommandContext& context);     ///< document, printer
 void AddPlayCommand(CLI::App& app, CommandContext& context);      ///< play-printer
 void AddDemoCommand(CLI::App& app, CommandContext& context);      ///< demo
+void AddPicturesCommand(CLI::App& app, CommandContext& context);  ///< pictures
 
 /// Runs the program. \param arguments  without its name, UTF-8.
 /// \return 0 done, 1 failed, 2 not understood.

@@ -1,4 +1,4 @@
-// demo: a machine with one printer of each model, and their pages.
+// demo: a machine with one printer of each model, and a page in a window or all pages as text.
 #include <algorithm>
 #include <array>
 #include <memory>
@@ -9,6 +9,7 @@
 #include "host/page_text.h"
 #include "host/printers.h"
 #include "host/terminal_user.h"
+#include "host/windows/page_window.h"
 #include "platform/base/machine.h"
 
 namespace host {
@@ -36,20 +37,27 @@ void InstallMissing(const DemoPrinter& demo, const CommandContext& context) {
                    context.source);
 }
 
-void Demonstrate(const std::string& folder, CommandContext& context) {
-    context.machine = folder;
-    UseChosenMachine(context);
-    TerminalUser user(context.err);
-    const platform::UserScope scope(user);
+void PrintPages(const CommandContext& context) {
     for (const DemoPrinter& demo : kDemoPrinters) {
-        InstallMissing(demo, context);
         for (const PageKind kind : {PageKind::Document, PageKind::Printer}) {
             PageSession page(demo.name, kind);
             PrintPage(page, context.out);
             context.out << '\n';
         }
     }
-    context.out << "The machine is in " << platform::MachineFolder().native() << '\n';
+}
+
+void Demonstrate(const std::string& folder, CommandContext& context) {
+    context.machine = folder;
+    UseChosenMachine(context);
+    {
+        TerminalUser user(context.err);
+        const platform::UserScope scope(user);
+        for (const DemoPrinter& demo : kDemoPrinters) InstallMissing(demo, context);
+        if (!HasScreen()) PrintPages(context);
+    }
+    context.out << "The machine is in " << platform::MachineFolder().native() << std::endl;
+    if (HasScreen()) ShowPageWindow(kDemoPrinters.front().name, PageKind::Document);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// document, printer: a page in text.
+// document, printer: a page in text or in a window.
 #include <memory>
 #include <ostream>
 
@@ -9,6 +9,7 @@
 #include "host/page_session.h"
 #include "host/page_text.h"
 #include "host/terminal_user.h"
+#include "host/windows/page_window.h"
 
 namespace host {
 namespace {
@@ -19,6 +20,7 @@ struct PageOptions {
     bool apply = false;
     bool lines = false;
     bool json = false;
+    bool window = false;
     std::string script;
 };
 
@@ -52,6 +54,11 @@ void PrintResult(PageSession& page, const PageOptions& options, std::ostream& ou
 }
 
 void ShowPage(PageKind kind, const PageOptions& options, const CommandContext& context) {
+    if (options.window) {
+        UseChosenMachine(context);
+        ShowPageWindow(options.name, kind);
+        return;
+    }
     const bool edits = !options.script.empty();
     EditScript script = edits ? EditScript::Read(options.script) : EditScript();
     UseChosenMachine(context);
@@ -76,9 +83,12 @@ void AddPage(CLI::App& app, CommandContext& context, const char* name, const cha
     command->add_flag("--apply", options->apply, "keep the settings");
     command->add_flag("-l", options->lines, "a line for each item and its choices");
     command->add_flag("--json", options->json, "as JSON");
+    CLI::Option* window = command->add_flag("--window", options->window, "in a window");
+    for (const char* text : {"--set", "--apply", "-l", "--json"}) window->excludes(text);
     if (kind == PageKind::Document) {
         command->add_option("--edit", options->script, "script to work in the watermark editor")
-            ->check(CLI::ExistingFile);
+            ->check(CLI::ExistingFile)
+            ->excludes(window);
     }
     command->callback([options, kind, &context] { ShowPage(kind, *options, context); });
 }

@@ -69,6 +69,7 @@ int RunHost(const std::vector<std::string>& arguments, std::ostream& out, std::o
     AddPageCommands(app, context);
     AddPlayCommand(app, context);
     AddDemoCommand(app, context);
+    AddPicturesCommand(app, context);
     try {
         return RunParsed(app, arguments, context);
     } catch (const UsageFailure& failure) {

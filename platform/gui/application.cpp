@@ -6,12 +6,13 @@
 namespace platform::gui {
 namespace {
 
+// A display that is named but does not answer counts as none.
 void ChooseScreen() {
-    const bool hasDisplay =
-        qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    if (!hasDisplay && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
+    const char* screens = "offscreen";
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) screens = "wayland;offscreen";
+    if (qEnvironmentVariableIsSet("DISPLAY")) screens = "xcb;offscreen";
+    qputenv("QT_QPA_PLATFORM", screens);
 }
 
 }  // namespace

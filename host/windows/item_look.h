@@ -1,0 +1,30 @@
+/// How items look in windows: their texts, and the mark of what is not installed.
+#pragma once
+
+#include <QIcon>
+#include <QString>
+#include <QWidget>
+
+#include "host/option_items.h"
+
+namespace host {
+
+/// The row of an item in the tree: "Name: selection", or the name alone for a group.
+QString RowText(const PageItem& item);
+
+/// Whether the selected choice of a list carries a stop mark.
+bool SelectionStopped(const PageItem& item);
+
+/// A text for a place where '&' marks a letter: every '&' of the text stays one.
+QString WithoutMnemonic(QString text);
+
+/// A button's title; without a letter of its own the first one works with Alt.
+QString ButtonTitle(const PageItem& item);
+
+/// The stop mark, as large as the small icons of a widget.
+QIcon StopMark(const QWidget& widget);
+
+/// Nothing, in the same size: texts line up with those that have a mark.
+QIcon NoMark(const QWidget& widget);
+
+}  // namespace host

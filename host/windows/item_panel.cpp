@@ -1,0 +1,112 @@
+#include "host/windows/item_panel.h"
+
+#include <QHBoxLayout>
+#include <QSignalBlocker>
+#include <QStandardItemModel>
+
+#include "host/windows/item_look.h"
+
+namespace host {
+namespace {
+
+constexpr int kChoiceColumns = 24;  // characters that the list has room for at least
+constexpr int kShownChoices = 20;
+
+}  // namespace
+
+ItemPanel::ItemPanel(QWidget* parent, ItemActions actions)
+    : QGroupBox(parent),
+      label_(new QLabel("&Setting:", this)),
+      choices_(new QComboBox(this)),
+      number_(new QSpinBox(this)),
+      range_(new QLabel(this)),
+      button_(new QPushButton(this)) {
+    choices_->setMinimumContentsLength(kChoiceColumns);
+    choices_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    choices_->setMaxVisibleItems(kShownChoices);
+    button_->setAutoDefault(true);
+    auto* row = new QHBoxLayout(this);
+    row->addWidget(label_);
+    row->addWidget(choices_, 1);
+    row->addWidget(number_);
+    row->addWidget(range_, 1);
+    row->addWidget(button_);
+    Connect(std::move(actions));
+    setTitle(" ");  // room for the item's name
+    setFixedHeight(sizeHint().height());
+    // The widest case, a list with its button: the window keeps its width whatever is chosen.
+    number_->hide();
+    range_->hide();
+    setMinimumWidth(sizeHint().width());
+    ShowItem(nullptr);
+}
+
+void ItemPanel::Connect(ItemActions actions) {
+    connect(choices_, &QComboBox::activated, this, [this, choose = actions.choose](int row) {
+        choose(*item_, choices_->itemData(row).toULongLong());
+    });
+    connect(number_, &QSpinBox::valueChanged, this,
+            [this, set = actions.setNumber](int number) { set(*item_, number); });
+    connect(button_, &QPushButton::clicked, this,
+            [this, press = actions.pressButton] { press(*item_); });
+}
+
+void ItemPanel::ShowItem(PageItem* item) {
+    item_ = item;
+    const bool isList = item && item->Kind() == ItemKind::List;
+    const bool isNumber = item && item->Kind() == ItemKind::Number;
+    setTitle(item ? WithoutMnemonic(QString::fromStdString(item->Name())) : QString(" "));
+    label_->setVisible(isList || isNumber);
+    choices_->setVisible(isList);
+    number_->setVisible(isNumber);
+    range_->setVisible(!isList);
+    button_->setVisible(item && item->HasButton());
+    range_->setText(item ? "Choose one of the settings below it to change it." : "");
+    if (isList) ShowChoices();
+    if (isNumber) ShowNumber();
+    if (item && item->HasButton()) button_->setText(ButtonTitle(*item));
+    for (QWidget* control : std::initializer_list<QWidget*>{label_, choices_, number_, button_}) {
+        control->setEnabled(item && item->Enabled());
+    }
+}
+
+void ItemPanel::ShowChoices() {
+    const QSignalBlocker quiet(choices_);
+    label_->setBuddy(choices_);
+    choices_->clear();
+    for (std::size_t i = 0; i < item_->ChoiceCount(); ++i) {
+        if (item_->ChoiceVisible(i)) AddChoice(i);
+    }
+    LineUpChoices();
+    choices_->setCurrentIndex(choices_->findData(qulonglong(item_->Record().Sel)));
+}
+
+void ItemPanel::AddChoice(std::size_t choice) {
+    const QString text = QString::fromStdString(item_->ChoiceText(choice));
+    const bool stopped = item_->ChoiceStopped(choice);
+    choices_->addItem(stopped ? StopMark(*this) : QIcon(), text, qulonglong(choice));
+    auto* rows = static_cast<QStandardItemModel*>(choices_->model());
+    rows->item(rows->rowCount() - 1)->setEnabled(item_->ChoiceEnabled(choice) && !stopped);
+}
+
+void ItemPanel::LineUpChoices() {
+    bool marked = false;
+    for (int row = 0; row < choices_->count(); ++row) marked |= !choices_->itemIcon(row).isNull();
+    for (int row = 0; marked && row < choices_->count(); ++row) {
+        if (choices_->itemIcon(row).isNull()) choices_->setItemIcon(row, NoMark(*this));
+    }
+}
+
+void ItemPanel::ShowNumber() {
+    const QSignalBlocker quiet(number_);
+    label_->setBuddy(number_);
+    number_->setRange(item_->Lowest(), item_->Highest());
+    if (number_->value() != item_->Record().Sel) number_->setValue(item_->Record().Sel);
+    range_->setText(QString("%1 [%2 - %3]")
+                        .arg(QString::fromStdString(item_->Unit()))
+                        .arg(item_->Lowest())
+                        .arg(item_->Highest())
+                        .trimmed());
+}
+
+}  // namespace host

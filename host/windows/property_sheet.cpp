@@ -1,0 +1,200 @@
+#include "host/windows/property_sheet.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QShortcut>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "host/failure.h"
+#include "platform/base/machine.h"
+#include "platform/testing/user.h"
+
+namespace host {
+namespace {
+
+// So that either page fits without scrolling.
+constexpr int kDocumentRows = 19;
+constexpr int kPrinterRows = 9;
+
+QString TitleOf(const std::string& printerName, PageKind kind) {
+    return QString::fromStdString(printerName) +
+           (kind == PageKind::Document ? " Document Properties" : " Properties");
+}
+
+}  // namespace
+
+/// The window shows that it waits for as long as this lives: the words are on the screen before
+/// anything blocks.
+class PropertySheet::Waiting {
+public:
+    explicit Waiting(PropertySheet& sheet) : sheet_(sheet) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        sheet_.status_->setText("Asking the printer...");
+        sheet_.status_->repaint();
+    }
+    ~Waiting() {
+        sheet_.status_->clear();
+        QApplication::restoreOverrideCursor();
+    }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+
+private:
+    PropertySheet& sheet_;
+};
+
+PropertySheet::PropertySheet(std::string printerName, PageKind kind)
+    : printerName_(std::move(printerName)),
+      kind_(kind),
+      handle_(*this),
+      tree_(new ItemTreeView(this, kind == PageKind::Document ? kDocumentRows : kPrinterRows)),
+      panel_(new ItemPanel(this, Actions())),
+      status_(new QLabel(this)) {
+    setWindowTitle(TitleOf(printerName_, kind_));
+    auto* settings = new QLabel("Se&ttings:", this);
+    settings->setBuddy(tree_);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(settings);
+    column->addWidget(tree_, 1);
+    column->addWidget(panel_);
+    MakeButtons();
+    connect(tree_, &QTreeWidget::currentItemChanged, this, [this] {
+        status_->clear();
+        panel_->ShowItem(tree_->Chosen());
+    });
+    auto* help = new QShortcut(Qt::Key_F1, this);
+    connect(help, &QShortcut::activated, this, [this] { ShowItemHelp(); });
+    tree_->setFocus();
+}
+
+PropertySheet::~PropertySheet() = default;
+
+void PropertySheet::MakeButtons() {
+    auto* row = new QHBoxLayout;
+    row->addWidget(status_, 1);
+    ok_ = new QPushButton("OK", this);
+    ok_->setDefault(true);
+    ok_->setEnabled(false);
+    auto* cancel = new QPushButton("Cancel", this);
+    apply_ = new QPushButton("&Apply", this);
+    for (QPushButton* button : {ok_, cancel, apply_}) row->addWidget(button);
+    connect(ok_, &QPushButton::clicked, this, [this] { accept(); });
+    connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
+    connect(apply_, &QPushButton::clicked, this, [this] { Apply(); });
+    static_cast<QVBoxLayout*>(layout())->addLayout(row);
+    apply_->setEnabled(false);
+}
+
+ItemActions PropertySheet::Actions() {
+    // Only the printer page asks the printer again when something on it changes.
+    const bool mayAsk = kind_ == PageKind::Printer;
+    return {[this, mayAsk](PageItem& item, std::size_t choice) {
+                Act(mayAsk, [&] {
+                    session_->Choose(item, choice);
+                    return true;
+                });
+            },
+            [this, mayAsk](PageItem& item, LONG number) {
+                Act(mayAsk, [&] {
+                    session_->SetNumber(item, number);
+                    return true;
+                });
+            },
+            [this](PageItem& item) {
+                Act(false, [&] { return session_->PressButton(item) != CPSUICB_ACTION_NONE; });
+            }};
+}
+
+bool PropertySheet::Run() {
+    loadWhenPainted_ = true;
+    status_->setText("Asking the printer...");
+    const int result = exec();
+    if (loadFailure_) std::rethrow_exception(loadFailure_);
+    return result == Accepted;
+}
+
+void PropertySheet::paintEvent(QPaintEvent* event) {
+    QDialog::paintEvent(event);
+    if (!loadWhenPainted_) return;
+    loadWhenPainted_ = false;
+    // Behind this round of painting, controls included.
+    QTimer::singleShot(0, this, [this] { LoadOrEnd(); });
+}
+
+// Nothing may be thrown through the event loop.
+void PropertySheet::LoadOrEnd() {
+    try {
+        Load();
+    } catch (...) {
+        loadFailure_ = std::current_exception();
+        reject();
+    }
+}
+
+void PropertySheet::Load() {
+    {
+        const Waiting waiting(*this);
+        session_ = std::make_unique<PageSession>(printerName_, kind_, handle_.Handle());
+    }
+    KeepSelections();
+    tree_->ShowItems(session_->Items());
+    ok_->setEnabled(true);
+    Refresh();
+}
+
+void PropertySheet::Refresh() {
+    tree_->Refresh(kept_);
+    panel_->ShowItem(tree_->Chosen());
+}
+
+void PropertySheet::Act(bool mayAsk, const std::function<bool()>& action) {
+    try {
+        const auto waiting = mayAsk ? std::make_unique<Waiting>(*this) : nullptr;
+        if (action()) apply_->setEnabled(true);
+    } catch (const Failure& failure) {
+        Tell(failure.what());
+    }
+    Refresh();
+}
+
+bool PropertySheet::Apply() {
+    bool applied = false;
+    try {
+        applied = session_->Apply();
+    } catch (const Failure& failure) {
+        Tell(failure.what());
+    }
+    if (applied) {
+        KeepSelections();
+        apply_->setEnabled(false);
+    }
+    Refresh();
+    return applied;
+}
+
+void PropertySheet::accept() {
+    if (session_ && Apply()) QDialog::accept();
+}
+
+void PropertySheet::KeepSelections() {
+    kept_.clear();
+    for (const PageItem& item : session_->Items()) kept_.push_back(item.Record().Sel);
+}
+
+void PropertySheet::Tell(const std::string& text) {
+    platform::CurrentUser().AnswerMessageBox(
+        {handle_.Handle(), platform::Utf16(text), windowTitle().toStdU16String(), MB_OK});
+}
+
+void PropertySheet::ShowItemHelp() {
+    const PageItem* item = tree_->Chosen();
+    const OIEXT* help = item ? item->Help() : nullptr;
+    if (!help || !help->pHelpFile) {
+        status_->setText(item ? "There is no help for this setting." : "");
+        return;
+    }
+    ::WinHelpW(handle_.Handle(), help->pHelpFile, HELP_CONTEXTPOPUP, item->Record().HelpIndex);
+}
+
+}  // namespace host
