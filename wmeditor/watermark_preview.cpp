@@ -123,6 +123,10 @@ RECT PreviewArea(HWND dialog) {
             rectangle.bottom - origin.y};
 }
 
+INT32 WholeMillimetres(INT32 tenths) {
+    return tenths / 10;
+}
+
 bool HasSize(const PaperSize& paper) {
     // The longer side must reach a whole millimetre: everything is measured by it.
     return paper.Width > 0 && paper.Length > 0 && (paper.Width >= 10 || paper.Length >= 10);
@@ -163,8 +167,8 @@ void PaintPreviewBackground(HWND dialog, HDC reference) {
 
 PreviewPageSize ScalePreviewPage(const PaperSize& paper, UINT32 orientation) {
     const PaperSize& drawn = HasSize(paper) ? paper : kA4;
-    const double width = drawn.Width / 10 / kMillimetresPerInch;
-    const double length = drawn.Length / 10 / kMillimetresPerInch;
+    const double width = WholeMillimetres(drawn.Width) / kMillimetresPerInch;
+    const double length = WholeMillimetres(drawn.Length) / kMillimetresPerInch;
     const INT32 scale =
         TruncatedToInt32(kLongerSidePixels / (drawn.Width > drawn.Length ? width : length));
     PreviewPageSize page{TruncatedToInt32(scale * width), TruncatedToInt32(scale * length), scale};

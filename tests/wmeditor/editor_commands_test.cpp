@@ -7,7 +7,6 @@ namespace oemui {
 namespace {
 
 using tests::DialogMessage;
-using tests::MakeList;
 using tests::NamesIn;
 using tests::Narrow;
 
