@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <iterator>
 
+#include "common/driver_info.h"
 #include "common/join_text.h"
 #include "common/page_state.h"
 #include "common/unique_handle.h"
-#include "common/driver_info.h"
 #include "frame/model_identity.h"
 #include "resources/resource_ids.h"
 

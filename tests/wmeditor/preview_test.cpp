@@ -1,7 +1,6 @@
 #include "wmeditor/watermark_preview.h"
 
 #include "tests/support/plugin_fixture.h"
-#include "tests/wmeditor/editor_lists.h"
 
 namespace oemui {
 namespace {
@@ -88,19 +87,6 @@ TEST_F(Preview, FontsFollowThePointsNotTheScale) {
         record.PointSize = row.points;
         EXPECT_EQ(MakePreviewFont(record).lfHeight, row.height) << row.points;
     }
-    WatermarkRecord record = tests::MakeWatermark(TEXT("name"), TEXT("text"));
-    record.AngleDegrees = -45;
-    record.Bold = record.Italic = 2;
-    const LOGFONTW font = MakePreviewFont(record);
-    EXPECT_EQ(font.lfEscapement, -450);
-    EXPECT_EQ(font.lfOrientation, 0);
-    EXPECT_EQ(font.lfWeight, 700);
-    EXPECT_EQ(font.lfItalic, 1);
-    EXPECT_EQ(font.lfCharSet, 1);
-    EXPECT_EQ(font.lfOutPrecision, 1);
-    EXPECT_EQ(font.lfQuality, 2);
-    EXPECT_EQ(font.lfPitchAndFamily, 0x10);
-    EXPECT_EQ(tests::Narrow(TextIn(font.lfFaceName)), "Arial");
 }
 
 TEST_F(Preview, AnyRecordIsCalculatedInThirtyTwoBits) {
