@@ -1,0 +1,267 @@
+// The pages in windows, worked by real keys and clicks.
+#include <windows.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <iterator>
+#include <set>
+
+#include "host/item_settings.h"
+#include "host/windows/property_sheet.h"
+#include "platform/gui/application.h"
+#include "platform/testing/failure_points.h"
+#include "platform/testing/scripted_user.h"
+#include "resources/resource_ids.h"
+#include "tests/host/host_fixture.h"
+
+namespace host {
+namespace {
+
+/// A sheet on the screen, and the eyes and hands in front of it.
+class Sheet {
+public:
+    explicit Sheet(PageKind kind) : sheet_("Office", kind) {
+        sheet_.show();
+        QApplication::setActiveWindow(&sheet_);
+        sheet_.Load();
+    }
+
+    PropertySheet& Window() { return sheet_; }
+    QComboBox& List() { return *sheet_.findChild<QComboBox*>(); }
+    QTreeWidget& Tree() { return *sheet_.findChild<QTreeWidget*>(); }
+
+    QPushButton& Button(const QString& text) {
+        for (QPushButton* button : sheet_.findChildren<QPushButton*>()) {
+            if (button->text().remove('&') == text) return *button;
+        }
+        throw Failure("no button " + text.toStdString());
+    }
+    QTreeWidgetItem& Row(const char* start) {
+        const auto rows = Tree().findItems(start, Qt::MatchStartsWith | Qt::MatchRecursive);
+        if (rows.isEmpty()) throw Failure(std::string("no row ") + start);
+        return *rows.front();
+    }
+
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QWidget* focused = QApplication::focusWidget();
+        QTest::keyClick(focused ? focused : &sheet_, key, modifiers);
+    }
+    /// Finds a row by typing the beginning of its text.
+    void GoTo(const char* rowStart) {
+        Press(Qt::Key_T, Qt::AltModifier);
+        Press(Qt::Key_Home);
+        Tree().keyboardSearch({});  // forgets what was typed before
+        QTest::keyClicks(QApplication::focusWidget(), rowStart);
+        ASSERT_EQ(Tree().currentItem(), &Row(rowStart));
+    }
+    void Type(const char* text) {
+        Press(Qt::Key_S, Qt::AltModifier);
+        QTest::keyClicks(QApplication::focusWidget(), text);
+    }
+
+private:
+    PropertySheet sheet_;
+};
+
+class PageWindow : public HostTest {
+protected:
+    PageWindow() {
+        platform::gui::EnsureApplication();
+        Install("Office", "T");
+    }
+
+    nlohmann::json Kept(const std::string& item) {
+        return ItemNamed(Do({"document", "Office", "--json"}).Json(), item)["selection"];
+    }
+
+    platform::ScriptedUser user_;
+    platform::UserScope scope_{user_};
+};
+
+TEST_F(PageWindow, KeepsATypedNumberWhenAppliedAndDropsALaterOneOnEscape) {
+    Sheet sheet(PageKind::Document);
+    EXPECT_EQ(sheet.Window().windowTitle(), "Office Document Properties");
+    sheet.GoTo("Scaling");
+    EXPECT_FALSE(sheet.Button("Apply").isEnabled());
+    sheet.Type("150");
+    EXPECT_EQ(sheet.Row("Scaling").text(0), "Scaling: 150 %");
+    EXPECT_TRUE(sheet.Row("Scaling").font(0).bold());
+    sheet.Press(Qt::Key_A, Qt::AltModifier);  // a button goes down first, and up a little later
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !sheet.Button("Apply").isEnabled(); }));
+    EXPECT_FALSE(sheet.Row("Scaling").font(0).bold());
+    EXPECT_EQ(Kept("Scaling"), 150);
+
+    sheet.Press(Qt::Key_A, Qt::ControlModifier);
+    sheet.Type("9");  // below the range: nothing yet
+    EXPECT_EQ(sheet.Row("Scaling").text(0), "Scaling: 150 %");
+    sheet.Press(Qt::Key_0);
+    EXPECT_EQ(sheet.Row("Scaling").text(0), "Scaling: 90 %");
+    sheet.Press(Qt::Key_Escape);
+    EXPECT_FALSE(sheet.Window().isVisible());
+    EXPECT_EQ(sheet.Window().result(), QDialog::Rejected);
+    EXPECT_EQ(Kept("Scaling"), 150);
+    EXPECT_EQ(user_.Surprises(), "");
+}
+
+TEST_F(PageWindow, EnterAppliesAndTheConflictIsTold) {
+    user_.Answer(IDOK);
+    Sheet sheet(PageKind::Document);
+    sheet.GoTo("Scaling");
+    sheet.Type("50");
+    sheet.GoTo("Pages per Sheet");
+    sheet.Type("4");
+    EXPECT_EQ(sheet.Row("Pages per").text(0), "Pages per Sheet: 4 Pages per Sheet");
+    sheet.Press(Qt::Key_Return);
+    EXPECT_EQ(sheet.Window().result(), QDialog::Accepted);
+    ASSERT_EQ(user_.Boxes().size(), 1u);
+    EXPECT_EQ(user_.Boxes()[0].request.caption, u"Conflict!");
+    EXPECT_EQ(sheet.Row("Scaling").text(0), "Scaling: 100 %");
+    EXPECT_EQ(Kept("Scaling"), 100);
+    EXPECT_EQ(Kept("Pages per Sheet"), 2);
+}
+
+TEST_F(PageWindow, ShowsNothingHiddenAndLetsNothingDisabledBeChosen) {
+    Do({"printer", "Office", "-o", "Tray2=NOTINSTALLED", "-o", "DuplexUnit=NotInstalled",
+        "--apply"});
+    Sheet sheet(PageKind::Document);
+    EXPECT_TRUE(sheet.Row("Color Management Method").isHidden());
+    sheet.GoTo("Pages per Sheet");
+    EXPECT_EQ(sheet.List().findText("Booklet"), -1);
+    EXPECT_NE(sheet.List().findText("16 Pages per Sheet"), -1);
+
+    sheet.GoTo("Duplex");
+    EXPECT_FALSE(sheet.List().isEnabled());
+    EXPECT_NE(sheet.Row("Duplex").foreground(0), sheet.Row("Copies").foreground(0));
+
+    sheet.GoTo("Paper Source");
+    sheet.Type("Tr");           // "Tray 1"
+    sheet.Press(Qt::Key_Down);  // over both missing trays
+    EXPECT_EQ(sheet.Row("Paper Source").text(0), "Paper Source: Manual Feed");
+    const QAbstractItemModel& choices = *sheet.List().model();
+    EXPECT_FALSE(choices.flags(choices.index(2, 0)).testFlag(Qt::ItemIsEnabled));
+    EXPECT_TRUE(choices.flags(choices.index(1, 0)).testFlag(Qt::ItemIsEnabled));
+    EXPECT_TRUE(sheet.Row("Paper Source").icon(0).isNull());
+}
+
+TEST_F(PageWindow, MarksASelectionThatIsNoLongerInstalled) {
+    Do({"document", "Office", "-o", "Paper Source=Tray 2", "--apply"});
+    Do({"printer", "Office", "-o", "Tray2=NOTINSTALLED", "--apply"});
+    Sheet sheet(PageKind::Document);
+    EXPECT_EQ(sheet.Row("Paper Source").text(0), "Paper Source: Tray 2");
+    EXPECT_FALSE(sheet.Row("Paper Source").icon(0).isNull());
+}
+
+TEST_F(PageWindow, F1AsksForTheTopicOfTheChosenItem) {
+    Sheet sheet(PageKind::Document);
+    sheet.GoTo("Copies");
+    sheet.Press(Qt::Key_F1);  // the driver's items have none
+    EXPECT_TRUE(user_.Help().empty());
+    sheet.GoTo("Scaling");
+    sheet.Type("120");  // the focus is in the number then
+    sheet.Press(Qt::Key_F1);
+    ASSERT_EQ(user_.Help().size(), 1u);
+    EXPECT_EQ(user_.Help()[0].topic, 1212u);
+    EXPECT_EQ(user_.Help()[0].command, UINT{HELP_CONTEXTPOPUP});
+    EXPECT_NE(user_.Help()[0].file.find(u"QVRT_HLP.HLP"), std::u16string::npos);
+    EXPECT_FALSE(user_.Help()[0].text.empty());
+}
+
+TEST_F(PageWindow, EditOpensTheEditorWhileTheWatermarkIsEnabled) {
+    Sheet sheet(PageKind::Document);
+    sheet.GoTo("Watermark");
+    QTest::mouseClick(&sheet.Button("Edit"), Qt::LeftButton);
+    EXPECT_EQ(user_.DialogsWorkedIn(), 0);
+    EXPECT_FALSE(sheet.Button("Apply").isEnabled());
+
+    user_.InDialog([](HWND dialog) {
+        platform::hands::Choose(dialog, IDC_WATERMARK_LIST, u"Urgent");
+        platform::hands::Click(dialog, IDOK);
+    });
+    sheet.Type("E");  // picks "Enabled"
+    QTest::mouseClick(&sheet.Button("Edit"), Qt::LeftButton);
+    EXPECT_EQ(user_.DialogsWorkedIn(), 1);
+    EXPECT_TRUE(sheet.Button("Apply").isEnabled());
+    QTest::mouseClick(&sheet.Button("OK"), Qt::LeftButton);
+    const nlohmann::json page = Do({"document", "Office", "--json"}).Json();
+    EXPECT_EQ(page["privateDevmode"]["Watermark"]["Name"], "Urgent");
+    EXPECT_EQ(page["privateDevmode"]["WatermarkOn"], 1);
+    EXPECT_EQ(user_.Surprises(), "");
+}
+
+TEST_F(PageWindow, TellsWhenTheSettingsCannotBeKeptAndStays) {
+    Sheet sheet(PageKind::Document);
+    user_.Answer(IDOK);
+    sheet.GoTo("Copies");
+    sheet.Type("5");
+    {
+        const platform::FailurePlan refused("SetPrinterW", 0, ERROR_ACCESS_DENIED);
+        sheet.Press(Qt::Key_Return);
+    }
+    EXPECT_EQ(user_.Boxes().size(), 1u);
+    EXPECT_TRUE(sheet.Window().isVisible());
+    EXPECT_TRUE(sheet.Button("Apply").isEnabled());
+}
+
+/// Keeps the texts with which labels were painted.
+class PaintedLabels : public QObject {
+public:
+    std::set<QString> texts;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto* label = qobject_cast<QLabel*>(watched);
+        if (label && event->type() == QEvent::Paint) texts.insert(label->text());
+        return false;
+    }
+};
+
+TEST_F(PageWindow, SaysThatItAsksThePrinterBeforeItBlocks) {
+    PlayedPrinterOptions options;
+    options.tray2 = true;
+    PrinterThread printer(options);
+    Install("Lab", "T", "\\\\" + PrinterThread::Address() + "\\SMB_PRI1");
+    PaintedLabels painted;
+    PropertySheet window("Lab", PageKind::Printer);
+    for (QLabel* label : window.findChildren<QLabel*>()) label->installEventFilter(&painted);
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        if (!window.findChild<QTreeWidget*>()->currentItem()) return;
+        EXPECT_EQ(FindItem(window.Page(), "Tray 2").SelectionText(), "Installed");
+        EXPECT_EQ(FindItem(window.Page(), "Tray 3").SelectionText(), "Not Installed");
+        EXPECT_EQ(window.findChild<QComboBox*>()->currentText(), "On");
+        QTest::keyClick(&window, Qt::Key_Escape);
+    });
+    poll.start(10);
+    EXPECT_FALSE(window.Run());
+    EXPECT_EQ(painted.texts.count("Asking the printer..."), 1u);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(PageWindow, CannotOpenWithoutAPrinterOrADisplay) {
+    EXPECT_THROW(PropertySheet("Nobody", PageKind::Document).Run(), Failure);
+    const CommandResult result = Run({"document", "Office", "--window"});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_NE(result.err.find("no display"), std::string::npos);
+    EXPECT_EQ(Run({"document", "Office", "--window", "--json"}).code, 2);
+}
+
+TEST_F(PageWindow, PicturesComeFromAMachineOfTheirOwn) {
+    const std::string before = Do({"list", "--json"}).out;
+    const std::filesystem::path folder = machine_ / "pictures";
+    std::istringstream names(Do({"pictures", folder.native()}).out);
+    std::set<std::string> told{std::istream_iterator<std::string>(names), {}};
+    for (const char* name : {"document-page.png", "printer-page.png", "editor-diagonal.png",
+                             "message-scaling-conflict.png", "help-popup.png"}) {
+        EXPECT_EQ(told.count(name), 1u) << name;
+    }
+    for (const std::string& name : told) {
+        EXPECT_FALSE(QImage(QString::fromStdString((folder / name).native())).isNull()) << name;
+    }
+    EXPECT_EQ(Do({"list", "--json"}).out, before);
+}
+
+}  // namespace
+}  // namespace host
