@@ -22,7 +22,7 @@ struct Answer {
 Answer Ask(std::string_view question, int patienceMilliseconds) {
     Answer answer;
     const int descriptor = ::socket(AF_INET, SOCK_STREAM, 0);
-    const timeval patience{patienceMilliseconds / 1000, patienceMilliseconds % 1000 * 1000};
+    const timeval patience{patienceMilliseconds / 1000, patienceMilliseconds % 1000 * 1000L};
     ::setsockopt(descriptor, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof(patience));
     sockaddr_in address{};
     address.sin_family = AF_INET;
