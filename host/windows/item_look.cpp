@@ -24,7 +24,7 @@ QPixmap EmptyMark(const QWidget& widget) {
 }  // namespace
 
 QString RowText(const PageItem& item) {
-    const QString name = QString::fromStdString(item.Name());
+    QString name = QString::fromStdString(item.Name());
     if (item.Kind() == ItemKind::Group) return name;
     return name + ": " + QString::fromStdString(item.SelectionText());
 }

@@ -11,10 +11,11 @@ namespace {
 
 constexpr int kChoiceColumns = 24;  // characters that the list has room for at least
 constexpr int kShownChoices = 20;
+constexpr int kButtonColumns = 12;
 
 }  // namespace
 
-ItemPanel::ItemPanel(QWidget* parent, ItemActions actions)
+ItemPanel::ItemPanel(QWidget* parent, const ItemActions& actions)
     : QGroupBox(parent),
       label_(new QLabel("&Setting:", this)),
       choices_(new QComboBox(this)),
@@ -24,6 +25,7 @@ ItemPanel::ItemPanel(QWidget* parent, ItemActions actions)
     choices_->setMinimumContentsLength(kChoiceColumns);
     choices_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     choices_->setMaxVisibleItems(kShownChoices);
+    button_->setMinimumWidth(fontMetrics().averageCharWidth() * kButtonColumns);
     button_->setAutoDefault(true);
     auto* row = new QHBoxLayout(this);
     row->addWidget(label_);
@@ -31,7 +33,7 @@ ItemPanel::ItemPanel(QWidget* parent, ItemActions actions)
     row->addWidget(number_);
     row->addWidget(range_, 1);
     row->addWidget(button_);
-    Connect(std::move(actions));
+    Connect(actions);
     setTitle(" ");  // room for the item's name
     setFixedHeight(sizeHint().height());
     // The widest case, a list with its button: the window keeps its width whatever is chosen.
@@ -41,7 +43,7 @@ ItemPanel::ItemPanel(QWidget* parent, ItemActions actions)
     ShowItem(nullptr);
 }
 
-void ItemPanel::Connect(ItemActions actions) {
+void ItemPanel::Connect(const ItemActions& actions) {
     connect(choices_, &QComboBox::activated, this, [this, choose = actions.choose](int row) {
         choose(*item_, choices_->itemData(row).toULongLong());
     });

@@ -22,14 +22,14 @@ struct ItemActions {
 
 class ItemPanel : public QGroupBox {
 public:
-    ItemPanel(QWidget* parent, ItemActions actions);
+    ItemPanel(QWidget* parent, const ItemActions& actions);
 
     /// Shows an item, or the same one again after a change; a text being typed stays. Null shows
     /// nothing.
     void ShowItem(PageItem* item);
 
 private:
-    void Connect(ItemActions actions);
+    void Connect(const ItemActions& actions);
     void ShowChoices();
     void AddChoice(std::size_t choice);
     void LineUpChoices();
