@@ -43,8 +43,3 @@ void WriteIniFile(std::basic_string_view<WCHAR> name, std::string_view content) 
 }
 
 }  // namespace tests
-
-int main(int argumentCount, char** arguments) {
-    testing::InitGoogleTest(&argumentCount, arguments);
-    return RUN_ALL_TESTS();
-}

@@ -4,6 +4,7 @@ include_guard(GLOBAL)
 add_library(oemui_test_support STATIC
   ${CMAKE_CURRENT_LIST_DIR}/document_page.cpp
   ${CMAKE_CURRENT_LIST_DIR}/plugin_fixture.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/test_main.cpp
   ${CMAKE_CURRENT_LIST_DIR}/test_printer.cpp)
 target_include_directories(oemui_test_support PUBLIC ${PROJECT_SOURCE_DIR})
 target_compile_definitions(oemui_test_support PUBLIC UNICODE _UNICODE)

@@ -1,0 +1,50 @@
+// Asking a printer that answers at once, beside the waiting that the exchange prescribes.
+
+#include <benchmark/benchmark.h>
+#include <windows.h>
+
+#include <winsock.h>
+
+#include <string>
+#include <vector>
+
+#include "bench/limits.h"
+#include "printerprops/pjl_query.h"
+#include "tests/printerprops/loopback_printer.h"
+
+namespace {
+
+constexpr int kQuestions = 8;
+constexpr DWORD kPauseBeforeReading = 250;  // milliseconds
+
+void AskPrinterDirectly(benchmark::State& state) {
+    const tests::LoopbackPrinter::Pieces answer = {
+        "@PJL INFO CONFIG\r\n\tTRAY2=INSTALLED\r\n\tDUPLEX=INSTALLED\r\n\f"};
+    tests::LoopbackPrinter printer({kQuestions, answer});
+    oemui::PrinterLink link{};
+    link.Found = 1;
+    link.Kind = oemui::PortKindShare;
+    oemui::ResolveHost(
+        std::basic_string<WCHAR>(printer.Address().begin(), printer.Address().end()).c_str(),
+        &link.Address);
+    for (auto _ : state) {
+        UINT32 tray2 = 0;
+        UINT32 tray3 = 0;
+        UINT32 duplex = 0;
+        if (!oemui::QueryInstalledOptions(TEXT("Bench"), link, &tray2, &tray3, &duplex) ||
+            tray3 != 1) {
+            state.SkipWithError("the printer's answer was not understood");
+        }
+    }
+}
+
+void PauseBare(benchmark::State& state) {
+    for (auto _ : state) ::Sleep(kPauseBeforeReading);
+}
+
+BENCHMARK(PauseBare)->Unit(benchmark::kMillisecond)->Iterations(kQuestions)->UseRealTime();
+BENCHMARK(AskPrinterDirectly)->Unit(benchmark::kMillisecond)->Iterations(kQuestions)->UseRealTime();
+
+const bench::DeclareLimit ask({"AskPrinterDirectly", "PauseBare", 1.1});
+
+}  // namespace
