@@ -1,6 +1,7 @@
 #include "platform/gui/focus.h"
 
 #include <QApplication>
+#include <utility>
 
 #include "platform/gui/dialog.h"
 
@@ -8,6 +9,8 @@ namespace platform {
 namespace {
 
 Control* focusedControl = nullptr;
+bool reportHeld = false;
+bool movedWhileHeld = false;
 
 /// The control behind a widget; null for one that cannot have the focus reported any more.
 Control* ControlOf(const QWidget* widget) {
@@ -24,8 +27,10 @@ void FollowFocus() {
     static bool following = false;
     if (following) return;
     following = true;
-    QObject::connect(qApp, &QApplication::focusChanged,
-                     [](QWidget*, QWidget* now) { ReportFocus(ControlOf(now)); });
+    QObject::connect(qApp, &QApplication::focusChanged, [](QWidget*, QWidget* now) {
+        movedWhileHeld = movedWhileHeld || reportHeld;
+        if (!reportHeld) ReportFocus(ControlOf(now));
+    });
 }
 
 Control* FocusedControl() {
@@ -43,6 +48,15 @@ void ReportFocus(Control* now) {
 
 void ForgetFocus(const Control& control) {
     if (focusedControl == &control) focusedControl = nullptr;
+}
+
+FocusReportHeld::FocusReportHeld() {
+    reportHeld = true;
+}
+
+FocusReportHeld::~FocusReportHeld() {
+    reportHeld = false;
+    if (std::exchange(movedWhileHeld, false)) ReportFocus(ControlOf(QApplication::focusWidget()));
 }
 
 FocusAway::~FocusAway() {

@@ -15,6 +15,15 @@ void ReportFocus(Control* now);
 /// The control is about to go.
 void ForgetFocus(const Control& control);
 
+/// While this lives the program is told nothing; at the end it is told where the focus has gone.
+class FocusReportHeld {
+public:
+    FocusReportHeld();
+    ~FocusReportHeld();
+    FocusReportHeld(const FocusReportHeld&) = delete;
+    FocusReportHeld& operator=(const FocusReportHeld&) = delete;
+};
+
 /// Another window is in front for as long as this lives: the focused control loses the focus, and
 /// gets it back after.
 class FocusAway {

@@ -76,6 +76,8 @@ BOOL WINAPI EnableWindow(HWND window, BOOL enable) {
     if (found == nullptr || found->Widget() == nullptr) return FALSE;
     QWidget* widget = found->Widget();
     const BOOL wasDisabled = widget->isEnabled() ? FALSE : TRUE;
+    // Who hears that the focus has gone finds the window disabled already.
+    const platform::FocusReportHeld disabledFirst;
     // Left to itself, the widget would pass the focus on to the next one.
     if (enable == FALSE && widget->window()->focusWidget() == widget) widget->clearFocus();
     widget->setEnabled(enable != FALSE);

@@ -103,8 +103,14 @@ void TypeUnits(const Dialog& dialog, const QString& text) {
 }  // namespace
 
 bool Click(HWND dialog, int controlId) {
-    ClosePopups();
     Control* control = UsableControl(dialog, controlId);
+    if (control == nullptr) return false;
+    const bool closesItsList =
+        control->Kind() == WindowKind::kList && static_cast<const DropDownList&>(*control).IsOpen();
+    ClosePopups();
+    if (closesItsList) return true;
+    // A list that closes tells the program, which may have disabled the control.
+    control = UsableControl(dialog, controlId);
     if (control == nullptr) return false;
     ClickAt(control->Widget(), control->Widget()->rect().center());
     return true;
@@ -139,12 +145,14 @@ bool Choose(HWND dialog, int listId, std::u16string_view itemText) {
     Control* control = UsableControl(dialog, listId);
     if (control == nullptr || control->Kind() != WindowKind::kList) return false;
     auto& list = static_cast<DropDownList&>(*control);
-    if (!list.IsOpen() && !Click(dialog, listId)) return false;
     const auto sought =
         QString::fromUtf16(itemText.data(), static_cast<qsizetype>(itemText.size()));
     int index = 0;
     while (index < list.Count() && list.ItemText(index) != sought) ++index;
-    if (index == list.Count() || !list.IsOpen()) {
+    if (index == list.Count()) return false;
+    if (!list.IsOpen() && !Click(dialog, listId)) return false;
+    // The program hears that the list drops, and may fill it anew or close it.
+    if (!list.IsOpen() || index >= list.Count() || list.ItemText(index) != sought) {
         list.Close(false);
         return false;
     }
@@ -155,10 +163,12 @@ bool Choose(HWND dialog, int listId, std::u16string_view itemText) {
 }
 
 bool StepUpDown(HWND dialog, int upDownId, int steps) {
+    Control* control = UsableControl(dialog, upDownId);
+    if (control == nullptr || control->Kind() != WindowKind::kUpDown || steps == 0) return false;
     ClosePopups();
     for (int step = 0; step < std::abs(steps); ++step) {
-        Control* control = UsableControl(dialog, upDownId);
-        if (control == nullptr || control->Kind() != WindowKind::kUpDown) return false;
+        control = UsableControl(dialog, upDownId);
+        if (control == nullptr) return false;
         const QRect face = control->Widget()->rect();
         const int y = steps > 0 ? face.height() / 4 : face.height() * 3 / 4;
         ClickAt(control->Widget(), QPoint(face.center().x(), y));
