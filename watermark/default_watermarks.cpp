@@ -21,8 +21,6 @@ using UniqueDeviceContext = UniqueHandle<HDC, ::DeleteDC>;
 constexpr int kDecimal = 10;
 constexpr UINT32 kPortrait = 1;
 constexpr double kFallbackDegrees = 45.0;
-// Coarser than it could be, as in the angles that are stored already: they must not shift.
-constexpr double kPi = 3.1415927;
 
 /// One value of the default file, at most 511 characters; empty when it is missing.
 class DefaultFileValue {

@@ -6,6 +6,9 @@
 
 namespace oemui {
 
+/// Coarse on purpose: angles computed with it are stored, and a closer value would shift them.
+inline constexpr double kPi = 3.1415927;
+
 /// The one list in which the editor works, and in which a printer's first list is built.
 /// Property sheet's thread.
 extern WatermarkList WorkingWatermarkList;

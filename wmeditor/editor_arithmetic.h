@@ -8,9 +8,6 @@
 
 namespace oemui {
 
-/// The preview and the stored angles were always computed with this value, not with a closer one.
-inline constexpr double kPi = 3.1415927;
-
 constexpr INT32 WrappedProduct(INT32 left, INT32 right) {
     return static_cast<INT32>(static_cast<UINT32>(left) * static_cast<UINT32>(right));
 }

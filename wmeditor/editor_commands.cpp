@@ -28,7 +28,7 @@ bool StartNewWatermark(HWND dialog) {
     EnableControl(dialog, IDC_NEW, false);
     if (WorkingWatermarkList.Count >= kWatermarkCapacity) {
         ShowMessage(IDS_LIST_FULL, IDS_CAPTION_ERROR, MB_OK);
-        EnableSettingControls(dialog, true);
+        if (EditorWindow == dialog) EnableSettingControls(dialog, true);
         return false;
     }
     EnableControl(dialog, IDC_DELETE, false);
@@ -41,16 +41,28 @@ bool StartNewWatermark(HWND dialog) {
     return false;
 }
 
+/// Removes what a removal of the shown entry takes out of the list: that entry, and those not in
+/// use. \return how many entries are left in front of it.
+INT32 RemoveListItems(HWND dialog) {
+    INT32 leftInFront = 0;
+    for (INT32 i = WorkingWatermarkList.Count - 1; i >= 0; --i) {
+        if (i == CurrentIndex || WorkingWatermarkList.Entries[i].InUse != 1) {
+            ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_DELETESTRING,
+                                  static_cast<WPARAM>(i), 0);
+        } else if (i < CurrentIndex) {
+            ++leftInFront;
+        }
+    }
+    return leftInFront;
+}
+
 /// Removes the shown entry and shows the one before it.
 void RemoveShownEntry(HWND dialog) {
+    if (!IsListed(CurrentIndex)) return;
+    const INT32 previous = std::max(RemoveListItems(dialog) - 1, 0);
     RemoveWatermark(&WorkingWatermarkList, CurrentIndex);
-    const INT32 previous = std::max(CurrentIndex - 1, 0);
-    if (CurrentIndex > 0) {
-        ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_DELETESTRING,
-                              static_cast<WPARAM>(CurrentIndex), 0);
-        ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_SETCURSEL,
-                              static_cast<WPARAM>(previous), 0);
-    }
+    ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_SETCURSEL, static_cast<WPARAM>(previous),
+                          0);
     EditEntry(previous);
     FillEditorControls(dialog, EditedWatermark, false);
     CurrentIndex = previous;
@@ -67,9 +79,12 @@ bool DeleteShownEntry(HWND dialog) {
         ShowMessage(IDS_NONE_NOT_DELETED, IDS_CAPTION_WATERMARK, MB_OK);
         return false;
     }
-    if (ShowMessage(IDS_CONFIRM_DELETE, IDS_CAPTION_DELETE, MB_OKCANCEL) != IDOK) return false;
+    if (AskInEditor(dialog, IDS_CONFIRM_DELETE, IDS_CAPTION_DELETE, MB_OKCANCEL) != IDOK) {
+        return false;
+    }
     if (WorkingWatermarkList.Count == 1) {
         ShowMessage(IDS_LIST_EMPTY, IDS_CAPTION_WATERMARK, MB_OK);
+        if (EditorWindow != dialog) return false;
     } else {
         RemoveShownEntry(dialog);
     }
@@ -80,7 +95,7 @@ bool DeleteShownEntry(HWND dialog) {
 bool CancelEditor(HWND dialog) {
     AddingNew = 0;
     WorkingWatermarkList = OpeningWatermarkList;
-    ::EndDialog(dialog, 0);
+    FinishEditor(dialog, 0);
     return true;
 }
 
@@ -108,7 +123,25 @@ constexpr EditorCommand kEditorCommands[] = {
 
 }  // namespace
 
+void FinishEditor(HWND dialog, INT_PTR result) {
+    EditorWindow = nullptr;
+    if (::EndDialog(dialog, result)) {
+        CallerWatermarkList = nullptr;
+    } else {
+        EditorWindow = dialog;
+    }
+}
+
+int AskInEditor(HWND dialog, UINT textId, UINT captionId, UINT type) {
+    const INT32 index = CurrentIndex;
+    const UINT32 adding = AddingNew;
+    const int answer = ShowMessage(textId, captionId, type);
+    const bool isTheSame = EditorWindow == dialog && CurrentIndex == index && AddingNew == adding;
+    return isTheSame ? answer : 0;
+}
+
 bool HandleEditorCommand(HWND dialog, int controlId, UINT notification) {
+    if (EditorWindow != dialog) return false;
     if (controlId != IDC_WATERMARK_LIST) EnableControl(dialog, IDC_CANCEL, true);
     if (HandleSettingCommand(dialog, controlId, notification)) return false;
     const auto* const command = std::find_if(

@@ -11,8 +11,8 @@
 namespace oemui {
 namespace {
 
-bool MayOverwrite() {
-    return ShowMessage(IDS_CONFIRM_OVERWRITE, IDS_CAPTION_WARNING, MB_YESNO) == IDYES;
+int AskOverwrite(HWND dialog) {
+    return AskInEditor(dialog, IDS_CONFIRM_OVERWRITE, IDS_CAPTION_WARNING, MB_YESNO);
 }
 
 /// Stores the list with this selection and ends the dialog, also when it cannot be stored.
@@ -20,10 +20,12 @@ bool SaveAndEnd(HWND dialog, INT32 selection) {
     const INT32 selected = IsListed(selection) ? selection : 0;
     WorkingWatermarkList.NoneSelected = selected == 0 ? 1 : 0;
     WorkingWatermarkList.Selected = selected;
+    // It is settled: what the user does below a message that the list could not be stored is void.
+    EditorWindow = nullptr;
     CopyWatermarkList(CallerWatermarkList, &WorkingWatermarkList);
     WritePrinterWatermarkList(CurrentPrinterName, WorkingWatermarkList, IDS_LIST_NOT_STORED);
     AddingNew = 0;
-    ::EndDialog(dialog, 1);
+    FinishEditor(dialog, 1);
     return true;
 }
 
@@ -57,11 +59,6 @@ void AddNewEntry(HWND dialog) {
                           0);
 }
 
-void OverwriteEntry(INT32 index) {
-    ClampPointSize(&EditedWatermark.PointSize);
-    CopyWatermark(&WorkingWatermarkList.Entries[index], EditedWatermark);
-}
-
 void AnnounceSelectedWatermark() {
     const LoadedText<kMessageCapacity> format(IDS_NEW_WATERMARK_SELECTED);
     WCHAR text[kMessageCapacity + std::size(WatermarkRecord{}.Name)] = {};
@@ -73,14 +70,16 @@ bool ConfirmNewWatermark(HWND dialog) {
     if (!ValidateNewWatermark(WorkingWatermarkList, EditedWatermark)) return false;
     const INT32 existing = FindWatermarkByName(WorkingWatermarkList, TextIn(EditedWatermark.Name));
     if (existing >= 1 && existing < kNoSuchWatermark) {
-        if (!MayOverwrite()) return false;
-        OverwriteEntry(existing);
+        if (AskOverwrite(dialog) != IDYES) return false;
+        ClampPointSize(&EditedWatermark.PointSize);
+        CopyWatermark(&WorkingWatermarkList.Entries[existing], EditedWatermark);
         WorkingWatermarkList.Selected = existing;
     } else {
         AddNewEntry(dialog);
     }
     EditEntry(WorkingWatermarkList.Selected);
     AnnounceSelectedWatermark();
+    if (EditorWindow != dialog) return false;
     return SaveAndEnd(dialog, WorkingWatermarkList.Selected);
 }
 
@@ -97,16 +96,29 @@ void RestoreOpeningSelection(HWND dialog) {
     ShowSelectedEntry(dialog);
 }
 
+/// Entry 0 prints nothing: a size that nobody has changed stays as it is, whatever it is.
+void ClampEditedSize() {
+    const bool untouched =
+        EditedWatermark.PointSize == WorkingWatermarkList.Entries[CurrentIndex].PointSize;
+    if (CurrentIndex != 0 || !untouched) ClampPointSize(&EditedWatermark.PointSize);
+}
+
+/// Whether the edited entry may be stored in its place: asks when its settings have changed.
+bool MayStoreEditedEntry(HWND dialog) {
+    // Compared with the entry that held this place when the dialog opened: after a deletion that
+    // may be another watermark, and then nothing is asked.
+    const WatermarkRecord& opening = OpeningWatermarkList.Entries[CurrentIndex];
+    if (CountWatermarkChanges(opening, EditedWatermark) == 0) return true;
+    const int answer = AskOverwrite(dialog);
+    if (answer == IDNO) RestoreOpeningSelection(dialog);
+    return answer == IDYES;
+}
+
 bool ConfirmEditedEntry(HWND dialog) {
     if (IsListed(CurrentIndex)) {
-        // Compared with the entry that held this place when the dialog opened: after a deletion
-        // that may be another watermark, and then nothing is asked.
-        const WatermarkRecord& opening = OpeningWatermarkList.Entries[CurrentIndex];
-        if (CountWatermarkChanges(opening, EditedWatermark) > 0 && !MayOverwrite()) {
-            RestoreOpeningSelection(dialog);
-            return false;
-        }
-        OverwriteEntry(CurrentIndex);
+        ClampEditedSize();
+        if (!MayStoreEditedEntry(dialog)) return false;
+        CopyWatermark(&WorkingWatermarkList.Entries[CurrentIndex], EditedWatermark);
     }
     AddingNew = 0;
     return SaveAndEnd(dialog, SelectedPosition(dialog, IDC_WATERMARK_LIST));

@@ -13,24 +13,21 @@
 namespace oemui {
 namespace {
 
-/// A choice of a list: the value it stands for, and its text.
-struct Choice {
-    UINT32 value;
+/// A choice of the angle list: the kind it stands for, and its text.
+struct AngleChoice {
+    UINT32 kind;
     UINT textId;
 };
 
-constexpr std::array<Choice, 4> kAngleChoices = {{{kAngleHorizontal, IDS_ANGLE_HORIZONTAL},
-                                                  {kAngleDiagonal, IDS_ANGLE_DIAGONAL},
-                                                  {kAngleVertical, IDS_ANGLE_VERTICAL},
-                                                  {kAngleUserDefine, IDS_ANGLE_USER_DEFINE}}};
+constexpr std::array<AngleChoice, 4> kAngleChoices = {{{kAngleHorizontal, IDS_ANGLE_HORIZONTAL},
+                                                       {kAngleDiagonal, IDS_ANGLE_DIAGONAL},
+                                                       {kAngleVertical, IDS_ANGLE_VERTICAL},
+                                                       {kAngleUserDefine, IDS_ANGLE_USER_DEFINE}}};
 
-constexpr std::array<Choice, 7> kColorChoices = {{{0, IDS_COLOR_BLACK},
-                                                  {1, IDS_COLOR_CYAN},
-                                                  {2, IDS_COLOR_MAGENTA},
-                                                  {3, IDS_COLOR_YELLOW},
-                                                  {4, IDS_COLOR_RED},
-                                                  {5, IDS_COLOR_GREEN},
-                                                  {6, IDS_COLOR_BLUE}}};
+/// Texts of the colours, by `ColorIndex`.
+constexpr std::array<UINT, 7> kColorChoices = {IDS_COLOR_BLACK,  IDS_COLOR_CYAN, IDS_COLOR_MAGENTA,
+                                               IDS_COLOR_YELLOW, IDS_COLOR_RED,  IDS_COLOR_GREEN,
+                                               IDS_COLOR_BLUE};
 
 constexpr int kSettingControls[] = {
     IDC_NAME,   IDC_TEXT,          IDC_TYPEFACE, IDC_POINT_SIZE,     IDC_POINT_SIZE_SPIN,
@@ -40,7 +37,6 @@ constexpr int kSettingControls[] = {
 
 constexpr WPARAM kSizeDigits = 3;       // "200"
 constexpr WPARAM kAngleCharacters = 4;  // "-180"
-constexpr INT32 kLargestUserAngle = 180;
 constexpr INT32 kLargestOffset = 999;
 
 void SetCheck(HWND dialog, int buttonId, bool checked) {
@@ -51,25 +47,22 @@ void SetSpinRange(HWND dialog, int upDownId, INT32 lowest, INT32 highest) {
     ::SendDlgItemMessageW(dialog, upDownId, UDM_SETRANGE, 0, MAKELPARAM(highest, lowest));
 }
 
-void SetSignedNumber(HWND dialog, int editId, INT32 number) {
-    ::SetDlgItemInt(dialog, editId, static_cast<UINT>(number), TRUE);
-}
-
 void AddColorChoices(HWND dialog) {
-    for (const Choice& choice : kColorChoices) {
-        const LoadedText<kListTextCapacity> text(choice.textId);
+    for (const UINT textId : kColorChoices) {
+        const LoadedText<kListTextCapacity> text(textId);
         ::SendDlgItemMessageW(dialog, IDC_COLOR, CB_ADDSTRING, 0,
                               reinterpret_cast<LPARAM>(text.c_str()));
     }
 }
 
 void AddAngleChoices(HWND dialog) {
-    for (const Choice& choice : kAngleChoices) {
+    for (const AngleChoice& choice : kAngleChoices) {
         const LoadedText<kListTextCapacity> text(choice.textId);
         const LRESULT position = ::SendDlgItemMessageW(dialog, IDC_ANGLE, CB_ADDSTRING, 0,
                                                        reinterpret_cast<LPARAM>(text.c_str()));
+        if (position < 0) continue;
         ::SendDlgItemMessageW(dialog, IDC_ANGLE, CB_SETITEMDATA, static_cast<WPARAM>(position),
-                              static_cast<LPARAM>(choice.value));
+                              static_cast<LPARAM>(choice.kind));
     }
 }
 
@@ -115,7 +108,7 @@ void PreviewAngle(const WatermarkRecord& record) {
             PreviewWatermark.AngleDegrees = WholeDiagonalDegrees();
             break;
         case kAngleVertical:
-            PreviewWatermark.AngleDegrees = 90;
+            PreviewWatermark.AngleDegrees = kVerticalDegrees;
             break;
         case kAngleUserDefine:
             PreviewWatermark.AngleDegrees = record.AngleDegrees;
@@ -240,6 +233,10 @@ void Repaint(HWND dialog) {
 void EnableControl(HWND dialog, int controlId, bool enabled) {
     const HWND control = ::GetDlgItem(dialog, controlId);
     if (control != nullptr) ::EnableWindow(control, enabled ? TRUE : FALSE);
+}
+
+void SetSignedNumber(HWND dialog, int editId, INT32 number) {
+    ::SetDlgItemInt(dialog, editId, static_cast<UINT>(number), TRUE);
 }
 
 INT32 SelectedPosition(HWND dialog, int listId) {

@@ -66,6 +66,9 @@ void ReadText(HWND dialog, int controlId, WCHAR (&text)[Capacity]) {
     CopyText(text, TextIn(read));
 }
 
+/// Shows a number with its sign in an edit.
+void SetSignedNumber(HWND dialog, int editId, INT32 number);
+
 /// The selected position of a list; -1 without a selection.
 INT32 SelectedPosition(HWND dialog, int listId);
 

@@ -35,8 +35,10 @@ void FillWatermarkList(HWND dialog, INT32 selected) {
         const WatermarkRecord& entry = WorkingWatermarkList.Entries[i];
         const LRESULT position = ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_ADDSTRING, 0,
                                                        reinterpret_cast<LPARAM>(entry.Name));
-        ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_SETITEMDATA,
-                              static_cast<WPARAM>(position), static_cast<LPARAM>(i));
+        if (position >= 0) {
+            ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_SETITEMDATA,
+                                  static_cast<WPARAM>(position), static_cast<LPARAM>(i));
+        }
         widest = std::max(widest, TextWidth(context, TextIn(entry.Name)));
     }
     if (context != nullptr) ::ReleaseDC(dialog, context);
@@ -47,6 +49,7 @@ void FillWatermarkList(HWND dialog, INT32 selected) {
 }
 
 void OpenEditor(HWND dialog, WatermarkList* caller) {
+    EditorWindow = dialog;
     AddingNew = 0;
     TakeList(caller);
     const INT32 selected = WorkingWatermarkList.Selected;

@@ -134,7 +134,6 @@ DWORD HelpTopicOfControl(int controlId) {
 }
 
 bool FindHelpFilePath(WCHAR (&path)[MAX_PATH]) {
-    path[0] = 0;
     const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName, PRINTER_ACCESS_USE);
     if (!printer) return DefaultHelpFilePath(path);
     const HeapBlock block(QueryDriverInfo(::GetProcessHeap(), printer.Get(), 2));
@@ -144,7 +143,6 @@ bool FindHelpFilePath(WCHAR (&path)[MAX_PATH]) {
 }
 
 bool DefaultHelpFilePath(WCHAR (&path)[MAX_PATH]) {
-    path[0] = 0;
     DWORD platform = 0;
     if (!ReadSystemPlatform(&platform)) return false;
     WCHAR directory[MAX_PATH];

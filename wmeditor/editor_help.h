@@ -17,12 +17,13 @@ DWORD HelpTopicOfControl(int controlId);
 
 /// The help file beside the driver files of the current printer; the default path when the printer
 /// cannot be opened.
-/// \return false, with the path empty, when the driver's directory is unknown or path and name do
+/// \return false, with the path as it was, when the driver's directory is unknown or path and name
+/// do
 ///         not fit.
 bool FindHelpFilePath(WCHAR (&path)[MAX_PATH]);
 
 /// The help file where driver files are kept when no printer tells.
-/// \return false, with the path empty, when the system does not tell or the path does not fit.
+/// \return false, with the path as it was, when the system does not tell or the path does not fit.
 bool DefaultHelpFilePath(WCHAR (&path)[MAX_PATH]);
 
 }  // namespace oemui

@@ -13,9 +13,7 @@ namespace {
 
 constexpr WPARAM kTypedNameLimit = 20;
 constexpr WPARAM kTypedTextLimit = 64;
-constexpr INT32 kLargestUserAngle = 180;
 constexpr INT32 kAngleAfterDiagonal = 45;  // not the page's diagonal
-constexpr INT32 kVerticalAngle = 90;
 
 /// Sets one field of the edited record and of the preview's.
 template <typename Field, typename Value>
@@ -30,10 +28,6 @@ void LimitText(HWND dialog, int editId, WPARAM characters) {
 
 INT32 SignedNumber(HWND dialog, int editId) {
     return static_cast<INT32>(::GetDlgItemInt(dialog, editId, nullptr, TRUE));
-}
-
-void SetSignedNumber(HWND dialog, int editId, INT32 number) {
-    ::SetDlgItemInt(dialog, editId, static_cast<UINT>(number), TRUE);
 }
 
 LRESULT CheckState(HWND dialog, int buttonId) {
@@ -103,7 +97,7 @@ INT32 AngleAfterPreset() {
         case kAngleDiagonal:
             return kAngleAfterDiagonal;
         case kAngleVertical:
-            return kVerticalAngle;
+            return kVerticalDegrees;
         default:
             return PreviewWatermark.AngleDegrees;
     }
@@ -116,7 +110,7 @@ INT32 AngleOfKind(UINT32 kind) {
         case kAngleDiagonal:
             return WholeDiagonalDegrees();
         case kAngleVertical:
-            return kVerticalAngle;
+            return kVerticalDegrees;
         default:
             return AngleAfterPreset();
     }

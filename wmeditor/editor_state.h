@@ -10,7 +10,11 @@ namespace oemui {
 /// The list as it was when the dialog opened, after defaults were loaded; Cancel brings it back.
 inline WatermarkList OpeningWatermarkList{};
 
-/// The caller's list, written back at OK.
+/// The editor's window from its opening until OK or Cancel; null while no editor is open. Message
+/// boxes leave the editor usable, so it may be another one, or none, after a box has been answered.
+inline HWND EditorWindow = nullptr;
+
+/// The caller's list, written back at OK; null while no editor is open.
 inline WatermarkList* CallerWatermarkList = nullptr;
 
 /// The settings of the entry being edited or added, as the controls show them.

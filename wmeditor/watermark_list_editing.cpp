@@ -144,9 +144,7 @@ int CountWatermarkChanges(const WatermarkRecord& stored, const WatermarkRecord& 
 
 bool ValidateNewWatermark(const WatermarkList& list, const WatermarkRecord& record) {
     const TextView name = TextIn(record.Name);
-    if (list.Count > 0 && SameText(name, TextIn(list.Entries[0].Name))) {
-        return Refuse(IDS_NONE_NOT_ADDED);
-    }
+    if (SameText(name, TextIn(list.Entries[0].Name))) return Refuse(IDS_NONE_NOT_ADDED);
     if (IsBlankText(name)) return Refuse(IDS_NAME_EMPTY);
     if (IsBlankText(TextIn(record.Text))) return Refuse(IDS_TEXT_EMPTY);
     return true;

@@ -15,6 +15,8 @@ inline constexpr INT32 kNoSuchWatermark = 16;
 
 inline constexpr INT32 kMinimumPointSize = 8;
 inline constexpr INT32 kMaximumPointSize = 200;
+inline constexpr INT32 kLargestUserAngle = 180;  // degrees, to either side
+inline constexpr INT32 kVerticalDegrees = 90;    // what the vertical angle stands for
 
 /// Orders entries 1 to `Count` - 1 by name, without regard to case. `Selected` follows its entry
 /// when that is the last one.

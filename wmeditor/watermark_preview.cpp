@@ -1,10 +1,12 @@
 #include "wmeditor/watermark_preview.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "common/unique_handle.h"
 #include "resources/resource_ids.h"
+#include "watermark/default_watermarks.h"
 #include "wmeditor/editor_arithmetic.h"
 
 namespace oemui {

@@ -31,9 +31,7 @@ protected:
     void ExpectMessages(const std::vector<DialogMessage>& expected) {
         ASSERT_EQ(user_.Messages().size(), expected.size());
         for (std::size_t i = 0; i < expected.size(); ++i) {
-            EXPECT_EQ(user_.Messages()[i].text, expected[i].text);
-            EXPECT_EQ(user_.Messages()[i].caption, expected[i].caption);
-            EXPECT_EQ(user_.Messages()[i].type, expected[i].type);
+            EXPECT_TRUE(user_.Messages()[i] == expected[i]) << user_.Messages()[i].text;
         }
     }
     /// Presses New and gives the new watermark a name and a text.
@@ -57,16 +55,17 @@ TEST_F(EditorCommands, AnEmptyListOpensOnTheDefaultsAndCancelKeepsThem) {
               0);
     EXPECT_EQ(Narrow(NamesIn(WorkingWatermarkList)), "<NONE> Copy");
     EXPECT_EQ(list_.Count, 0);
-    EXPECT_EQ(Stored().Count, 0);
 }
 
 TEST_F(EditorCommands, AnUntouchedListIsStoredWithItsSelection) {
+    list_.Entries[0].PointSize = 0;
     EXPECT_EQ(Edit([this] {
                   user_.Choose(IDC_WATERMARK_LIST, TEXT("<NONE>"));
                   EXPECT_TRUE(user_.Click(IDOK));
               }),
               1);
     ExpectMessages({});
+    EXPECT_EQ(Stored().Entries[0].PointSize, 0);
     EXPECT_EQ(list_.Selected, 0);
     EXPECT_EQ(list_.NoneSelected, 1u);
     EXPECT_EQ(Stored().NoneSelected, 1u);
@@ -74,19 +73,22 @@ TEST_F(EditorCommands, AnUntouchedListIsStoredWithItsSelection) {
 }
 
 TEST_F(EditorCommands, EscapeAndTheCloseBoxCancelEnterConfirms) {
+    EXPECT_EQ(Edit([this] { user_.PressKey(VK_ESCAPE); }), 0);
     EXPECT_EQ(Edit([this] {
-                  user_.TypeText(IDC_NAME, TEXT("Renamed"));
-                  user_.PressKey(VK_ESCAPE);
+                  user_.TypeText(IDC_POINT_SIZE, TEXT("5"));
+                  user_.Close();
               }),
               0);
-    EXPECT_EQ(Edit([this] { user_.Close(); }), 0);
+    EXPECT_EQ(std::memcmp(&WorkingWatermarkList, &OpeningWatermarkList, sizeof list_), 0);
+    EXPECT_EQ(CallerWatermarkList, nullptr);
     EXPECT_EQ(Stored().Count, 0);
-    user_.WillAnswer({IDYES});
+    list_.Entries[1].PointSize = 8;
     EXPECT_EQ(Edit([this] {
                   user_.TypeText(IDC_POINT_SIZE, TEXT("5"));
                   user_.PressKey(VK_RETURN);
               }),
               1);
+    ExpectMessages({});
     EXPECT_EQ(Stored().Entries[1].PointSize, 8) << "the focus never left the edit";
     EXPECT_EQ(Narrow(TextIn(list_.Entries[1].Name)), "Alpha");
 }
@@ -111,7 +113,6 @@ TEST_F(EditorCommands, ChangedSettingsAreOverwrittenOnlyOnYes) {
     ExpectMessages({kOverwrite, kOverwrite});
     EXPECT_EQ(Stored().Entries[3].PointSize, 48);
     EXPECT_EQ(list_.Selected, 3);
-    EXPECT_EQ(list_.NoneSelected, 0u);
 }
 
 TEST_F(EditorCommands, ARenamedEntryIsStoredInItsPlaceWithoutAQuestion) {
@@ -187,7 +188,6 @@ TEST_F(EditorCommands, ARefusedEntryIsStillBeingAdded) {
                   user_.TypeText(IDC_NAME, TEXT("Tango"));
                   user_.Click(IDOK);
                   EXPECT_EQ(AddingNew, 1u);
-                  EXPECT_FALSE(IsEnabled(IDC_WATERMARK_LIST));
                   user_.PressKey(VK_ESCAPE);
               }),
               0);
@@ -251,20 +251,24 @@ TEST_F(EditorCommands, ADeletionShowsTheEntryBeforeAndEscapeTakesItBack) {
     EXPECT_EQ(Stored().Count, 0);
 }
 
-TEST_F(EditorCommands, ADeletionIsStoredAndLaterEntriesAreNotAskedAbout) {
+TEST_F(EditorCommands, ADeletionIsStoredWithoutUnusedEntriesAndLaterOnesAreNotAskedAbout) {
+    list_.Entries[1].InUse = list_.Entries[3].InUse = 0;
     list_.Orientation = 2;
+    list_.Selected = 2;
     user_.WillAnswer({IDOK});
     EXPECT_EQ(Edit([this] {
                   user_.Click(IDC_DELETE);
-                  user_.Choose(IDC_WATERMARK_LIST, TEXT("Echo"));
+                  EXPECT_EQ(Send(IDC_WATERMARK_LIST, CB_GETCOUNT), 2);
+                  EXPECT_EQ(TextOf(IDC_WATERMARK_LIST), TextOf(IDC_NAME));
+                  user_.Choose(IDC_WATERMARK_LIST, TEXT("Foxtrot"));
                   user_.TypeText(IDC_POINT_SIZE, TEXT("20"));
                   user_.Click(IDOK);
               }),
               1);
     ExpectMessages({kConfirmDelete});
-    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Delta Echo Foxtrot");
-    EXPECT_EQ(Stored().Entries[2].PointSize, 20);
-    EXPECT_EQ(Stored().Selected, 2);
+    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Foxtrot");
+    EXPECT_EQ(Stored().Entries[1].PointSize, 20);
+    EXPECT_EQ(Stored().Selected, 1);
     EXPECT_EQ(Stored().Orientation, 0u);
 }
 

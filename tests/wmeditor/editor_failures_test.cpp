@@ -4,6 +4,7 @@
 #include <map>
 
 #include "platform/testing/failure_points.h"
+#include "platform/testing/user.h"
 #include "tests/wmeditor/editor_fixture.h"
 
 namespace oemui {
@@ -95,7 +96,31 @@ TEST_F(EditorFailures, AValueThatCannotBeWrittenIsTold) {
     EXPECT_EQ(Edit([this] { user_.Click(IDOK); }), 1);
     ASSERT_EQ(user_.Messages().size(), 1u);
     EXPECT_EQ(user_.Messages()[0].text, "Failed to set data in registry.");
-    EXPECT_EQ(user_.Messages()[0].caption, "Error");
+}
+
+TEST_F(EditorFailures, AnEditorClosedUnderAQuestionStoresNothing) {
+    struct ClosingUser : platform::User {
+        int AnswerMessageBox(const platform::MessageBoxRequest& request) override {
+            platform::hands::Close(dialog);
+            return request.type == MB_YESNO ? IDYES : IDOK;
+        }
+        void WorkInDialog(HWND window) override {
+            dialog = window;
+            platform::hands::TypeText(dialog, IDC_POINT_SIZE, u"20");
+            for (const int button : buttons) platform::hands::Click(dialog, button);
+        }
+        void ReadHelp(const platform::HelpRequest&) override {}
+        HWND dialog = nullptr;
+        std::vector<int> buttons;
+    } closing;
+    const platform::UserScope scope(closing);
+    for (const auto& buttons :
+         std::vector<std::vector<int>>{{IDOK}, {IDC_NEW, IDOK}, {IDC_DELETE}}) {
+        closing.buttons = buttons;
+        EXPECT_EQ(Edit({}), 0) << buttons.front();
+        EXPECT_EQ(Stored().Count, 0);
+        EXPECT_EQ(Narrow(NamesIn(WorkingWatermarkList)), Narrow(NamesIn(list_)));
+    }
 }
 
 TEST_F(EditorFailures, HelpIsReadInTheModelsFile) {

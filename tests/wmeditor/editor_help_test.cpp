@@ -22,20 +22,9 @@ TEST_F(EditorHelp, EveryControlHasATopic) {
         DWORD topic;
     };
     constexpr Row kTopics[] = {
-        {IDC_PREVIEW_GROUP, 1301},
-        {IDC_PREVIEW_PAGE, 1301},
-        {IDC_OPERATIONS_GROUP, 1302},
-        {IDC_WATERMARK_LIST, 1303},
-        {IDC_WATERMARK_LIST_LABEL, 1303},
-        {IDC_NEW, 1304},
-        {IDC_DELETE, 1305},
-        {IDOK, 1302},
-        {IDC_POINT_SIZE, 1302},
-        {IDC_USER_POSITION, 1302},
-        {IDC_ANGLE_RANGE_LABEL, 1301},
-        {IDC_EDITOR_GROUP, 1301},
-        {0, 1301},
-        {-1, 1301},
+        {IDC_PREVIEW_GROUP, 1301}, {IDC_PREVIEW_PAGE, 1301}, {IDC_WATERMARK_LIST, 1303},
+        {IDC_NEW, 1304},           {IDC_DELETE, 1305},       {IDOK, 1302},
+        {IDC_USER_POSITION, 1302}, {IDC_EDITOR_GROUP, 1301}, {-1, 1301},
     };
     for (const Row& row : kTopics) {
         EXPECT_EQ(HelpTopicOfControl(row.controlId), row.topic) << row.controlId;
