@@ -59,4 +59,14 @@ inline UniquePrinter OpenPrinterFor(LPCWSTR name, DWORD access) {
     return printer;
 }
 
+/// Opens a key below the local machine's root for everything; empty when the registry refuses.
+inline UniqueKey OpenMachineKey(LPCWSTR path) {
+    UniqueKey key;
+    if (::RegOpenKeyExW(HKEY_LOCAL_MACHINE, path, 0, KEY_ALL_ACCESS, key.Receive()) !=
+        ERROR_SUCCESS) {
+        return {};
+    }
+    return key;
+}
+
 }  // namespace oemui

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "common/file_name.h"
+
 namespace oemui {
 namespace {
 
@@ -42,10 +44,7 @@ struct SplitName {
 };
 
 SplitName SplitFileName(TextView path) {
-    TextView name = path.substr(path.find_last_of(TEXT("\\/")) + 1);
-    if (name.size() == path.size() && name.size() > 1 && name[1] == TEXT(':')) {
-        name.remove_prefix(2);
-    }
+    const TextView name = FileNameOf(path);
     const std::size_t dot = std::min(name.rfind(TEXT('.')), name.size());
     return {name.substr(0, dot), name.substr(dot)};
 }

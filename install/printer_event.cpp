@@ -6,8 +6,10 @@
 #include <memory>
 #include <new>
 
+#include "common/file_name.h"
 #include "common/join_text.h"
 #include "common/oem_driver_interface.h"
+#include "common/printer_info.h"
 #include "common/unique_handle.h"
 #include "frame/model_identity.h"
 #include "install/uninstaller_setting.h"
@@ -40,15 +42,6 @@ void ReduceToShortName(PWSTR printerName) {
     printerName[shortName.size()] = 0;
 }
 
-UniqueKey OpenKey(LPCWSTR path) {
-    UniqueKey key;
-    if (::RegOpenKeyExW(HKEY_LOCAL_MACHINE, path, 0, KEY_ALL_ACCESS, key.Receive()) !=
-        ERROR_SUCCESS) {
-        return {};
-    }
-    return key;
-}
-
 StoredValue ReadValue(HKEY key, LPCWSTR name) {
     StoredValue value;
     if (::RegQueryValueExW(key, name, nullptr, &value.Type, nullptr, &value.Size) !=
@@ -63,11 +56,6 @@ StoredValue ReadValue(HKEY key, LPCWSTR name) {
         return {};
     }
     return value;
-}
-
-/// The last part of a path: name and extension without drive and directory.
-TextView FileNameOf(TextView path) {
-    return path.substr(path.find_last_of(TEXT("\\/:")) + 1);
 }
 
 /// The next text of a list, with `*rest` moved behind its terminator.
@@ -93,26 +81,17 @@ void InstallPrintProcessor(LPCWSTR shortName) {
     AssignPrintProcessor(shortName, processor);
 }
 
-/// The size of a printer's record in bytes; 0 when the spooler does not tell it.
-DWORD PrinterInfoSize(HANDLE printer) {
-    DWORD needed = 0;
-    if (!::GetPrinterW(printer, 2, nullptr, 0, &needed) &&
-        ::GetLastError() != ERROR_INSUFFICIENT_BUFFER) {
-        return 0;
-    }
-    return needed;
-}
-
 }  // namespace
 
 HRESULT HandlePrinterEvent(PWSTR printerName, INT event) {
-    if (event != PRINTER_EVENT_INITIALIZE || printerName == nullptr) return E_NOTIMPL;
+    if (event != PRINTER_EVENT_INITIALIZE) return E_NOTIMPL;
     const UINT setting = ::GetPrivateProfileIntW(TEXT("EAIDCData"), kSettingName, kDefaultSetting,
                                                  Model().SettingsFile);
-    ReduceToShortName(printerName);
-    SetPrinterDriverDataValue(printerName, setting);
+    if (printerName != nullptr) ReduceToShortName(printerName);
+    const LPCWSTR shortName = printerName == nullptr ? TEXT("") : printerName;
+    SetPrinterDriverDataValue(shortName, setting);
     KeepUninstallerFromDeletion(UninstallerSetting().Executable);
-    InstallPrintProcessor(printerName);
+    InstallPrintProcessor(shortName);
     return E_NOTIMPL;
 }
 
@@ -124,7 +103,7 @@ bool SetPrinterDriverDataValue(LPCWSTR shortName, DWORD number) {
                          TEXT("\\PrinterDriverData")})) {
         return false;
     }
-    const UniqueKey key = OpenKey(path);
+    const UniqueKey key = OpenMachineKey(path);
     return key &&
            ::RegSetValueExW(key.Get(), kSettingName, 0, REG_DWORD,
                             reinterpret_cast<const BYTE*>(&number), sizeof number) == ERROR_SUCCESS;
@@ -166,11 +145,12 @@ bool IsPrintProcessorInstalled(LPCWSTR processorName) {
     DWORD count = 0;
     ::EnumPrintProcessorsW(nullptr, nullptr, 1, nullptr, 0, &needed, &count);
     if (needed == 0) return false;
-    const std::unique_ptr<BYTE[]> list(new (std::nothrow) BYTE[needed]);
-    if (!list ||
-        !::EnumPrintProcessorsW(nullptr, nullptr, 1, list.get(), needed, &needed, &count)) {
+    const DWORD size = needed;
+    const std::unique_ptr<BYTE[]> list(new (std::nothrow) BYTE[size]);
+    if (!list || !::EnumPrintProcessorsW(nullptr, nullptr, 1, list.get(), size, &needed, &count)) {
         return false;
     }
+    if (count > size / sizeof(PRINTPROCESSOR_INFO_1W)) return false;
     const auto* first = reinterpret_cast<const PRINTPROCESSOR_INFO_1W*>(list.get());
     return std::any_of(first, first + count, [processorName](const PRINTPROCESSOR_INFO_1W& entry) {
         return entry.pName != nullptr && EqualIgnoringAsciiCase(entry.pName, processorName);
@@ -183,16 +163,13 @@ void AssignPrintProcessor(LPCWSTR shortName, LPCWSTR processorName) {
     const UniquePrinter printer =
         OpenPrinterFor(shortName, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
     if (!printer) return;
-    DWORD size = PrinterInfoSize(printer.Get());
-    if (size < sizeof(PRINTER_INFO_2W)) return;
-    const std::unique_ptr<BYTE[]> buffer(new (std::nothrow) BYTE[size]);
-    if (!buffer || !::GetPrinterW(printer.Get(), 2, buffer.get(), size, &size)) return;
-    auto* info = reinterpret_cast<PRINTER_INFO_2W*>(buffer.get());
+    const PrinterInfo info = PrinterInfo::Read(printer.Get());
+    if (!info) return;
     if (info->pPrintProcessor != nullptr && TextView(info->pPrintProcessor) == processorName)
         return;
     // The record's text is not const in the platform's declaration, but only read.
     if (*processorName != 0) info->pPrintProcessor = const_cast<LPWSTR>(processorName);
-    ::SetPrinterW(printer.Get(), 2, buffer.get(), 0);
+    ::SetPrinterW(printer.Get(), 2, info.Bytes(), 0);
 }
 
 }  // namespace oemui

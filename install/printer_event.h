@@ -13,7 +13,7 @@ namespace oemui {
 /// driver data, keeps the uninstaller from a pending deletion, installs and assigns the print
 /// processor. A step that fails is skipped; doing it again changes nothing more. Spooler's thread.
 /// \param printerName  shortened in place: the buffer begins with the bare printer name afterwards,
-///                     without server and port list.
+///                     without server and port list. Null does what needs no name.
 /// \return E_NOTIMPL always.
 HRESULT HandlePrinterEvent(PWSTR printerName, INT event);
 

@@ -68,11 +68,15 @@ bool SendToPrinter(PrinterLink* link, const char* bytes, DWORD length, DWORD* se
     return true;
 }
 
-bool ReceiveFromPrinter(PrinterLink* link, char* buffer, DWORD size, DWORD* received) {
+bool ReceiveFromPrinter(PrinterLink* link, char* buffer, DWORD size, DWORD* received,
+                        int* lastError) {
     *received = 0;
     if (link->Found == 0) return true;
     const int count = ::recv(link->Socket, buffer, static_cast<int>(size), 0);
-    if (count == SOCKET_ERROR) return ::WSAGetLastError() == WSAEWOULDBLOCK;
+    if (count == SOCKET_ERROR) {
+        *lastError = ::WSAGetLastError();
+        return *lastError == WSAEWOULDBLOCK;
+    }
     *received = static_cast<DWORD>(count);
     return count > 0;
 }

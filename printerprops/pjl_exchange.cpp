@@ -49,7 +49,7 @@ public:
     Connection& operator=(const Connection&) = delete;
     ~Connection() {
         if (!isOpen_ || ClosePrinterConnection(link_)) return;
-        // The socket would not turn blocking again; the exchange leaves it open all the less.
+        // A socket that does not turn blocking again stays open; nobody uses it after this.
         ::closesocket(link_->Socket);
         link_->Socket = INVALID_SOCKET;
     }
@@ -95,29 +95,37 @@ bool BuildMessage(std::string_view text, Message* message) {
     return true;
 }
 
-bool ReadAtOnce(PrinterLink* link, const ReplyBuffer& reply) {
-    for (int attempt = 0; attempt < kReceiveAttempts; ++attempt) {
-        if (ReceiveFromPrinter(link, reply.Bytes, reply.Size, reply.Length)) return true;
-    }
-    return false;
+/// The end of all attempts: a printer that had nothing to say when receiving last failed counts as
+/// one that answered nothing, even when it has hung up since.
+bool EndWithoutReply(int receiveError, const ReplyBuffer& reply) {
+    if (receiveError != WSAEWOULDBLOCK) return false;
+    *reply.Length = 0;
+    return true;
 }
 
-/// Polls until a form feed has arrived. A printer that has stopped talking but is still connected
-/// counts as one that answered nothing.
+bool ReadAtOnce(PrinterLink* link, const ReplyBuffer& reply) {
+    int receiveError = 0;
+    for (int attempt = 0; attempt < kReceiveAttempts; ++attempt) {
+        if (ReceiveFromPrinter(link, reply.Bytes, reply.Size, reply.Length, &receiveError)) {
+            return true;
+        }
+    }
+    return EndWithoutReply(receiveError, reply);
+}
+
+/// Polls until a form feed has arrived.
 bool PollReply(PrinterLink* link, const ReplyBuffer& reply) {
-    bool isWaiting = false;
+    int receiveError = 0;
     ::Sleep(kPollMilliseconds);
     for (int poll = 0; poll < kReceiveAttempts; ++poll) {
         char* piece = reply.Bytes + *reply.Length;
         DWORD received = 0;
-        const bool isAlive = ReceiveFromPrinter(link, piece, reply.Size - *reply.Length, &received);
+        ReceiveFromPrinter(link, piece, reply.Size - *reply.Length, &received, &receiveError);
         *reply.Length += received;
         if (std::find(piece, piece + received, kFormFeed) != piece + received) return true;
-        isWaiting = isAlive && (isWaiting || received == 0);
         ::Sleep(kPollMilliseconds);
     }
-    if (isWaiting) *reply.Length = 0;
-    return isWaiting;
+    return EndWithoutReply(receiveError, reply);
 }
 
 bool SubstituteReply(const ReplyBuffer& reply) {

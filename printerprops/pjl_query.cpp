@@ -3,7 +3,6 @@
 #include <winspool.h>
 
 #include <algorithm>
-#include <array>
 
 #include "common/unique_handle.h"
 #include "printerprops/pjl_exchange.h"
@@ -17,38 +16,10 @@ namespace {
 constexpr LPCWSTR kConfigQuestion = TEXT("#GET#\n@PJL INFO CONFIG");
 constexpr LPCWSTR kDeviceStatusQuestion = TEXT("#GET#\n@PJL INFO DSTATUS");
 
-/// A text to look for and, for every byte at the end of a place where it is not, how far the next
-/// place is: most of a reply is never looked at, and the page waits for it.
-class Needle {
-public:
-    constexpr explicit Needle(std::string_view text) : text_(text), steps_{} {
-        steps_.fill(static_cast<unsigned char>(text.size()));
-        for (std::size_t i = 0; i + 1 < text.size(); ++i) {
-            steps_[static_cast<unsigned char>(text[i])] =
-                static_cast<unsigned char>(text.size() - 1 - i);
-        }
-    }
-
-    /// The first place at which the text stands; npos when it is nowhere.
-    std::size_t FindIn(std::string_view reply) const {
-        std::size_t place = 0;
-        while (place + text_.size() <= reply.size()) {
-            const char last = reply[place + text_.size() - 1];
-            if (last == text_.back() && reply.substr(place, text_.size()) == text_) return place;
-            place += steps_[static_cast<unsigned char>(last)];
-        }
-        return std::string_view::npos;
-    }
-
-private:
-    std::string_view text_;
-    std::array<unsigned char, 256> steps_;
-};
-
-constexpr Needle kEcho("@PJL INFO CONFIG");
-constexpr Needle kTray2("TRAY2=INSTALLED");
-constexpr Needle kTray3("TRAY3=INSTALLED");
-constexpr Needle kDuplex("DUPLEX=INSTALLED");
+constexpr std::string_view kEcho = "@PJL INFO CONFIG";
+constexpr std::string_view kTray2 = "TRAY2=INSTALLED";
+constexpr std::string_view kTray3 = "TRAY3=INSTALLED";
+constexpr std::string_view kDuplex = "DUPLEX=INSTALLED";
 
 /// What a printer sent.
 struct Reply {
@@ -85,6 +56,8 @@ bool AskDirectly(PrinterLink* link, Reply* reply) {
 /// Asks through the spooler. The device status only shows that the monitor answers at all.
 /// \param reply  empty when the monitor answers but refuses the configuration.
 bool AskThroughSpooler(LPCWSTR printerName, Reply* reply) {
+    // Without a name the print server would be opened.
+    if (printerName == nullptr || *printerName == 0) return false;
     const UniquePrinter printer = OpenPrinterFor(printerName, PRINTER_ALL_ACCESS);
     if (!printer) return false;
     // Only this family's monitors have to be told before they can be asked.
@@ -114,13 +87,13 @@ bool QueryInstalledOptions(LPCWSTR printerName, PrinterLink link, UINT32* tray2S
 bool ParseInstalledOptions(std::string_view reply, UINT32* tray2Sel, UINT32* tray3Sel,
                            UINT32* duplexSel) {
     const std::string_view text = reply.substr(0, reply.find('\0'));
-    const std::size_t echo = kEcho.FindIn(text);
+    const std::size_t echo = text.find(kEcho);
     if (echo == std::string_view::npos) return false;
     const std::size_t formFeed = text.find('\f', echo);
     if (formFeed == std::string_view::npos) return false;
     const std::string_view configuration = text.substr(echo, formFeed - echo);
-    const auto selection = [configuration](const Needle& option) -> UINT32 {
-        return option.FindIn(configuration) == std::string_view::npos ? 1 : 0;
+    const auto selection = [configuration](std::string_view option) -> UINT32 {
+        return configuration.find(option) == std::string_view::npos ? 1 : 0;
     };
     *tray2Sel = selection(kTray2);
     *tray3Sel = selection(kTray3);

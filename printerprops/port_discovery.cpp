@@ -1,11 +1,7 @@
 #include "printerprops/port_discovery.h"
 
-#include <winspool.h>
-
-#include <memory>
-#include <new>
-
 #include "common/join_text.h"
+#include "common/printer_info.h"
 #include "common/unique_handle.h"
 #include "frame/model_identity.h"
 #include "printerprops/socket_library.h"
@@ -41,16 +37,6 @@ constexpr MonitorPlace kStandardMonitor = {TEXT("Standard TCP/IP Port"), TEXT("I
 constexpr MonitorPlace kLprMonitor = {TEXT("LPR Port"), TEXT("Server Name"), nullptr, PortKindLpr};
 constexpr MonitorPlace kRegalMonitor = {TEXT("Regal Port+"), TEXT("IPAddress"), nullptr,
                                         PortKindRegal};
-
-/// The spooler's record of a printer with its texts behind it; null when the spooler gives none.
-std::unique_ptr<BYTE[]> ReadPrinterInfo(HANDLE printer) {
-    DWORD needed = 0;
-    ::GetPrinterW(printer, 2, nullptr, 0, &needed);
-    if (needed < sizeof(PRINTER_INFO_2W)) return nullptr;
-    std::unique_ptr<BYTE[]> info(new (std::nothrow) BYTE[needed]);
-    if (!info || !::GetPrinterW(printer, 2, info.get(), needed, &needed)) return nullptr;
-    return info;
-}
 
 bool IsDigit(WCHAR character) {
     return character >= TEXT('0') && character <= TEXT('9');
@@ -125,24 +111,16 @@ void ClassifyIpp(TextView port, PrinterLink* link) {
     TakeHost(host, PortKindIpp, link);
 }
 
-UniqueKey OpenKey(LPCWSTR path) {
-    UniqueKey key;
-    if (::RegOpenKeyExW(HKEY_LOCAL_MACHINE, path, 0, KEY_ALL_ACCESS, key.Receive()) !=
-        ERROR_SUCCESS) {
-        return {};
-    }
-    return key;
-}
-
 /// Whether one of the key's sub-keys is named exactly so; the registry itself ignores case.
 bool HasSubkey(HKEY key, TextView wanted) {
     WCHAR name[kKeyNameCapacity];
     for (DWORD index = 0;; ++index) {
         DWORD length = kKeyNameCapacity;
-        if (::RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
-            ERROR_SUCCESS) {
-            return false;
-        }
+        const LSTATUS status =
+            ::RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr);
+        // A name that does not fit its buffer is none that is looked for.
+        if (status == ERROR_MORE_DATA) continue;
+        if (status != ERROR_SUCCESS) return false;
         if (TextView(name, length) == wanted) return true;
     }
 }
@@ -186,8 +164,7 @@ bool DiscoverPrinterPort(HANDLE printer, PrinterLink* link) {
     PrinterLink found = {};
     bool isReachable = false;
     bool isBidirectional = false;
-    if (const std::unique_ptr<BYTE[]> buffer = ReadPrinterInfo(printer)) {
-        const auto* info = reinterpret_cast<const PRINTER_INFO_2W*>(buffer.get());
+    if (const PrinterInfo info = PrinterInfo::Read(printer)) {
         isBidirectional = (info->Attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0;
         if (info->pPortName != nullptr) isReachable = ReachPort(info->pPortName, &found);
     }
@@ -230,11 +207,11 @@ OSVERSIONINFOW PlatformVersion() {
 
 bool FindPortInMonitor(LPCWSTR portName, LPCWSTR portsKey, LPCWSTR valueName, LPCWSTR fallbackValue,
                        PrinterLink* link) {
-    const UniqueKey ports = OpenKey(portsKey);
+    const UniqueKey ports = OpenMachineKey(portsKey);
     if (!ports || !HasSubkey(ports.Get(), portName)) return false;
     WCHAR portKey[kPathCapacity];
     if (!JoinText(portKey, {portsKey, TEXT("\\"), portName})) return false;
-    const UniqueKey port = OpenKey(portKey);
+    const UniqueKey port = OpenMachineKey(portKey);
     if (!port) return false;
     if (ResolveSetting(port.Get(), valueName, &link->Address)) return true;
     return fallbackValue != nullptr && ResolveSetting(port.Get(), fallbackValue, &link->Address);

@@ -110,6 +110,7 @@ HRESULT BuildPrinterItems(DWORD /*mode*/, POEMCUIPPARAM params) {
 }
 
 LONG APIENTRY PrinterPropertyCallback(PCPSUICBPARAM callback, POEMCUIPPARAM params) {
+    if (callback == nullptr || params == nullptr) return CPSUICB_ACTION_NONE;
     switch (callback->Reason) {
         case CPSUICB_REASON_SEL_CHANGED:
             SelectionChanged(callback, params);
@@ -173,7 +174,7 @@ bool AutoConfigure(POEMCUIPPARAM params, const PrinterLink& link, bool* changed)
 
 int FindDriverItemByName(POEMCUIPPARAM params, UINT nameId, UINT firstOptionId) {
     const SearchText name(*params, nameId);
-    if (!name) return -1;
+    if (!name || params->pDrvOptItems == nullptr) return -1;
     const SearchText firstOption(*params, firstOptionId);
     for (DWORD index = 0; index < params->cDrvOptItems; ++index) {
         const OPTITEM& item = params->pDrvOptItems[index];

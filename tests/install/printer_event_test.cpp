@@ -39,6 +39,8 @@ TEST(PendingOperations, OnlyDeletionsOfTheUninstallerAreSpoilt) {
         {"C:\\UNINST.EXE", nullptr},
         {"C:\\UNINST.EXE.BAK||C:\\XUNINST.EXE|||", nullptr},
         {"C:\\UNINST.EXE\\a|||", nullptr},
+        {"C:\\a:UNINST.EXE|||", nullptr},
+        {"ab:UNINST.EXE|||", nullptr},
         {"", nullptr},
     };
     for (const auto& row : rows) {

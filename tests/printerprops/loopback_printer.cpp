@@ -44,6 +44,8 @@ std::string BindSomewhere(Descriptor socket) {
 
 }  // namespace
 
+const LoopbackPrinter::Pieces LoopbackPrinter::kHangsUp = {"hangs up"};
+
 LoopbackPrinter::LoopbackPrinter(std::vector<Pieces> answers) : answers_(std::move(answers)) {
 #ifdef _WIN32
     WSADATA details;
@@ -80,6 +82,7 @@ void LoopbackPrinter::Play() {
 
 void LoopbackPrinter::PlayConnection(std::uintptr_t connection, const Pieces& pieces) {
     const auto socket = static_cast<Descriptor>(connection);
+    if (pieces == kHangsUp) shutdown(socket, 1);
     std::string message;
     char bytes[4096];
     for (auto count = recv(socket, bytes, sizeof bytes, 0); count > 0;

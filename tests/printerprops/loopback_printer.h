@@ -14,6 +14,9 @@ public:
     /// What is sent on one connection after a whole message has come, with pauses in between.
     using Pieces = std::vector<std::string>;
 
+    /// In the place of pieces: the printer says nothing and hangs up at once.
+    static const Pieces kHangsUp;
+
     /// \param answers  one per connection; empty for an address on which nobody listens.
     explicit LoopbackPrinter(std::vector<Pieces> answers);
     ~LoopbackPrinter();

@@ -89,22 +89,24 @@ TEST_F(PjlQuery, ReceivingNeverPassesItsBufferAndEndsWithTheConnection) {
     PrinterLink link;
     char reply[9] = {};
     DWORD count = 99;
+    int error = 0;
     {
         LoopbackPrinter printer({{"0123456789"}});
         link = LinkTo(printer.Address());
         ASSERT_TRUE(OpenPrinterConnection(&link));
-        EXPECT_TRUE(ReceiveFromPrinter(&link, reply, 8, &count) && count == 0);
+        EXPECT_TRUE(ReceiveFromPrinter(&link, reply, 8, &count, &error) && count == 0);
+        EXPECT_EQ(error, WSAEWOULDBLOCK);
         EXPECT_TRUE(SendToPrinter(&link, (kExitLanguage + kExitLanguage).data(), 18, &count));
         EXPECT_EQ(count, 18u);
         for (int i = 0; i < 1000 && reply[0] == 0; ++i) {
             ::Sleep(1);
-            EXPECT_TRUE(ReceiveFromPrinter(&link, reply, 8, &count));
+            EXPECT_TRUE(ReceiveFromPrinter(&link, reply, 8, &count, &error));
         }
         EXPECT_EQ(std::string(reply), "01234567");
         EXPECT_TRUE(ClosePrinterConnection(&link));
         EXPECT_EQ(link.Socket, INVALID_SOCKET);
     }
-    EXPECT_FALSE(ReceiveFromPrinter(&link, reply, 8, &count));
+    EXPECT_FALSE(ReceiveFromPrinter(&link, reply, 8, &count, &error));
     EXPECT_EQ(count, 0u);
 }
 

@@ -151,6 +151,17 @@ TEST_F(PortDiscovery, NamesThatDoNotFitTheirBuffersMatchNothing) {
     sockaddr_in address = {};
     EXPECT_TRUE(ResolveHost(digits.substr(0, 259).c_str(), &address));
     EXPECT_FALSE(ResolveHost(digits.substr(0, 260).c_str(), &address));
+    // Names that have to be looked up: the longest that fits, and one more.
+    for (const std::size_t length : {259u, 260u}) {
+        Text host(length, TEXT('n'));
+        EXPECT_FALSE(ResolveHost(host.c_str(), &address));
+        tests::WriteRegistryText(kRegalPorts + TEXT("\\Long"), TEXT("IPAddress"), host);
+        for (const Text& port : {TEXT("\\\\") + host + TEXT("\\SMB_PRI1"),
+                                 TEXT("http://") + host + TEXT("/ipp"), Text(TEXT("Long"))}) {
+            const PrinterLink link = Classify(port, PlatformFamily::kNeither);
+            EXPECT_TRUE(link.Found == 0 && link.Kind == PortKindNone) << length;
+        }
+    }
     EXPECT_FALSE(ResolveHost(TEXT(""), &address));
     EXPECT_FALSE(ResolveHost(nullptr, &address));
 
@@ -162,7 +173,7 @@ TEST_F(PortDiscovery, NamesThatDoNotFitTheirBuffersMatchNothing) {
         tests::WriteRegistryText(key, TEXT("IPAddress"), TEXT("1.1"));
         EXPECT_EQ(Classify(port, PlatformFamily::kNt).Found, length == room ? 1u : 0u);
     }
-    for (std::size_t length = 1; length <= 300; ++length) {
+    for (const std::size_t length : {1u, 259u, 260u, 300u}) {
         const UINT32 expected = length <= 259 ? 1 : 0;
         Text share(length, TEXT('1'));
         Text ipp = share;

@@ -100,6 +100,12 @@ TEST_F(PrinterItems, OtherReasonsAndMissingItemsChangeNothing) {
     PrinterPage page(nullptr);
     EXPECT_EQ(page.Report(CPSUICB_REASON_APPLYNOW), CPSUICB_ACTION_ITEMS_APPLIED);
     EXPECT_EQ(page.Report(CPSUICB_REASON_EXTPUSH), CPSUICB_ACTION_NONE);
+    EXPECT_EQ(PrinterPropertyCallback(nullptr, &page.params), CPSUICB_ACTION_NONE);
+    CPSUICBPARAM report = {};
+    EXPECT_EQ(PrinterPropertyCallback(&report, nullptr), CPSUICB_ACTION_NONE);
+    page.params.pDrvOptItems = nullptr;
+    EXPECT_EQ(page.Report(CPSUICB_REASON_SETACTIVE), CPSUICB_ACTION_REINIT_ITEMS);
+    page.params.pDrvOptItems = page.items.data();
     page.params.cDrvOptItems = kSwitch;
     EXPECT_EQ(page.Report(CPSUICB_REASON_SETACTIVE), CPSUICB_ACTION_REINIT_ITEMS);
     EXPECT_EQ(page.Flags(), (FourFlags{kHidden, kHidden, kHidden, kHidden}));

@@ -1,0 +1,12 @@
+#include "common/file_name.h"
+
+namespace oemui {
+
+TextView FileNameOf(TextView path) {
+    const std::size_t slash = path.find_last_of(TEXT("\\/"));
+    if (slash != TextView::npos) return path.substr(slash + 1);
+    const bool hasDrive = path.size() > 1 && path[1] == TEXT(':');
+    return path.substr(hasDrive ? 2 : 0);
+}
+
+}  // namespace oemui
