@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <winbase.h>
@@ -55,17 +56,16 @@ bool IsFile(const fs::path& file) {
     return fs::is_regular_file(file, error);
 }
 
-// The file that one spelling names: a name with a drive as it stands, any other below the folders
-// in which the platform looks for programs.
+// The file that one spelling names: a path on the machine's own drive as it stands, a name without
+// a drive below the machine's folders for programs. Programs from outside are never started.
 fs::path FindSpelling(std::u16string_view name) {
     if (name.find(u':') != std::u16string_view::npos) {
-        fs::path file = platform::HostPath(name);
+        const bool isInside = name.starts_with(u"C:") || name.starts_with(u"c:");
+        fs::path file = isInside ? platform::HostPath(name) : fs::path{};
         return IsFile(file) ? file : fs::path{};
     }
-    std::error_code error;
     const fs::path windows = platform::MachineFolder() / "Windows";
-    for (const fs::path& folder : {platform::ProgramFile().parent_path(), fs::current_path(error),
-                                   windows / "System32", windows, platform::DriverFolder()}) {
+    for (const fs::path& folder : {windows / "System32", windows, platform::DriverFolder()}) {
         fs::path file = platform::ResolveIgnoringCase(folder, name);
         if (IsFile(file)) return file;
     }
@@ -161,15 +161,19 @@ DWORD ErrorFromErrno(int error) {
     }
 }
 
-// The machine's log, opened for appending, with the command line written; below 0 on failure.
-int OpenLog(std::u16string_view commandLine) {
-    const int log = open((platform::MachineFolder() / "machine.log").c_str(),
-                         O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
-    if (log < 0) return -1;
-    const std::string line = platform::Utf8(commandLine) + "\n";
-    if (write(log, line.data(), line.size()) == static_cast<ssize_t>(line.size())) return log;
-    close(log);
-    return -1;
+// The machine's log, opened for appending; below 0 on failure.
+int OpenLog() {
+    return open((platform::MachineFolder() / "machine.log").c_str(),
+                O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
+}
+
+// Takes back what was just written, unless somebody has written behind it.
+void TakeBack(int log, ssize_t written) {
+    struct stat file {};
+    const off_t end = lseek(log, 0, SEEK_CUR);
+    if (written <= 0 || fstat(log, &file) != 0 || file.st_size != end) return;
+    // A log that cannot be shortened has one line too many; the caller has the error all the same.
+    [[maybe_unused]] const int failure = ftruncate(log, end - written);
 }
 
 // What the program starts with: nothing to read, the log to write to, no other file of ours.
@@ -221,11 +225,19 @@ int Spawn(const Command& command, int log, const fs::path& folder, pid_t* id) {
 
 DWORD Start(const Command& command, std::u16string_view commandLine, const fs::path& folder,
             pid_t* id) {
-    const int log = OpenLog(commandLine);
+    const int log = OpenLog();
     if (log < 0) return ERROR_WRITE_FAULT;
-    const int failure = Spawn(command, log, folder, id);
+    // The line stands before what the program writes, but only when the program was started.
+    const std::string line = platform::Utf8(commandLine) + "\n";
+    const ssize_t written = write(log, line.data(), line.size());
+    DWORD error = ERROR_WRITE_FAULT;
+    if (written == static_cast<ssize_t>(line.size())) {
+        const int failure = Spawn(command, log, folder, id);
+        error = failure == 0 ? ERROR_SUCCESS : ErrorFromErrno(failure);
+    }
+    if (error != ERROR_SUCCESS) TakeBack(log, written);
     close(log);
-    return failure == 0 ? ERROR_SUCCESS : ErrorFromErrno(failure);
+    return error;
 }
 
 }  // namespace

@@ -117,8 +117,6 @@ BOOL OpenPrinterW(LPWSTR name, HANDLE* printer, PRINTER_DEFAULTSW* defaults) {
 }
 
 BOOL ClosePrinter(HANDLE printer) {
-    DWORD error = 0;
-    if (platform::MustFail("ClosePrinter", &error)) return Answer(error);
     return Answer(spooler::RemoveHandle(printer) ? ERROR_SUCCESS : ERROR_INVALID_HANDLE);
 }
 

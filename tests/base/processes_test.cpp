@@ -64,6 +64,9 @@ TEST_F(ProcessTest, FoundAsThePlatformFindsPrograms) {
         {u"\"C:\\Program Files\\Sub Dir\\tool\" 1", "Tool.exe|1|"},
         {u"C:\\Program Files\\Sub Dir\\tool 1 2", "Tool.exe|1|2|"},
         {u"missing.exe", "error 2"},
+        {u"Z:\\bin\\true", "error 2"},
+        {u"C:\\..\\..\\..\\..\\bin\\true", "error 2"},
+        {u"base_tests", "error 2"},  // in this program's own folder
         {u"\"UNINST.EXE x", "error 2"},
         {u"", "error 2"},
     };
@@ -90,6 +93,9 @@ TEST_F(ProcessTest, NothingThatCannotRunIsStarted) {
     EXPECT_EQ(Start(u"text.exe"), "error 193");
     EXPECT_EQ(Start(u"locked.exe"), "error 193");
     EXPECT_EQ(Start(u"folder.exe"), "error 2");
+    fs::permissions(WriteFile("Windows/ALONE.EXE", "#!/no/such/interpreter\n"),
+                    fs::perms::owner_all);
+    EXPECT_EQ(Start(u"alone.exe"), "error 2");
     const platform::FailurePlan plan("CreateProcessW", 1, ERROR_ACCESS_DENIED);
     EXPECT_EQ(Start(u"text.exe"), "error 5");
     EXPECT_EQ(ReadFile("machine.log"), "");
