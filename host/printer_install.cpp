@@ -117,6 +117,16 @@ void CheckName(const std::string& name, const std::string& shortName) {
     }
 }
 
+// Asked before anything is written: a refused installation leaves the machine as it was.
+void CheckIsNew(const std::string& name, std::u16string shortName) {
+    HANDLE handle = nullptr;
+    const BOOL isOpen = ::OpenPrinterW(shortName.data(), &handle, nullptr);
+    const PrinterHandle existing(handle);
+    if (!isOpen && ::GetLastError() == ERROR_INVALID_PRINTER_NAME) return;
+    if (isOpen) ::SetLastError(ERROR_PRINTER_ALREADY_EXISTS);
+    FailWithLastError("printer \"" + name + "\" cannot be installed");
+}
+
 void DeleteOpenPrinter(HANDLE printer, const std::string& name) {
     if (!::DeletePrinter(printer)) FailWithLastError("printer \"" + name + "\" cannot be removed");
 }
@@ -133,12 +143,13 @@ PackageSource OwnPackageSource() {
 void InstallPrinter(const InstallRequest& request, const PackageSource& source) {
     const std::string shortName = ShortName(request.name);
     CheckName(request.name, shortName);
+    const std::u16string name = platform::Utf16(shortName);
+    CheckIsNew(request.name, name);
     CopyPackage(*request.model, source);
     CopyStandIns(source);
     PlacePrintProcessor(*request.model);
     RegisterDriver(*request.model);
     RegisterPort(request.port);
-    const std::u16string name = platform::Utf16(shortName);
     const PrinterHandle printer = RegisterPrinter(request, name);
     try {
         const std::unique_ptr<DriverModule> module = LoadPrinterModule(printer.get());

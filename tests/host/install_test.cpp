@@ -1,4 +1,6 @@
 // Installing, listing and removing, as the spooler and a person see it.
+#include <windows.h>
+
 #include <chrono>
 #include <fstream>
 #include <iterator>
@@ -39,6 +41,28 @@ TEST_F(Installation, SendsTheEventForANameWithAServerPart) {
     EXPECT_EQ(printer["driverData"]["EAIDCDisable"], 1);
 }
 
+TEST_F(Installation, KeepsTheUninstallerFromAPendingDeletion) {
+    platform::UseMachine(machine_);
+    std::u16string pending(u"C:\\Windows\\System32\\UNINST.EXE\0\0\0", 33);
+    const auto size = static_cast<DWORD>(pending.size() * sizeof(WCHAR));
+    HKEY key = nullptr;
+    const LPCWSTR path = u"System\\CurrentControlSet\\Control\\Session Manager";
+    const LPCWSTR name = u"PendingFileRenameOperations";
+    ::RegCreateKeyExW(HKEY_LOCAL_MACHINE, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
+                      nullptr);
+    ::RegSetValueExW(key, name, 0, REG_MULTI_SZ, reinterpret_cast<const BYTE*>(pending.data()),
+                     size);
+    Install("Office", "T");
+    DWORD type = 0;
+    DWORD storedSize = size;
+    std::u16string stored(pending.size(), u'#');
+    ::RegQueryValueExW(key, name, nullptr, &type, reinterpret_cast<BYTE*>(stored.data()),
+                       &storedSize);
+    ::RegCloseKey(key);
+    pending.replace(pending.find(u".EXE") + 1, 1, u"_");
+    EXPECT_TRUE(stored == pending && storedSize == size && type == REG_MULTI_SZ);
+}
+
 TEST_F(Installation, RegistersPortsOfEveryKind) {
     const struct {
         std::vector<std::string> options;
@@ -73,7 +97,7 @@ TEST_F(Installation, RefusesWhatCannotBeInstalled) {
         int code;
         const char* message;
     } rows[] = {
-        {{"install", "Office", "--model", "T", "--port", "P"}, 1, "exists"},
+        {{"install", "OFFICE", "--model", "U", "--port", "P"}, 1, "exists"},
         {{"install", "New", "--model", "X", "--port", "P"}, 2, "no model \"X\""},
         {{"install", "a,b", "--model", "T", "--port", "P"}, 2, "no name for a printer"},
         {{"install", "New", "--model", "T", "--port", "P", "--port-kind", "tpcip"},
@@ -96,6 +120,9 @@ TEST_F(Installation, RefusesWhatCannotBeInstalled) {
         EXPECT_NE(result.err.find(row.message), std::string::npos) << result.err;
     }
     EXPECT_EQ(Do({"list", "--json"}).Json().size(), 1u);
+    // Refused before anything was written.
+    EXPECT_FALSE(fs::exists(platform::DriverFolder() / "QVRU__UI.DLL"));
+    EXPECT_FALSE(platform::spooler::FindPortAddress(u"P").has_value());
     source_.packages = machine_ / "nowhere";
     EXPECT_EQ(Run({"install", "New", "--model", "T", "--port", "P"}).code, 1);
 }
@@ -128,8 +155,9 @@ TEST_F(Installation, RemovesPrinterAndDriver) {
     }
     EXPECT_FALSE(fs::exists(module));
     EXPECT_TRUE(fs::exists(module.parent_path() / "QVRU__UI.DLL"));
-    EXPECT_NE(ReadFile(machine_ / "machine.log").find("UNINST.EXE QVRT_UNI.INI "),
-              std::string::npos);
+    const std::string log = ReadFile(machine_ / "machine.log");
+    EXPECT_EQ(log.find("UNINST.EXE QVRT_UNI.INI \n"), 0u) << log;
+    EXPECT_EQ(log.rfind("UNINST.EXE QVRT_UNI.INI \n"), 0u) << log;
     EXPECT_EQ(Run({"uninstall", "--model", "T"}).code, 1);
 }
 

@@ -51,6 +51,7 @@ TEST_F(PrinterPage, FollowsThePrintersAnswerOverBothRoutes) {
         EXPECT_EQ(ItemNamed(page, "Duplex Option (Double-sided)")["selection"], 0);
         EXPECT_EQ(ItemNamed(page, "Tray 2")["enabled"], false);
         EXPECT_EQ(ItemNamed(page, "Tray 3")["enabled"], false);
+        EXPECT_EQ(ItemNamed(page, "Duplex Option (Double-sided)")["enabled"], false);
         const nlohmann::json document = Do({"document", name, "--json"}).Json();
         EXPECT_EQ(ItemNamed(document, "Duplex")["enabled"], true);
         EXPECT_EQ(ChoiceNamed(ItemNamed(document, "Paper Source"), "Tray 3")["stop"], true);
@@ -64,6 +65,20 @@ TEST_F(PrinterPage, FollowsThePrintersAnswerOverBothRoutes) {
     EXPECT_EQ(lines[3], "46 4f 20 43 4f 4e 46 49 47 0d 0a 1b 25 2d 31 32");
     EXPECT_EQ(lines[4], "33 34 35 58");
     EXPECT_EQ(lines[5], "connection 1 closed after 36 bytes");
+}
+
+TEST_F(PrinterPage, KeepsItsOptionsWhenNothingListensOnTheNetworkPort) {
+    Install("Port", "T", "IP_" + PrinterThread::Address(), "on");
+    const nlohmann::json page = Do({"printer", "Port", "--json"}).Json();
+    EXPECT_EQ(ItemNamed(page, "Auto Configure")["selection"], 0);
+    EXPECT_EQ(ItemNamed(page, "Auto Configure")["enabled"], true);
+    for (const char* option : {"Tray 2", "Tray 3", "Duplex Option (Double-sided)"}) {
+        EXPECT_EQ(ItemNamed(page, option)["selection"], 0) << option;
+        EXPECT_EQ(ItemNamed(page, option)["enabled"], false) << option;
+    }
+    const nlohmann::json document = Do({"document", "Port", "--json"}).Json();
+    EXPECT_EQ(ItemNamed(document, "Duplex")["enabled"], true);
+    EXPECT_EQ(ChoiceNamed(ItemNamed(document, "Paper Source"), "Tray 3")["stop"], false);
 }
 
 TEST_F(PrinterPage, DoesNotAskWhileAutomaticConfigurationIsOff) {
