@@ -99,7 +99,7 @@ TEST_F(StoreTest, AnotherProcessSeesWholeValuesAndNewKeys) {
     CloseStore();
     Writer writer([](BYTE fill) {
         const std::u16string path =
-            u"Ports\\" + std::u16string(1, static_cast<WCHAR>(0x100 + fill));
+            u"Ports\\" + std::u16string(1, static_cast<WCHAR>(0x4E00 + fill));
         HKEY port = nullptr;
         HKEY key = nullptr;
         const bool done = RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_READ,
