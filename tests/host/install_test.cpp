@@ -21,7 +21,7 @@ std::string ReadFile(const fs::path& file) {
 }
 
 TEST_F(Installation, ListsThePrinterWithWhatTheEventWrote) {
-    Install("Office", "T", "USB001", "on");
+    Install("\\\\server\\Office", "T", "USB001", "on");
     const nlohmann::json printers = Do({"list", "--json"}).Json();
     ASSERT_EQ(printers.size(), 1u);
     EXPECT_EQ(printers[0]["name"], "Office");
@@ -32,13 +32,6 @@ TEST_F(Installation, ListsThePrinterWithWhatTheEventWrote) {
     EXPECT_EQ(printers[0]["driverData"]["EAIDCDisable"], 1);
     EXPECT_NE(Do({"list"}).out.find("print processor  QVRT__PP"), std::string::npos);
     EXPECT_EQ(Do({"profile", "Office"}).out, "OEMPROFILE.icm (flags 2)\n");
-}
-
-TEST_F(Installation, SendsTheEventForANameWithAServerPart) {
-    Install("\\\\server\\Office Printer", "T");
-    const nlohmann::json printer = Do({"list", "--json"}).Json()[0];
-    EXPECT_EQ(printer["name"], "Office Printer");
-    EXPECT_EQ(printer["driverData"]["EAIDCDisable"], 1);
 }
 
 TEST_F(Installation, KeepsTheUninstallerFromAPendingDeletion) {

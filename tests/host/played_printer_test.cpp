@@ -67,63 +67,33 @@ TEST(PlayedPrinter, AnswersAsAPrinterOfTheFamilyDoes) {
 
 TEST(PlayedPrinter, HasFaultsToOrder) {
     const std::string whole = PjlAnswer("@PJL INFO CONFIG", {});
-    {
+    const auto with = [](auto set) {
         PlayedPrinterOptions options;
-        options.noEcho = options.noFormFeed = true;
-        EXPECT_EQ(PjlAnswer("@PJL INFO CONFIG", options), whole.substr(18, whole.size() - 19));
-    }
-    {
-        PlayedPrinterOptions options;
-        options.lowerCase = options.tray3 = true;
-        const std::string answer = PjlAnswer("@PJL INFO CONFIG", options);
-        EXPECT_EQ(answer.find("@PJL INFO CONFIG\r\n"), 0u);
-        EXPECT_NE(answer.find("tray3=installed"), std::string::npos);
-    }
-    {
-        PlayedPrinterOptions options;
-        options.staleBlockFirst = true;
-        const std::string answer = PjlAnswer("@PJL INFO CONFIG", options);
-        EXPECT_LT(answer.find('\f'), answer.find("@PJL INFO CONFIG"));
-        EXPECT_TRUE(answer.ends_with(whole));
-    }
-    {
-        PlayedPrinterOptions options;
-        options.junk = 1'000'000;
-        const Answer answer = AskPrinter(options);
-        EXPECT_EQ(answer.bytes.size(), whole.size() + 1'000'000);
-        EXPECT_EQ(answer.bytes.find('\f'), answer.bytes.size() - 1);
-    }
-    {
-        PlayedPrinterOptions options;
-        options.resetAfter = 40;
-        const Answer answer = AskPrinter(options);
-        EXPECT_LE(answer.bytes.size(), 40u);
-        EXPECT_TRUE(answer.reset);
-    }
-    {
-        PlayedPrinterOptions options;
-        options.split = 3;
-        const Answer answer = AskPrinter(options);
-        EXPECT_EQ(answer.bytes, whole);
-        EXPECT_EQ(answer.pieces, 3);
-    }
-    {
-        PlayedPrinterOptions options;
-        options.slowDrip = true;
-        EXPECT_EQ(AskPrinter(options).bytes, "@");
-    }
-    {
-        PlayedPrinterOptions options;
-        options.silent = true;
-        const Answer answer = AskPrinter(options);
-        EXPECT_TRUE(answer.connected);
-        EXPECT_EQ(answer.bytes, "");
-    }
-    {
-        PlayedPrinterOptions options;
-        options.refuse = true;
-        EXPECT_FALSE(AskPrinter(options).connected);
-    }
+        set(options);
+        return options;
+    };
+    EXPECT_EQ(PjlAnswer("@PJL INFO CONFIG",
+                        with([](auto& options) { options.noEcho = options.noFormFeed = true; })),
+              whole.substr(18, whole.size() - 19));
+    const std::string lower = PjlAnswer(
+        "@PJL INFO CONFIG", with([](auto& options) { options.lowerCase = options.tray3 = true; }));
+    EXPECT_EQ(lower.find("@PJL INFO CONFIG\r\n"), 0u);
+    EXPECT_NE(lower.find("tray3=installed"), std::string::npos);
+    const std::string stale =
+        PjlAnswer("@PJL INFO CONFIG", with([](auto& options) { options.staleBlockFirst = true; }));
+    EXPECT_LT(stale.find('\f'), stale.find("@PJL INFO CONFIG"));
+    EXPECT_TRUE(stale.ends_with(whole));
+    Answer answer = AskPrinter(with([](auto& options) { options.junk = 1'000'000; }));
+    EXPECT_EQ(answer.bytes.size(), whole.size() + 1'000'000);
+    EXPECT_EQ(answer.bytes.find('\f'), answer.bytes.size() - 1);
+    answer = AskPrinter(with([](auto& options) { options.resetAfter = 40; }));
+    EXPECT_TRUE(answer.bytes.size() <= 40u && answer.reset);
+    answer = AskPrinter(with([](auto& options) { options.split = 3; }));
+    EXPECT_TRUE(answer.bytes == whole && answer.pieces == 3);
+    EXPECT_EQ(AskPrinter(with([](auto& options) { options.slowDrip = true; })).bytes, "@");
+    answer = AskPrinter(with([](auto& options) { options.silent = true; }));
+    EXPECT_TRUE(answer.connected && answer.bytes.empty());
+    EXPECT_FALSE(AskPrinter(with([](auto& options) { options.refuse = true; })).connected);
 }
 
 TEST(PlayedPrinter, StaysOnLoopbackAndTellsATakenPort) {
