@@ -39,7 +39,7 @@ protected:
     std::filesystem::path File() const { return Folder() / "registry.sqlite"; }
 };
 
-/// A process that writes 1, 2, 3... and tells each through a pipe when it is stored.
+/// A process that writes 1, 2, 3... up to 250 and tells each through a pipe when it is stored.
 class Writer {
 public:
     template <typename WriteOne>
@@ -47,9 +47,10 @@ public:
         if (pipe(pipe_) != 0) return;
         id_ = fork();
         if (id_ != 0) return;
-        for (BYTE fill = 1; writeOne(fill); ++fill) {
+        for (BYTE fill = 1; fill <= 250 && writeOne(fill); ++fill) {
             if (write(pipe_[1], &fill, 1) != 1) break;
         }
+        pause();
         _exit(1);
     }
     ~Writer() {
