@@ -25,6 +25,11 @@ add_library(oemui_platform_api INTERFACE)
 if(WIN32)
   target_compile_definitions(oemui_platform_api INTERFACE
     WINVER=0x0601 _WIN32_WINNT=0x0601 NTDDI_VERSION=0x06010000 NOMINMAX STRICT)
+  if(MSVC)
+    # The version query and the socket library 1.1 are what the family's drivers rely on.
+    target_compile_definitions(oemui_platform_api INTERFACE
+      BUILD_WINDOWS _WINSOCK_DEPRECATED_NO_WARNINGS)
+  endif()
   target_link_libraries(oemui_platform_api INTERFACE
     kernel32 user32 gdi32 advapi32 winspool wsock32)
 else()
