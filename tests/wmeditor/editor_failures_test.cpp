@@ -27,13 +27,11 @@ protected:
             for (const std::string& point : counting.Passed()) ++calls[point];
         }
         EXPECT_GT(calls.size(), 20u);
-        // What could not be closed stays open: that says nothing about the editor.
-        calls.erase("ClosePrinter");
         for (const auto& [point, count] : calls) {
             const int step = std::max(1, count / kCallsOfAKind);
             for (int failing = 1; failing <= count; failing += step) {
                 SCOPED_TRACE(point + " " + std::to_string(failing));
-                FailCall(work, expected, {point, failing, ERROR_NOT_ENOUGH_MEMORY});
+                FailCall(work, expected, point, failing);
             }
         }
     }
@@ -41,19 +39,13 @@ protected:
 private:
     static constexpr int kCallsOfAKind = 6;
 
-    struct Failure {
-        std::string point;
-        int call;
-        DWORD error;
-    };
-
     void FailCall(const std::function<void()>& work, const std::vector<std::string>& expected,
-                  const Failure& failure) {
+                  const std::string& point, int call) {
         list_ = opened_;
         printer_.StoreValue(TEXT("WaterMarkList"), {});
         user_.ForgetAnswers();
         {
-            const platform::FailurePlan plan(failure.point, failure.call, failure.error);
+            const platform::FailurePlan plan(point, call, ERROR_NOT_ENOUGH_MEMORY);
             Edit(work);
         }
         const std::string names = Narrow(NamesIn(Stored()));
@@ -130,7 +122,6 @@ TEST_F(EditorFailures, HelpIsReadInTheModelsFile) {
         user_.PressKey(VK_F1);
     });
     ASSERT_EQ(user_.HelpRead().size(), 2u);
-    EXPECT_EQ(user_.HelpRead()[0].command, static_cast<UINT>(HELP_CONTEXT));
     EXPECT_EQ(user_.HelpRead()[0].topic, 1114u);
     EXPECT_EQ(user_.HelpRead()[1].command, static_cast<UINT>(HELP_CONTEXTPOPUP));
     EXPECT_EQ(user_.HelpRead()[1].topic, 1302u);

@@ -23,7 +23,7 @@ namespace tests {
 class EditorTest : public PluginTest {
 protected:
     EditorTest() {
-        // The real machine may still have the defaults of an earlier test.
+        // A real machine may still have those of an earlier test.
         std::filesystem::remove(WindowsFolder() / "QVRT__WM.INI");
         oemui::CurrentPrinterName = printer_.Name().c_str();
         oemui::PreviewPaperSize = {2100, 2970};
@@ -38,6 +38,10 @@ protected:
                           reinterpret_cast<LPARAM>(&list_), std::move(work));
     }
 
+    void EditTo(INT_PTR result, std::function<void()> work) {
+        EXPECT_EQ(Edit(std::move(work)), result);
+    }
+
     LRESULT Send(int controlId, UINT message) const {
         return ::SendDlgItemMessageW(user_.Dialog(), controlId, message, 0, 0);
     }
@@ -50,7 +54,6 @@ protected:
         ::GetDlgItemTextW(user_.Dialog(), controlId, text, 300);
         return Narrow(text);
     }
-    LRESULT SelectedIn(int listId) const { return Send(listId, CB_GETCURSEL); }
     bool IsChecked(int buttonId) const { return Send(buttonId, BM_GETCHECK) == BST_CHECKED; }
     bool IsEnabled(int controlId) const {
         return ::IsWindowEnabled(::GetDlgItem(user_.Dialog(), controlId)) != FALSE;
