@@ -42,16 +42,14 @@ TEST_F(ProfileTest, ValuesAsTheyAreRead) {
     const struct {
         const char16_t* key;
         const char16_t* value;
-    } rows[] = {
-        {u"num", u"3,x"},       {u"DAT0", u"0,<NONE>,,Arial, 72"},
-        {u"q1", u"quoted "},    {u"q2", u"single "},
-        {u"q3", u"\"half"},     {u"q4", u"a\"b"},
-        {u"q5", u"\""},         {u"emp", u""},
-        {u"sp", u""},           {u"noequals", u"default"},
-        {u"; NUM", u"default"}, {u"semi", u"a;b"},
-        {u"dup", u"1"},         {u"euro", u"\u20AC"},
-        {u"only", u"default"},  {u"missing", u"default"},
-    };
+    } rows[] = {{u"num", u"3,x"},       {u"DAT0", u"0,<NONE>,,Arial, 72"},
+                {u"q1", u"quoted "},    {u"q2", u"single "},
+                {u"q3", u"\"half"},     {u"q4", u"a\"b"},
+                {u"q5", u"\""},         {u"emp", u""},
+                {u"sp", u""},           {u"noequals", u"default"},
+                {u"; NUM", u"default"}, {u"semi", u"a;b"},
+                {u"dup", u"1"},         {u"euro", u"\u20AC"},
+                {u"only", u"default"}};
     for (const auto& row : rows) EXPECT_TRUE(Read(row.key) == row.value) << platform::Utf8(row.key);
     EXPECT_TRUE(Read(u"num", u"C:\\WINDOWS\\test.ini") == u"3,x");
     EXPECT_TRUE(Read(u"num", u"none.ini") == u"default");
@@ -64,15 +62,12 @@ TEST_F(ProfileTest, ValuesAsTheyAreRead) {
 TEST_F(ProfileTest, NumbersAsTheyAreRead) {
     const struct {
         const char16_t* key;
-        UINT number;
-    } rows[] = {{u"n1", 12},  {u"n2", static_cast<UINT>(-5)},
-                {u"n3", 31},  {u"n4", 7},
-                {u"n5", 4},   {u"n6", 0},
-                {u"emp", 77}, {u"missing", 77},
-                {u"n7", 3},   {u"n8", 21}};
+        int number;
+    } rows[] = {{u"n1", 12}, {u"n2", -5},  {u"n3", 31},      {u"n4", 7}, {u"n5", 4},
+                {u"n6", 0},  {u"emp", 77}, {u"missing", 77}, {u"n7", 3}, {u"n8", 21}};
     for (const auto& row : rows) {
-        EXPECT_EQ(GetPrivateProfileIntW(u"WatermarkInfo", row.key, 77, u"test.ini"), row.number)
-            << platform::Utf8(row.key);
+        const UINT number = GetPrivateProfileIntW(u"WatermarkInfo", row.key, 77, u"test.ini");
+        EXPECT_EQ(static_cast<int>(number), row.number) << platform::Utf8(row.key);
     }
 }
 
@@ -90,7 +85,7 @@ TEST_F(ProfileTest, EncodingsByTheirMarks) {
     std::string little(reinterpret_cast<const char*>(text.data()), text.size() * 2);
     WriteFile("Windows/utf16.ini", little);
     EXPECT_TRUE(Read(u"\u00E4", u"utf16.ini") == u"\u4E2D");
-    for (std::size_t i = 0; i + 1 < little.size(); i += 2) std::swap(little[i], little[i + 1]);
+    for (std::size_t i = 0; i < little.size(); i += 2) std::swap(little[i], little[i + 1]);
     WriteFile("Windows/utf16be.ini", little);
     EXPECT_TRUE(Read(u"\u00E4", u"utf16be.ini") == u"\u4E2D");
 }

@@ -31,12 +31,10 @@ protected:
         DWORD size = kValueSize + 1;
         const LSTATUS error = RegQueryValueExW(key, u"List", nullptr, nullptr, bytes.data(), &size);
         if (error != ERROR_SUCCESS || size != kValueSize) return -1;
-        const bool isWhole = std::count(bytes.begin(), bytes.begin() + kValueSize, bytes[0]) ==
-                             std::ptrdiff_t{kValueSize};
-        return isWhole ? bytes[0] : -1;
+        bytes.pop_back();
+        return bytes == std::vector<BYTE>(kValueSize, bytes[0]) ? bytes[0] : -1;
     }
     void CloseStore() const { platform::UseMachine(Folder()); }
-    std::filesystem::path File() const { return Folder() / "registry.sqlite"; }
 };
 
 /// A process that writes 1, 2, 3... up to 250 and tells each through a pipe when it is stored.
@@ -129,10 +127,9 @@ TEST_F(StoreTest, AnotherProcessSeesWholeValuesAndNewKeys) {
 }
 
 TEST_F(StoreTest, ThreadsShareTheMachine) {
-    std::vector<std::thread> threads;
-    threads.reserve(4);
-    for (int i = 0; i < 4; ++i) {
-        threads.emplace_back([] {
+    std::vector<std::jthread> threads(4);
+    for (std::jthread& thread : threads) {
+        thread = std::jthread([] {
             for (BYTE fill = 0; fill < 10; ++fill) {
                 HKEY key = nullptr;
                 EXPECT_EQ(Open(&key), ERROR_SUCCESS);
@@ -142,7 +139,6 @@ TEST_F(StoreTest, ThreadsShareTheMachine) {
             }
         });
     }
-    for (std::thread& thread : threads) thread.join();
 }
 
 TEST_F(StoreTest, ADamagedFileIsReportedAndLeftAlone) {
@@ -177,7 +173,7 @@ TEST_F(StoreTest, ALockedFileIsReportedAfterAWhile) {
     ASSERT_EQ(Open(&key), ERROR_SUCCESS);
     ASSERT_EQ(Write(key, 7), ERROR_SUCCESS);
     sqlite3* other = nullptr;
-    ASSERT_EQ(sqlite3_open(File().c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_open((Folder() / "registry.sqlite").c_str(), &other), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
     EXPECT_EQ(Write(key, 8), ERROR_BUSY);
     EXPECT_EQ(Read(key), 7) << "readers are not kept out";

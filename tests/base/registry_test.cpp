@@ -34,18 +34,17 @@ protected:
 };
 
 TEST_F(RegistryTest, KeysAreFoundInAnyCaseAndKeepTheirSpelling) {
-    DWORD disposition = 0;
     HKEY key = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, u"Software\\Regal\\\u00C4rger", 0, nullptr, 0,
-                              KEY_ALL_ACCESS, nullptr, &key, &disposition),
-              0);
-    EXPECT_EQ(disposition, DWORD{REG_CREATED_NEW_KEY});
-    RegCloseKey(key);
-    EXPECT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, u"SOFTWARE\\regal\\\u00E4RGER\\", 0, nullptr, 0,
-                              KEY_ALL_ACCESS, nullptr, &key, &disposition),
-              0);
-    EXPECT_EQ(disposition, DWORD{REG_OPENED_EXISTING_KEY});
-    RegCloseKey(key);
+    for (const auto& [path, expected] :
+         {std::pair<LPCWSTR, int>(u"Software\\Regal\\\u00C4rger", REG_CREATED_NEW_KEY),
+          std::pair<LPCWSTR, int>(u"SOFTWARE\\regal\\\u00E4RGER\\", REG_OPENED_EXISTING_KEY)}) {
+        DWORD disposition = 0;
+        ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                                  &key, &disposition),
+                  0);
+        EXPECT_EQ(disposition, static_cast<DWORD>(expected));
+        RegCloseKey(key);
+    }
     ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, u"software\\REGAL", 0, KEY_READ, &key), 0);
     EXPECT_EQ(Subkeys(key), std::vector<std::u16string>{u"\u00C4rger"});
     EXPECT_EQ(Subkeys(HKEY_LOCAL_MACHINE), std::vector<std::u16string>{u"Software"});
@@ -66,8 +65,7 @@ TEST_F(RegistryTest, WrongPathsAndHandles) {
     EXPECT_EQ(RegCloseKey(made), ERROR_INVALID_HANDLE);
     EXPECT_EQ(Set(made, u"x", REG_SZ, ""), ERROR_INVALID_HANDLE);
     EXPECT_EQ(RegCloseKey(HKEY_LOCAL_MACHINE), 0);
-    EXPECT_EQ(RegOpenKeyW(HKEY_LOCAL_MACHINE, longest.c_str(), &key), 0);
-    RegCloseKey(key);
+    RegCloseKey(Create(longest.c_str()));
 }
 
 TEST_F(RegistryTest, RightsGoWithTheHandle) {
@@ -107,16 +105,15 @@ TEST_F(RegistryTest, ValuesComeBackAsStoredInEveryBufferSize) {
             EXPECT_TRUE(error != ERROR_SUCCESS || std::string(bytes, bytes + 5) == stored);
         }
     }
-    DWORD size = 1;
-    EXPECT_EQ(RegQueryValueExW(key, u"Value", nullptr, nullptr, nullptr, &size), 0);
-    EXPECT_EQ(size, 5u);
     EXPECT_EQ(Set(key, nullptr, REG_SZ, ""), 0);
-    EXPECT_EQ(RegQueryValueExW(key, u"", nullptr, nullptr, nullptr, &size), 0);
-    EXPECT_EQ(size, 0u);
+    for (const auto& [name, length] :
+         {std::pair<LPCWSTR, DWORD>(u"Value", 5u), std::pair<LPCWSTR, DWORD>(u"", 0u)}) {
+        DWORD size = 1;
+        EXPECT_EQ(RegQueryValueExW(key, name, nullptr, nullptr, nullptr, &size), 0);
+        EXPECT_EQ(size, length);
+    }
     EXPECT_EQ(RegDeleteValueW(key, u"value"), 0);
     EXPECT_EQ(RegDeleteValueW(key, u"value"), ERROR_FILE_NOT_FOUND);
-    EXPECT_EQ(RegQueryValueExW(key, u"value", nullptr, nullptr, nullptr, &size),
-              ERROR_FILE_NOT_FOUND);
     RegCloseKey(key);
 }
 

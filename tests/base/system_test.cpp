@@ -51,7 +51,6 @@ TEST(FailurePoints, CountFailTheNthAndFailEveryCall) {
         const platform::FailurePlan counting;
         EXPECT_NE(GetSystemDirectoryW(path, MAX_PATH), 0u);
         EXPECT_EQ(LoadLibraryW(u""), nullptr);
-        EXPECT_EQ(counting.Calls(), 2);
         EXPECT_EQ(counting.Passed(),
                   (std::vector<std::string>{"GetSystemDirectoryW", "LoadLibraryW"}));
         EXPECT_FALSE(counting.Fired());

@@ -92,12 +92,11 @@ struct PlayedPrinter::Server {
         while (WaitFor(connection)) {
             const ssize_t count = ::recv(connection, block.data(), block.size(), 0);
             if (count <= 0) return;
-            std::string message;
-            {
-                const std::lock_guard lock(mutex);
-                message = received[number].append(block.data(), static_cast<std::size_t>(count));
-            }
-            if (!answered && IsWholeMessage(message)) {
+            std::unique_lock lock(mutex);
+            received[number].append(block.data(), static_cast<std::size_t>(count));
+            const bool isWhole = IsWholeMessage(received[number]);
+            lock.unlock();
+            if (!answered && isWhole) {
                 Answer(connection, number);
                 answered = true;
                 if (script.closesAfter || script.resets) return;

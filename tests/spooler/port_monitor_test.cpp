@@ -35,17 +35,13 @@ protected:
 TEST_F(PortMonitor, CarriesBothQuestionsAndTheirAnswers) {
     const PlayedPrinter played({{kStatusAnswer, kConfigurationAnswer}, 7});
     const HANDLE printer = PrinterAt(played.Address());
-    std::string answer;
     DWORD type = 0;
-    EXPECT_EQ(SetValue(printer, kStatus, ""), DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(GetValue(printer, kStatus, 1024, &answer, &type), DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(answer, kStatusAnswer);
+    EXPECT_EQ(SetValue(printer, kStatus, ""), ERROR_SUCCESS);
+    EXPECT_EQ(Value(printer, kStatus, 1024, &type), kStatusAnswer);
     EXPECT_EQ(type, DWORD{REG_BINARY});
-    EXPECT_EQ(SetValue(printer, kConfiguration, ""), DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(GetValue(printer, kConfiguration, 1024, &answer), DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(answer, kConfigurationAnswer);
-    EXPECT_EQ(GetValue(printer, kConfiguration, 10, &answer), DWORD{ERROR_MORE_DATA});
-    EXPECT_EQ(answer, std::to_string(kConfigurationAnswer.size()));
+    EXPECT_EQ(Value(printer, kConfiguration), kConfigurationAnswer);
+    EXPECT_EQ(Value(printer, kConfiguration, 10),
+              Failed(ERROR_MORE_DATA, static_cast<DWORD>(kConfigurationAnswer.size())));
     const std::string question = "\x1B%-12345X@PJL INFO CONFIG\r\n\x1B%-12345X";
     EXPECT_EQ(played.Received(),
               (std::vector<std::string>{"\x1B%-12345X@PJL INFO DSTATUS\r\n\x1B%-12345X", question,
@@ -56,12 +52,11 @@ TEST_F(PortMonitor, CarriesBothQuestionsAndTheirAnswers) {
 TEST_F(PortMonitor, SendsWithoutReadingAndStoresNothing) {
     const PlayedPrinter played({});
     const HANDLE printer = PrinterAt(played.Address());
-    EXPECT_EQ(SetValue(printer, u"#SET# @PJL SET COPIES=2", "x"), DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(SetValue(printer, u"#SET#\n", ""), DWORD{ERROR_INVALID_PARAMETER});
-    EXPECT_EQ(SetValue(printer, u"a#SET#", "stored"), DWORD{ERROR_SUCCESS});
-    std::string value;
-    EXPECT_EQ(GetValue(printer, u"#SET# @PJL SET COPIES=2", 9, &value), DWORD{ERROR_NOT_SUPPORTED});
-    EXPECT_EQ(GetValue(printer, u"a#SET#", 9, &value), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(SetValue(printer, u"#SET# @PJL SET COPIES=2", "x"), ERROR_SUCCESS);
+    EXPECT_EQ(SetValue(printer, u"#SET#\n", ""), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(SetValue(printer, u"a#SET#", "stored"), ERROR_SUCCESS);
+    EXPECT_EQ(Value(printer, u"#SET# @PJL SET COPIES=2"), Failed(ERROR_NOT_SUPPORTED));
+    EXPECT_EQ(Value(printer, u"a#SET#"), "stored");
     const std::vector<std::string> sent = {"\x1B%-12345X@PJL SET COPIES=2\r\n\x1B%-12345X"};
     for (int wait = 0; wait < 5000 && played.Received() != sent; ++wait) Sleep(1);
     EXPECT_EQ(played.Received(), sent);
@@ -80,11 +75,9 @@ TEST_F(PortMonitor, FindsTheAddressThroughEveryMonitor) {
     for (const char16_t* port : {u"By name", u"laser:queue", u"Regal"}) {
         Install(port, port);
         const HANDLE printer = Open(port);
-        std::string answer;
-        EXPECT_EQ(GetValue(printer, kStatus, 1024, &answer), DWORD{ERROR_SUCCESS});
-        EXPECT_EQ(answer, kStatusAnswer);
+        EXPECT_EQ(Value(printer, kStatus), kStatusAnswer);
         EXPECT_EQ(spooler::RemovePort(port), DWORD{ERROR_SUCCESS});
-        EXPECT_EQ(GetValue(printer, kStatus, 1024, &answer), DWORD{ERROR_NOT_SUPPORTED});
+        EXPECT_EQ(Value(printer, kStatus), Failed(ERROR_NOT_SUPPORTED));
         EXPECT_EQ(spooler::RemovePort(port), DWORD{ERROR_UNKNOWN_PORT});
         EXPECT_TRUE(ClosePrinter(printer));
     }
@@ -94,51 +87,43 @@ TEST_F(PortMonitor, RefusesPortsThatCannotBeAsked) {
     ASSERT_EQ(spooler::AddStandardTcpIpPort(u"IP_Away", u"192.0.2.1", u""), DWORD{ERROR_SUCCESS});
     ASSERT_EQ(spooler::AddLprPort(u"Unknown", u"no-such-host"), DWORD{ERROR_SUCCESS});
     const struct {
-        const char16_t* port;
-        DWORD error;
+        std::u16string port;
+        LSTATUS error;
     } rows[] = {{u"USB001", ERROR_NOT_SUPPORTED},
                 {u"\\\\host\\SMB_PRI1", ERROR_NOT_SUPPORTED},
                 {u"IP_Away", ERROR_GEN_FAILURE},
                 {u"Unknown", ERROR_GEN_FAILURE}};
     const auto start = std::chrono::steady_clock::now();
-    char16_t name[] = u"PrinterA";
     for (const auto& [port, error] : rows) {
-        Install(name, port);
-        const HANDLE printer = Open(name);
-        std::string answer;
+        const HANDLE printer = Add(Record(u"Office", port));
         EXPECT_EQ(SetValue(printer, kStatus, ""), error);
-        EXPECT_EQ(GetValue(printer, kStatus, 1024, &answer), error);
+        EXPECT_EQ(Value(printer, kStatus), Failed(error));
+        EXPECT_TRUE(DeletePrinter(printer));
         EXPECT_TRUE(ClosePrinter(printer));
-        ++name[7];
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2)) << "at once";
 }
 
 TEST_F(PortMonitor, ReportsPrintersThatAnswerBadlyOrNotAtAll) {
-    std::string answer;
-    const auto ask = [&](const std::string& address) {
+    const auto askAt = [&](const std::string& address) {
         const HANDLE printer = PrinterAt(address);
-        const DWORD status = GetValue(printer, kStatus, 1024, &answer);
+        const std::string answer = Value(printer, kStatus);
         EXPECT_TRUE(DeletePrinter(printer));
         EXPECT_TRUE(ClosePrinter(printer));
-        return status;
+        return answer;
     };
-    EXPECT_EQ(ask(PlayedPrinter::UnusedAddress()), DWORD{ERROR_GEN_FAILURE}) << "refused";
-    EXPECT_EQ(ask(PlayedPrinter({{""}, 0, true}).Address()), DWORD{ERROR_GEN_FAILURE}) << "closed";
-    EXPECT_EQ(ask(PlayedPrinter({{std::string(1 << 20, 'j')}}).Address()), DWORD{ERROR_GEN_FAILURE})
-        << "junk without end";
-    {
-        const PlayedPrinter broken({.answers = {}, .resets = true});
-        EXPECT_EQ(ask(broken.Address()), DWORD{ERROR_GEN_FAILURE}) << "reset";
-    }
-    {
-        const PlayedPrinter cutShort({{"half an answer"}, 0, true});
-        EXPECT_EQ(ask(cutShort.Address()), DWORD{ERROR_SUCCESS}) << "closed behind the answer";
-        EXPECT_EQ(answer, "half an answer");
-    }
+    const auto ask = [&](const tests::PrinterScript& script) {
+        const PlayedPrinter printer(script);
+        return askAt(printer.Address());
+    };
+    const std::string failed = Failed(ERROR_GEN_FAILURE);
+    EXPECT_EQ(askAt(PlayedPrinter::UnusedAddress()), failed) << "refused";
+    EXPECT_EQ(ask({{""}, 0, true}), failed) << "closed";
+    EXPECT_EQ(ask({{std::string(1 << 20, 'j')}}), failed) << "junk without end";
+    EXPECT_EQ(ask({.answers = {}, .resets = true}), failed) << "reset";
+    EXPECT_EQ(ask({{"half an answer"}, 0, true}), "half an answer") << "closed behind the answer";
     const platform::TestClock clock;
-    const PlayedPrinter silent({{"no form feed"}});
-    EXPECT_EQ(ask(silent.Address()), DWORD{ERROR_TIMEOUT});
+    EXPECT_EQ(ask({{"no form feed"}}), Failed(ERROR_TIMEOUT));
     EXPECT_GT(clock.Elapsed(), 12000u);
     EXPECT_LE(clock.Elapsed(), 15000u);
 }

@@ -84,22 +84,33 @@ protected:
         return *reinterpret_cast<const PRINTER_INFO_2W*>(buffer.data());
     }
 
-    static DWORD SetValue(HANDLE printer, std::u16string name, std::string bytes) {
-        return SetPrinterDataW(printer, name.data(), REG_BINARY,
-                               reinterpret_cast<BYTE*>(bytes.data()),
-                               static_cast<DWORD>(bytes.size()));
+    /// The error of an operation that returned nothing; ERROR_SUCCESS of one that succeeded.
+    template <typename Result>
+    static LSTATUS ErrorOf(Result result) {
+        return result ? ERROR_SUCCESS : static_cast<LSTATUS>(GetLastError());
+    }
+
+    static LSTATUS SetValue(HANDLE printer, std::u16string name, std::string bytes) {
+        return static_cast<LSTATUS>(SetPrinterDataW(printer, name.data(), REG_BINARY,
+                                                    reinterpret_cast<BYTE*>(bytes.data()),
+                                                    static_cast<DWORD>(bytes.size())));
+    }
+
+    /// What stands for a value that cannot be read; with the size when only room is missing.
+    static std::string Failed(LSTATUS error, DWORD needed = 0) {
+        return "error " + std::to_string(error) + ", " + std::to_string(needed) + " bytes";
     }
 
     /// Reads into a buffer of this size.
-    static DWORD GetValue(HANDLE printer, std::u16string name, std::size_t size, std::string* value,
-                          DWORD* type = nullptr) {
+    static std::string Value(HANDLE printer, std::u16string name, std::size_t size = 1024,
+                             DWORD* type = nullptr) {
         std::string buffer(size, '#');
         DWORD needed = 0;
         const DWORD status =
             GetPrinterDataW(printer, name.data(), type, reinterpret_cast<BYTE*>(buffer.data()),
                             static_cast<DWORD>(size), &needed);
-        *value = status == ERROR_SUCCESS ? buffer.substr(0, needed) : std::to_string(needed);
-        return status;
+        if (status == ERROR_SUCCESS) return buffer.substr(0, needed);
+        return Failed(static_cast<LSTATUS>(status), status == ERROR_MORE_DATA ? needed : 0);
     }
 
 private:
