@@ -86,7 +86,8 @@ inline nlohmann::json ChoiceNamed(const nlohmann::json& item, const std::string&
 class PrinterThread {
 public:
     explicit PrinterThread(PlayedPrinterOptions options)
-        : printer_(At(std::move(options)), [this](const std::string& line) { Log(line); }),
+        : printer_(At(std::move(options)),
+                   [this](const std::string& line) { lines_.push_back(line); }),
           thread_([this] { printer_.Serve(std::chrono::seconds(60), false); }) {}
     ~PrinterThread() { Stop(); }
     PrinterThread(const PrinterThread&) = delete;
@@ -111,7 +112,6 @@ private:
         options.address = Address();
         return options;
     }
-    void Log(const std::string& line) { lines_.push_back(line); }
 
     std::vector<std::string> lines_;
     PlayedPrinter printer_;

@@ -47,11 +47,11 @@ protected:
         const Text value(TEXT("C:\\UNINST.EXE\0\0\0"), 16);
         WriteRegistryValue(kSessionManager, kPending, REG_MULTI_SZ, value.data(), 32);
     }
-    std::string AssignedProcessor() const { return Narrow(StoredText(TEXT("Print Processor"))); }
-    Text StoredText(LPCWSTR name) const {
-        const std::string bytes = ReadRegistryValue(
-            TEXT("System\\CurrentControlSet\\Control\\Print\\Printers\\Office"), name);
-        return reinterpret_cast<const WCHAR*>(bytes.c_str());
+    static std::string AssignedProcessor() {
+        const std::string bytes =
+            ReadRegistryValue(TEXT("System\\CurrentControlSet\\Control\\Print\\Printers\\Office"),
+                              TEXT("Print Processor"));
+        return Narrow(reinterpret_cast<const WCHAR*>(bytes.c_str()));
     }
     static void Install() {
         Text name = TEXT("Office");
@@ -93,7 +93,6 @@ TEST_F(Installation, WithoutANameOnlyTheStepsThatNeedNoneAreDone) {
     EXPECT_EQ(ReadRegistryValue(kSessionManager, kPending)[20], '_');
     EXPECT_TRUE(IsPrintProcessorInstalled(TEXT("QVRT__PP")));
     EXPECT_EQ(AssignedProcessor(), "winprint");
-    EXPECT_EQ(printer_.StoredValue(TEXT("EAIDCDisable")), "");
 }
 
 TEST_F(Installation, WhateverFailsCostsOneStepAndLeavesNothingOpen) {
@@ -138,25 +137,17 @@ TEST_F(Installation, RemovingTheDriverStartsTheUninstallerWithTheSettingsFile) {
     EXPECT_FALSE(
         std::filesystem::exists(machine / "Windows/System32/spool/prtprocs/x64/QVRT__PP.DLL"));
     EXPECT_TRUE(std::filesystem::exists(platform::DriverFolder() / "QVRU__UI.DLL"));
-    EXPECT_TRUE(std::filesystem::exists(machine / "Windows/System32/UNINST.EXE"));
 }
 
-TEST_F(Installation, AProgramWithBlanksAndOfUpTo249CharactersIsStartedAsTheSettingsNameIt) {
-    const std::string folder(120, 'd');
-    const std::string path = "C:\\Sub Dir\\" + folder + "\\";
-    for (const std::size_t length : {std::size_t{249}, std::size_t{250}}) {
-        const std::string name(length - path.size() - 4, 'n');
-        const std::filesystem::path file =
-            platform::MachineFolder() / "Sub Dir" / folder / (name + ".EXE");
-        std::filesystem::create_directories(file.parent_path());
-        std::ofstream(file) << "#!/bin/sh\necho started\n";
-        std::filesystem::permissions(file, std::filesystem::perms::owner_all);
-        WriteIniFile(TEXT("QVRT_UNI.INI"), "[OEMUninstall]\nExecutable=" + path + name + ".EXE\n");
-        HandleDriverEvent(DRIVER_EVENT_DELETE);
-        WaitForLog("started\n");
-        EXPECT_EQ(Log(),
-                  path + std::string(249 - path.size() - 4, 'n') + ".EXE QVRT_UNI.INI \nstarted\n");
-    }
+TEST_F(Installation, AProgramWithBlanksIsStartedAsTheSettingsNameIt) {
+    const std::filesystem::path file = platform::MachineFolder() / "Sub Dir" / "A B.EXE";
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file) << "#!/bin/sh\necho started\n";
+    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    WriteIniFile(TEXT("QVRT_UNI.INI"), "[OEMUninstall]\nExecutable=C:\\Sub Dir\\A B.EXE\n");
+    HandleDriverEvent(DRIVER_EVENT_DELETE);
+    WaitForLog("started\n");
+    EXPECT_EQ(Log(), "C:\\Sub Dir\\A B.EXE QVRT_UNI.INI \nstarted\n");
 }
 
 }  // namespace

