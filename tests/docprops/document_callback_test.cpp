@@ -1,6 +1,6 @@
 #include "docprops/document_callback.h"
 
-#include <cstring>
+#include <array>
 
 #include "common/page_state.h"
 #include "common/plugin_module.h"
@@ -35,19 +35,21 @@ protected:
         RecordPluginModule(nullptr);
         return page_.Report(CPSUICB_REASON_APPLYNOW);
     }
-    const PrivateDevmode& Stored() const { return page_.privateDevmode; }
+    /// Scaling, watermark, transmit once, intent, pages per sheet.
+    std::array<UINT32, 5> Stored() const {
+        const PrivateDevmode& stored = page_.privateDevmode;
+        return {stored.Scaling, stored.WatermarkOn, stored.TransmitOnce, stored.RenderingIntent,
+                stored.PagesPerSheet};
+    }
 
     DocumentPage page_;
 };
 
-TEST_F(DocumentCallback, ChangedSelectionsAreStoredAtOnceButTheIntent) {
+TEST_F(DocumentCallback, ChangesAreStoredAtOnceButTheIntentOnlyByApply) {
     Document(2, 1);
     Show(150, 0, 1, 1);
     EXPECT_EQ(page_.Report(CPSUICB_REASON_SEL_CHANGED), CPSUICB_ACTION_OPTIF_CHANGED);
-    EXPECT_EQ(Stored().Scaling, 150U);
-    EXPECT_EQ(Stored().WatermarkOn, 1U);
-    EXPECT_EQ(Stored().TransmitOnce, 1U);
-    EXPECT_EQ(Stored().RenderingIntent, 1U);
+    EXPECT_EQ(Stored(), (std::array<UINT32, 5>{150, 1, 1, 1, 1}));
     for (const DocumentItem place : {kScalingItem, kWatermarkItem, kTransmitOnceItem}) {
         EXPECT_EQ(page_.Own(place).Flags, static_cast<DWORD>(OPTIF_CHANGED)) << place;
         page_.Own(place).Flags = 0;
@@ -55,93 +57,75 @@ TEST_F(DocumentCallback, ChangedSelectionsAreStoredAtOnceButTheIntent) {
     page_.Report(CPSUICB_REASON_SEL_CHANGED);
     EXPECT_EQ(page_.Own(kScalingItem).Flags, 0U);
     EXPECT_EQ(page_.Own(kWatermarkItem).Flags, 0U);
+
+    Show(70, 1, 1, 1);
+    Document(2, 0);
+    EXPECT_EQ(ApplySilently(), CPSUICB_ACTION_ITEMS_APPLIED);
+    EXPECT_EQ(Stored(), (std::array<UINT32, 5>{70, 0, 1, 2, 1}));
+    Show(70, 1, 1, 2);
+    Document(1, 1);
+    ApplySilently();
+    EXPECT_EQ(Stored(), (std::array<UINT32, 5>{70, 0, 0, 2, 1}));
 }
 
 TEST_F(DocumentCallback, CopiesAndColourDecideWhatIsEnabled) {
-    constexpr DWORD kAll = 0x10029;
-    for (OPTITEM* item : {&page_.Own(kTransmitOnceItem), &page_.Own(kRenderingIntentItem)}) {
-        item->Flags = kAll;
-    }
+    OPTITEM& once = page_.Own(kTransmitOnceItem);
+    OPTITEM& intent = page_.Own(kRenderingIntentItem);
+    once.Flags = intent.Flags = 0x10029;
     Document(2, 1);
     page_.Report(CPSUICB_REASON_SEL_CHANGED);
-    EXPECT_EQ(page_.Own(kTransmitOnceItem).Flags, 0x10009U);
-    EXPECT_EQ(page_.Own(kRenderingIntentItem).Flags, 0x10009U);
-
+    EXPECT_EQ(once.Flags, 0x10009U);
+    EXPECT_EQ(intent.Flags, 0x10009U);
     Document(1, 1, DMCOLOR_MONOCHROME);
-    page_.Own(kTransmitOnceItem).Sel = 1;
+    once.Sel = 1;
     page_.Report(CPSUICB_REASON_SEL_CHANGED);
-    EXPECT_EQ(page_.Own(kTransmitOnceItem).Flags, 0x28U);
-    EXPECT_EQ(Stored().TransmitOnce, 1U);
-    EXPECT_EQ(page_.Own(kRenderingIntentItem).Flags, 0x20U);
+    EXPECT_EQ(once.Flags, 0x28U);
+    EXPECT_EQ(page_.privateDevmode.TransmitOnce, 1U);
+    EXPECT_EQ(intent.Flags, 0x20U);
 }
 
 TEST_F(DocumentCallback, ActivationShowsWhatIsStored) {
     page_.privateDevmode.Scaling = 70;
     page_.privateDevmode.WatermarkOn = 5;
     page_.privateDevmode.TransmitOnce = 1;
-    struct Row {
-        SHORT copies;
-        SHORT collate;
-        LONG shown;
-    };
-    for (const Row& row : {Row{1, 1, 0}, Row{2, 0, 0}, Row{2, 1, 1}, Row{0, 1, 1}}) {
-        Document(row.copies, row.collate, DMCOLOR_MONOCHROME);
+    constexpr SHORT kRows[][3] = {{1, 1, 0}, {2, 0, 0}, {2, 1, 1}, {0, 1, 1}};
+    for (const auto& [copies, collate, shown] : kRows) {
+        Document(copies, collate, DMCOLOR_MONOCHROME);
         EXPECT_EQ(page_.Report(CPSUICB_REASON_SETACTIVE), CPSUICB_ACTION_REINIT_ITEMS);
-        EXPECT_EQ(page_.Own(kTransmitOnceItem).Sel, row.shown) << row.copies;
+        EXPECT_EQ(page_.Own(kTransmitOnceItem).Sel, shown) << copies;
     }
     EXPECT_EQ(page_.Own(kScalingItem).Sel, 70);
     EXPECT_EQ(page_.Own(kWatermarkItem).Sel, 0);
     EXPECT_EQ(page_.Own(kRenderingIntentItem).Flags, 0x20U);
 }
 
-TEST_F(DocumentCallback, ApplyStoresWhatIsShown) {
-    Document(2, 0);
-    Show(150, 0, 1, 1);
-    EXPECT_EQ(ApplySilently(), CPSUICB_ACTION_ITEMS_APPLIED);
-    EXPECT_EQ(Stored().Scaling, 150U);
-    EXPECT_EQ(Stored().WatermarkOn, 1U);
-    EXPECT_EQ(Stored().TransmitOnce, 1U);
-    EXPECT_EQ(Stored().RenderingIntent, 2U);
-    EXPECT_EQ(Stored().PagesPerSheet, 1U);
-    Document(1, 1);
-    page_.Own(kRenderingIntentItem).Sel = 2;
-    ApplySilently();
-    EXPECT_EQ(Stored().TransmitOnce, 0U);
-    EXPECT_EQ(Stored().RenderingIntent, 2U);
-}
-
 TEST_F(DocumentCallback, NupResetsScalingAndGivesThePagesPerSheet) {
-    struct Row {
-        LONG nup;
-        UINT32 pages;
-        UINT32 scaling;
-    };
-    constexpr Row kRows[] = {{0, 1, 150},  {1, 2, 100}, {2, 4, 100}, {3, 6, 100}, {4, 9, 100},
-                             {5, 16, 100}, {6, 2, 100}, {7, 1, 100}, {-1, 1, 100}};
+    constexpr int kRows[][3] = {{0, 1, 150},  {1, 2, 100}, {2, 4, 100}, {3, 6, 100}, {4, 9, 100},
+                                {5, 16, 100}, {6, 2, 100}, {7, 1, 100}, {-1, 1, 100}};
     page_.With(DMPUB_NUP, 0).With(DMPUB_DUPLEX, 1);
-    for (const Row& row : kRows) {
-        SCOPED_TRACE(row.nup);
-        page_.Driver(DMPUB_NUP).Sel = row.nup;
+    for (const auto& [nup, pages, scaling] : kRows) {
+        SCOPED_TRACE(nup);
+        page_.Driver(DMPUB_NUP).Sel = nup;
         page_.Own(kScalingItem).Flags = 0;
         Show(150, 1, 0, 0);
         ApplySilently();
-        EXPECT_EQ(Stored().PagesPerSheet, row.pages);
-        EXPECT_EQ(Stored().Scaling, row.scaling);
-        EXPECT_EQ(page_.Own(kScalingItem).Sel, static_cast<LONG>(row.scaling));
-        EXPECT_EQ(page_.Own(kScalingItem).Flags, row.scaling == 100 ? 8U : 0U);
+        EXPECT_EQ(page_.privateDevmode.PagesPerSheet, static_cast<UINT32>(pages));
+        EXPECT_EQ(page_.privateDevmode.Scaling, static_cast<UINT32>(scaling));
+        EXPECT_EQ(page_.Own(kScalingItem).Sel, scaling);
+        EXPECT_EQ(page_.Own(kScalingItem).Flags, scaling == 100 ? 8U : 0U);
     }
     EXPECT_TRUE(page_.toldAbout.empty());
-}
 
-TEST_F(DocumentCallback, BookletWithoutDuplexFallsBackToOnePageAndReportsZeroPagesPerSheet) {
-    page_.With(DMPUB_NUP, 6).With(DMPUB_DUPLEX, 0);
+    // A booklet without duplex falls back to one page, and counts none.
+    page_.Driver(DMPUB_NUP).Sel = 6;
+    page_.Driver(DMPUB_DUPLEX).Sel = 0;
     Show(150, 1, 0, 0);
     ApplySilently();
     EXPECT_EQ(page_.Driver(DMPUB_NUP).Sel, 0);
     EXPECT_EQ(page_.Driver(DMPUB_NUP).Flags, static_cast<DWORD>(OPTIF_CHANGED));
     EXPECT_EQ(page_.toldAbout, std::vector<BYTE>{DMPUB_NUP});
-    EXPECT_EQ(Stored().PagesPerSheet, 0U);
-    EXPECT_EQ(Stored().Scaling, 100U);
+    EXPECT_EQ(page_.privateDevmode.PagesPerSheet, 0U);
+    EXPECT_EQ(page_.privateDevmode.Scaling, 100U);
 }
 
 TEST_F(DocumentCallback, EditButtonNeedsItsItemAndAnEnabledWatermark) {
@@ -160,9 +144,8 @@ TEST_F(DocumentCallback, WithoutPrivateDevmodeOnlyTheActionIsAnswered) {
     page_.With(DMPUB_NUP, 6).With(DMPUB_DUPLEX, 0);
     OEMCUIPPARAM params = page_.Params();
     params.pOEMDM = nullptr;
-    constexpr LONG kActions[] = {1, 0, 0, 0, 0, 0, 4, 0, 0, 0, 2, 0};
     CPSUICBPARAM callback = {};
-    for (const LONG action : kActions) {
+    for (const LONG action : {1, 0, 0, 0, 0, 0, 4, 0, 0, 0, 2, 0}) {
         EXPECT_EQ(DocumentPropertyCallback(&callback, &params), action) << callback.Reason;
         ++callback.Reason;
     }

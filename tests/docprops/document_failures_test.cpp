@@ -1,5 +1,3 @@
-// Every call of the layer that the document page makes is failed once.
-
 #include <climits>
 
 #include "platform/base/accounting.h"
@@ -32,12 +30,10 @@ protected:
 void ExpectItemUsable(const OPTITEM& item) {
     EXPECT_EQ(item.cbSize, 88);
     if (item.pOptType == nullptr) {
-        EXPECT_EQ(item.Flags, 0U);
-        EXPECT_EQ(item.pName, nullptr);
+        EXPECT_TRUE(item.Flags == 0 && item.pName == nullptr);
         return;
     }
-    EXPECT_EQ(item.pOptType->Count, 2);
-    EXPECT_NE(item.pOptType->pOptParam, nullptr);
+    EXPECT_TRUE(item.pOptType->Count == 2 && item.pOptType->pOptParam != nullptr);
     EXPECT_EQ((item.Flags & OPTIF_HAS_POIEXT) != 0, item.pOIExt != nullptr);
 }
 
@@ -49,11 +45,9 @@ std::vector<std::string> BuildWithFailure(int failing, DWORD error) {
     {
         DocumentPage page(printer.Name());
         page.With(DMPUB_DUPLEX, 0).With(DMPUB_DEFSOURCE, 0, {"Auto", "Tray 2", "Tray 3"});
-        {
-            const platform::FailurePlan plan(failing, error);
-            page.Build();
-            calls = plan.Passed();
-        }
+        const platform::FailurePlan plan(failing, error);
+        page.Build();
+        calls = plan.Passed();
         for (const DocumentItem place : kAllItems) ExpectItemUsable(page.Own(place));
     }
     const std::string stored = printer.StoredValue(TEXT("WaterMarkList"));

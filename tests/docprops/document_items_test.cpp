@@ -70,39 +70,32 @@ TEST_F(DocumentItems, FourItemsAsTheDriverShowsThem) {
 }
 
 TEST_F(DocumentItems, DevmodeDecidesWhatIsSelected) {
-    struct Row {
-        UINT32 scaling;
-        SHORT copies;
-        SHORT collate;
-        UINT32 shownScaling;
-        UINT32 transmitOnce;
-        DWORD transmitFlags;
-    };
-    constexpr Row kRows[] = {
-        {19, 1, 1, 100, 0, 0x10029},          {20, 2, 1, 20, 1, 0x10009},
-        {200, 2, 0, 200, 0, 0x10009},         {201, 0, 1, 100, 0, 0x10029},
-        {0xFFFFFFFF, -1, 1, 100, 0, 0x10029},
-    };
-    for (const Row& row : kRows) {
-        SCOPED_TRACE(row.scaling);
-        page_.privateDevmode.Scaling = row.scaling;
-        page_.privateDevmode.TransmitOnce = 1;
-        page_.publicDevmode.dmCopies = row.copies;
-        page_.publicDevmode.dmCollate = row.collate;
+    // Scaling, copies, collation; scaling and "transmit once" as shown, flags of the latter.
+    constexpr int kRows[][6] = {{19, 1, 1, 100, 0, 0x10029},
+                                {20, 2, 1, 20, 1, 0x10009},
+                                {200, 2, 0, 200, 0, 0x10009},
+                                {201, 0, 1, 100, 0, 0x10029},
+                                {-1, -1, 1, 100, 0, 0x10029}};
+    PrivateDevmode& devmode = page_.privateDevmode;
+    for (const auto& [scaling, copies, collate, shownScaling, shownOnce, flags] : kRows) {
+        SCOPED_TRACE(scaling);
+        devmode.Scaling = static_cast<UINT32>(scaling);
+        devmode.TransmitOnce = 1;
+        page_.publicDevmode.dmCopies = static_cast<SHORT>(copies);
+        page_.publicDevmode.dmCollate = static_cast<SHORT>(collate);
         page_.Build();
-        EXPECT_EQ(page_.privateDevmode.Scaling, row.shownScaling);
-        EXPECT_EQ(page_.Own(kScalingItem).Sel, static_cast<LONG>(row.shownScaling));
-        EXPECT_EQ(page_.privateDevmode.TransmitOnce, row.transmitOnce);
-        EXPECT_EQ(page_.Own(kTransmitOnceItem).Sel, static_cast<LONG>(row.transmitOnce));
-        EXPECT_EQ(page_.Own(kTransmitOnceItem).Flags, row.transmitFlags);
+        EXPECT_EQ(devmode.Scaling, static_cast<UINT32>(shownScaling));
+        EXPECT_EQ(page_.Own(kScalingItem).Sel, shownScaling);
+        EXPECT_EQ(devmode.TransmitOnce, static_cast<UINT32>(shownOnce));
+        EXPECT_EQ(page_.Own(kTransmitOnceItem).Sel, shownOnce);
+        EXPECT_EQ(page_.Own(kTransmitOnceItem).Flags, static_cast<DWORD>(flags));
     }
     for (const UINT32 intent : {0U, 1U, 2U, 3U}) {
-        page_.privateDevmode.RenderingIntent = intent;
-        page_.privateDevmode.WatermarkOn = intent;
+        devmode.RenderingIntent = devmode.WatermarkOn = intent;
         page_.Build();
         EXPECT_EQ(page_.Own(kRenderingIntentItem).Sel, intent == 2 ? 1 : 0);
         EXPECT_EQ(page_.Own(kWatermarkItem).Sel, intent == 0 ? 1 : 0);
-        EXPECT_EQ(page_.privateDevmode.RenderingIntent, intent);
+        EXPECT_EQ(devmode.RenderingIntent, intent);
     }
 }
 
@@ -114,17 +107,14 @@ TEST_F(DocumentItems, FirstPageOfAPrinterStoresTheDefaultList) {
     EXPECT_EQ(Narrow(TextIn(page_.privateDevmode.Watermark.Name)), "<NONE>");
 
     tests::WriteIniFile(TEXT("QVRT__WM.INI"), "");
-    struct Row {
-        UINT32 index;
-        const char* name;
-    };
     // An index that cannot be one counts as none.
-    for (const Row& row : {Row{3, "Mine"}, Row{15, "Mine"}, Row{16, "<NONE>"}, Row{0, "<NONE>"}}) {
-        page_.privateDevmode.WatermarkIndex = row.index;
+    for (const UINT32 index : {15U, 16U, 0U}) {
+        page_.privateDevmode.WatermarkIndex = index;
         CopyText(page_.privateDevmode.Watermark.Name, TEXT("Mine"));
         page_.Build();
-        EXPECT_EQ(Narrow(TextIn(page_.privateDevmode.Watermark.Name)), row.name) << row.index;
-        EXPECT_EQ(page_.privateDevmode.WatermarkIndex, row.index);
+        EXPECT_EQ(Narrow(TextIn(page_.privateDevmode.Watermark.Name)),
+                  index == 15 ? "Mine" : "<NONE>");
+        EXPECT_EQ(page_.privateDevmode.WatermarkIndex, index);
     }
 }
 
@@ -134,7 +124,6 @@ TEST_F(DocumentItems, UnopenablePrinterLeavesTheDevmodesWatermark) {
     page.Build();
     EXPECT_EQ(Narrow(TextIn(page.privateDevmode.Watermark.Name)), "Mine");
     const OPTITEM& item = page.Own(kWatermarkItem);
-    EXPECT_EQ(Shown(item.pName), "Watermark");
     EXPECT_EQ(item.Flags, 0x1040DU);
     ASSERT_NE(item.pOIExt, nullptr);
     EXPECT_EQ(item.pOIExt->pHelpFile, nullptr);

@@ -20,31 +20,20 @@ void AddDriverItems(DocumentPage* page) {
     page->publicDevmode.dmDuplex = DMDUP_VERTICAL;
 }
 
-struct Row {
-    const char* tray2;
-    const char* duplex;
-    const char* tray3;
-    bool hasTray2;
-    bool hasDuplex;
-    bool hasTray3;
-};
-
 TEST_F(InstalledOptionsTest, DriversSettingsDecideWhenThePrinterIsNotAsked) {
-    constexpr Row kRows[] = {
-        {"Yes", "Yes", "Yes", true, true, true},  {"No", "Yes", "Yes", false, true, false},
-        {"Yes", "None", "N", true, false, false}, {"no", "Yes", "", true, true, false},
-        {"", "", "Yes", true, true, true},        {"N", "N", "N", false, false, false},
-    };
-    for (const Row& row : kRows) {
+    // Second tray, duplex unit, third tray; which of them there are.
+    constexpr const char* kRows[][4] = {{"Yes", "Yes", "Yes", "2D3"}, {"No", "Yes", "Yes", "D"},
+                                        {"Yes", "None", "N", "2"},    {"no", "Yes", "", "2D"},
+                                        {"", "", "Yes", "2D3"},       {"N", "N", "N", ""}};
+    for (const auto& [tray2, duplex, tray3, installed] : kRows) {
         DocumentPage page;
-        page.Setting("Tray2", row.tray2).Setting("DuplexUnit", row.duplex);
-        page.Setting("Tray3", row.tray3);
+        page.Setting("Tray2", tray2).Setting("DuplexUnit", duplex).Setting("Tray3", tray3);
         const InstalledOptions options = ReadInstalledOptions(page.Params());
-        EXPECT_EQ(options.Tray2, row.hasTray2) << row.tray2;
-        EXPECT_EQ(options.Duplex, row.hasDuplex) << row.duplex;
-        EXPECT_EQ(options.Tray3, row.hasTray3) << row.tray3;
+        EXPECT_EQ(std::string(options.Tray2 ? "2" : "") + (options.Duplex ? "D" : "") +
+                      (options.Tray3 ? "3" : ""),
+                  installed);
         // A missing second tray settles the third one unasked.
-        EXPECT_EQ(page.asked.size(), row.hasTray2 ? 3U : 2U);
+        EXPECT_EQ(page.asked.size(), options.Tray2 ? 3U : 2U);
     }
 }
 

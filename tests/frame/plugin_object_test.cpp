@@ -50,7 +50,7 @@ protected:
         EXPECT_EQ(DllCanUnloadNow(), S_OK);
     }
 
-    void ExpectFailure(HRESULT result, DWORD error) {
+    static void ExpectFailure(HRESULT result, DWORD error) {
         EXPECT_EQ(result, E_FAIL);
         EXPECT_EQ(::GetLastError(), error);
         ::SetLastError(0);
@@ -88,22 +88,26 @@ TEST_F(PluginObject, GetInfoChecksInOrder) {
     DWORD needed = 9;
     ExpectFailure(plugin_->GetInfo(OEMGI_GETSIGNATURE, &value, 4, nullptr),
                   ERROR_INVALID_PARAMETER);
-    ExpectFailure(plugin_->GetInfo(OEMGI_GETINTERFACEVERSION, &value, 4, &needed),
-                  ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(needed, 9U);
-    ExpectFailure(plugin_->GetInfo(OEMGI_GETSIGNATURE, &value, 3, &needed),
-                  ERROR_INSUFFICIENT_BUFFER);
-    ExpectFailure(plugin_->GetInfo(OEMGI_GETPUBLISHERINFO, nullptr, 4, &needed),
-                  ERROR_INSUFFICIENT_BUFFER);
-    EXPECT_EQ(needed, 4U);
-    ExpectFailure(plugin_->GetInfo(OEMGI_GETPUBLISHERINFO, &value, 4, &needed),
-                  ERROR_NOT_SUPPORTED);
-    EXPECT_EQ(needed, 0U);
+    struct Row {
+        DWORD mode;
+        UINT32* buffer;
+        DWORD size;
+        DWORD error;
+        DWORD needed;
+    };
+    const Row rows[] = {{OEMGI_GETINTERFACEVERSION, &value, 4, ERROR_INVALID_PARAMETER, 9},
+                        {OEMGI_GETSIGNATURE, &value, 3, ERROR_INSUFFICIENT_BUFFER, 4},
+                        {OEMGI_GETPUBLISHERINFO, nullptr, 4, ERROR_INSUFFICIENT_BUFFER, 4},
+                        {OEMGI_GETPUBLISHERINFO, &value, 4, ERROR_NOT_SUPPORTED, 0}};
+    for (const Row& row : rows) {
+        ExpectFailure(plugin_->GetInfo(row.mode, row.buffer, row.size, &needed), row.error);
+        EXPECT_EQ(needed, row.needed) << row.mode;
+    }
     EXPECT_EQ(plugin_->GetInfo(OEMGI_GETSIGNATURE, &value, 4, &needed), S_OK);
     EXPECT_EQ(value, oemui::Model().Signature);
+    EXPECT_EQ(needed, 4U);
     EXPECT_EQ(plugin_->GetInfo(OEMGI_GETVERSION, &value, 4, &needed), S_OK);
     EXPECT_EQ(value, 1U);
-    EXPECT_EQ(needed, 4U);
 }
 
 TEST_F(PluginObject, DriverInterfaceIsAskedForUntilItIsHeldAndGivenBack) {
@@ -133,16 +137,15 @@ TEST_F(PluginObject, PropertySheetEntriesAnswerByReason) {
         {PROPSHEETUI_REASON_DESTROY, nullptr, 1},  {PROPSHEETUI_REASON_SET_RESULT, &result, 77},
         {PROPSHEETUI_REASON_GET_ICON, nullptr, 0}, {5, nullptr, 9}};
     for (const Answer& answer : answers) {
-        PROPSHEETUI_INFO sheet = {};
-        sheet.Version = PROPSHEETUI_INFO_VERSION;
-        sheet.Reason = answer.reason;
-        sheet.Result = 9;
-        const auto parameter = reinterpret_cast<LPARAM>(answer.parameter);
-        EXPECT_EQ(plugin_->DocumentPropertySheets(&sheet, parameter), S_OK);
-        EXPECT_EQ(sheet.Result, answer.result) << answer.reason;
-        sheet.Result = 9;
-        EXPECT_EQ(plugin_->DevicePropertySheets(&sheet, parameter), S_OK);
-        EXPECT_EQ(sheet.Result, answer.result) << answer.reason;
+        for (const auto entry :
+             {&IPrintOemUI::DocumentPropertySheets, &IPrintOemUI::DevicePropertySheets}) {
+            PROPSHEETUI_INFO sheet = {};
+            sheet.Version = PROPSHEETUI_INFO_VERSION;
+            sheet.Reason = answer.reason;
+            sheet.Result = 9;
+            EXPECT_EQ((plugin_->*entry)(&sheet, reinterpret_cast<LPARAM>(answer.parameter)), S_OK);
+            EXPECT_EQ(sheet.Result, answer.result) << answer.reason;
+        }
     }
     EXPECT_EQ(tests::Narrow(header.pTitle), "OEM UI Page");
     PROPSHEETUI_INFO newer = {};

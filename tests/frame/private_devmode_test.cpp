@@ -13,7 +13,6 @@ using oemui::PrivateDevmode;
 namespace {
 
 constexpr DWORD kBlockSize = 348;
-constexpr DWORD kForeignSignature = 0x51565255;
 
 PrivateDevmode FilledWith(int byte) {
     PrivateDevmode block;
@@ -83,42 +82,37 @@ TEST_F(DevMode, ConvertTakesAsMuchAsBothHeadersClaim) {
 }
 
 TEST_F(DevMode, BlockOfAnotherModelGivesDefaultsOnly) {
-    for (const DWORD mode : {DWORD{OEMDM_CONVERT}, DWORD{OEMDM_MERGE}}) {
+    for (const int mode : {OEMDM_CONVERT, OEMDM_MERGE}) {
         PrivateDevmode in = BlockOf(kBlockSize, 0x11);
-        in.Header.dwSignature = kForeignSignature;
+        in.Header.dwSignature = 0x51565255;
         PrivateDevmode out = BlockOf(200, 0x22);
         PrivateDevmode expected = out;
         expected.Header = {kBlockSize, Model().Signature, 1};
         expected.CappedLevel = 86;
         expected.Scaling = 100;
-        EXPECT_EQ(Handle(mode, &in, &out), S_OK);
+        EXPECT_EQ(Handle(static_cast<DWORD>(mode), &in, &out), S_OK);
         EXPECT_TRUE(SameFrom(0, out, expected));
     }
 }
 
 TEST_F(DevMode, OnlyMergeCorrectsRanges) {
-    struct Correction {
-        UINT32 scaling;
-        INT32 level;
-        UINT32 mergedScaling;
-        INT32 mergedLevel;
-    };
-    constexpr Correction kCorrections[] = {
-        {19, 100, 100, 100}, {20, 101, 20, 86},
-        {200, -5, 200, -5},  {201, INT_MIN, 100, INT_MIN},
-        {500, 0, 100, 0},    {static_cast<UINT32>(-30), INT_MAX, 100, 86},
-    };
-    for (const Correction& correction : kCorrections) {
+    // Scaling and level; both as merged.
+    constexpr int kRows[][4] = {{19, 100, 100, 100},
+                                {20, 101, 20, 86},
+                                {200, -5, 200, -5},
+                                {201, INT_MIN, 100, INT_MIN},
+                                {-30, INT_MAX, 100, 86}};
+    for (const auto& [scaling, level, mergedScaling, mergedLevel] : kRows) {
         PrivateDevmode in = BlockOf(kBlockSize, 0);
-        in.Scaling = correction.scaling;
-        in.CappedLevel = correction.level;
+        in.Scaling = static_cast<UINT32>(scaling);
+        in.CappedLevel = level;
         PrivateDevmode out = BlockOf(kBlockSize, 0);
         EXPECT_EQ(Handle(OEMDM_CONVERT, &in, &out), S_OK);
-        EXPECT_EQ(out.Scaling, correction.scaling);
-        EXPECT_EQ(out.CappedLevel, correction.level);
+        EXPECT_EQ(out.Scaling, in.Scaling);
+        EXPECT_EQ(out.CappedLevel, level);
         EXPECT_EQ(Handle(OEMDM_MERGE, &in, &out), S_OK);
-        EXPECT_EQ(out.Scaling, correction.mergedScaling);
-        EXPECT_EQ(out.CappedLevel, correction.mergedLevel);
+        EXPECT_EQ(out.Scaling, static_cast<UINT32>(mergedScaling));
+        EXPECT_EQ(out.CappedLevel, mergedLevel);
     }
 }
 

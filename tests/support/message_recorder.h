@@ -1,9 +1,11 @@
-/// Sees the message boxes that the plug-in shows, and answers them.
+/// Sees the message boxes that the plug-in shows, and answers them; through the layer only.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
+
+#include "platform/base/machine.h"
+#include "platform/testing/user.h"
 
 namespace tests {
 
@@ -14,23 +16,21 @@ struct ShownMessage {
     bool operator==(const ShownMessage&) const = default;
 };
 
-/// Answers message boxes for as long as it lives, and keeps what they said. An answer is due for
-/// every box that asks a question; boxes with OK alone need none.
-class MessageRecorder {
+/// Answers message boxes with OK for as long as it lives, and keeps what they said.
+class MessageRecorder : platform::User {
 public:
-    /// \param answers  button IDs (IDOK, IDYES...), one per box, in order; IDOK when they run out.
-    explicit MessageRecorder(std::vector<int> answers = {});
-    ~MessageRecorder();
-    MessageRecorder(const MessageRecorder&) = delete;
-    MessageRecorder& operator=(const MessageRecorder&) = delete;
-
-    /// The texts of the boxes shown so far, in order.
-    std::vector<std::string> Texts() const;
-    const std::vector<ShownMessage>& Messages() const;
+    const std::vector<ShownMessage>& Messages() const { return messages_; }
 
 private:
-    class Listener;
-    std::unique_ptr<Listener> listener_;
+    int AnswerMessageBox(const platform::MessageBoxRequest& request) override {
+        messages_.push_back({platform::Utf8(request.text), platform::Utf8(request.caption)});
+        return IDOK;
+    }
+    void WorkInDialog(HWND /*dialog*/) override {}
+    void ReadHelp(const platform::HelpRequest& /*request*/) override {}
+
+    std::vector<ShownMessage> messages_;
+    platform::UserScope scope_{*this};
 };
 
 }  // namespace tests

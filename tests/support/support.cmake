@@ -12,8 +12,6 @@ target_link_libraries(oemui_test_support PUBLIC oemui_platform_api GTest::gtest 
 if(WIN32)
   target_sources(oemui_test_support PRIVATE ${CMAKE_CURRENT_LIST_DIR}/test_machine_windows.cpp)
 else()
-  target_sources(oemui_test_support PRIVATE
-    ${CMAKE_CURRENT_LIST_DIR}/test_machine_layer.cpp
-    ${CMAKE_CURRENT_LIST_DIR}/message_recorder_layer.cpp)
+  target_sources(oemui_test_support PRIVATE ${CMAKE_CURRENT_LIST_DIR}/test_machine_layer.cpp)
   target_link_libraries(oemui_test_support PUBLIC platform)
 endif()

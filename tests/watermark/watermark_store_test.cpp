@@ -13,17 +13,6 @@ namespace {
 
 constexpr LPCWSTR kValueName = TEXT("WaterMarkList");
 
-class WatermarkStore : public tests::PluginTest {
-protected:
-    DWORD Read(WatermarkList* list) {
-        std::memset(static_cast<void*>(list), 0x5A, sizeof *list);
-        const UniquePrinter handle = OpenPrinterFor(printer_.Name().c_str(), PRINTER_ACCESS_USE);
-        return ReadPrinterWatermarkList(handle.Get(), list);
-    }
-
-    tests::TestPrinter printer_{TEXT("Store Test")};
-};
-
 /// A full list, terminated where it must be and odd everywhere else.
 WatermarkList FullList() {
     WatermarkList list;
@@ -38,46 +27,40 @@ std::string BytesOf(const WatermarkList& list) {
     return {reinterpret_cast<const char*>(&list), sizeof list};
 }
 
-TEST_F(WatermarkStore, WhatIsWrittenIsReadByteForByte) {
-    const WatermarkList written = FullList();
-    WritePrinterWatermarkList(printer_.Name().c_str(), written, IDS_LIST_NOT_STORED);
-    EXPECT_EQ(printer_.StoredValue(kValueName), BytesOf(written));
-    WatermarkList read;
-    EXPECT_EQ(Read(&read), static_cast<DWORD>(ERROR_SUCCESS));
-    EXPECT_EQ(BytesOf(read), BytesOf(written));
-}
+class WatermarkStore : public tests::PluginTest {
+protected:
+    /// Reads over old bytes. What is not stored must come as zeros.
+    void ExpectRead(DWORD result, std::string bytes) {
+        WatermarkList list;
+        std::memset(static_cast<void*>(&list), 0x5A, sizeof list);
+        const UniquePrinter handle = OpenPrinterFor(printer_.Name().c_str(), PRINTER_ACCESS_USE);
+        EXPECT_EQ(ReadPrinterWatermarkList(handle.Get(), &list), result);
+        bytes.resize(sizeof list, '\0');
+        EXPECT_EQ(BytesOf(list), bytes);
+    }
 
-TEST_F(WatermarkStore, ShortValuesAreFilledWithZerosAndLongOnesFail) {
-    const WatermarkList full = FullList();
-    for (const std::size_t size : {0U, 1U, 4U, 8U, 16U, 100U, 315U, 316U, 4815U, 4816U}) {
+    tests::TestPrinter printer_{TEXT("Store Test")};
+};
+
+TEST_F(WatermarkStore, ListsAreReadByteForByteAndRefusedWhenDamaged) {
+    ExpectRead(ERROR_FILE_NOT_FOUND, "");
+    const std::string full = BytesOf(FullList());
+    WritePrinterWatermarkList(printer_.Name().c_str(), FullList(), IDS_LIST_NOT_STORED);
+    EXPECT_EQ(printer_.StoredValue(kValueName), full);
+    ExpectRead(ERROR_SUCCESS, full);
+    for (const std::size_t size : {0U, 1U, 8U, 16U, 315U, 4815U}) {
         SCOPED_TRACE(size);
-        std::string stored = BytesOf(full).substr(0, size);
-        printer_.StoreValue(kValueName, stored);
-        WatermarkList read;
-        EXPECT_EQ(Read(&read), static_cast<DWORD>(ERROR_SUCCESS));
-        stored.resize(sizeof full, '\0');
-        WatermarkList expected;
-        std::memcpy(static_cast<void*>(&expected), stored.data(), sizeof expected);
-        EXPECT_EQ(BytesOf(read), BytesOf(expected));
+        printer_.StoreValue(kValueName, full.substr(0, size));
+        ExpectRead(ERROR_SUCCESS, full.substr(0, size));
     }
-    for (const std::size_t size : {4817U, 5000U}) {
-        printer_.StoreValue(kValueName, std::string(size, 'A'));
-        WatermarkList read;
-        EXPECT_EQ(Read(&read), static_cast<DWORD>(ERROR_MORE_DATA));
-        EXPECT_EQ(BytesOf(read), std::string(sizeof read, '\0'));
-    }
-}
-
-TEST_F(WatermarkStore, MissingOrDamagedListsReadAsFailedAndEmpty) {
-    WatermarkList read;
-    EXPECT_NE(Read(&read), static_cast<DWORD>(ERROR_SUCCESS));
-    EXPECT_EQ(BytesOf(read), std::string(sizeof read, '\0'));
+    printer_.StoreValue(kValueName, full + 'A');
+    ExpectRead(ERROR_MORE_DATA, "");
     for (const INT32 count : {-1, 17, INT_MAX, INT_MIN}) {
+        SCOPED_TRACE(count);
         WatermarkList damaged = FullList();
         damaged.Count = count;
         printer_.StoreValue(kValueName, BytesOf(damaged));
-        EXPECT_EQ(Read(&read), static_cast<DWORD>(ERROR_INVALID_DATA)) << count;
-        EXPECT_EQ(BytesOf(read), std::string(sizeof read, '\0'));
+        ExpectRead(ERROR_INVALID_DATA, "");
     }
 }
 
