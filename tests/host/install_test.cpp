@@ -1,4 +1,6 @@
 // Installing, listing and removing, as the spooler and a person see it.
+#include <windows.h>
+
 #include <chrono>
 #include <fstream>
 #include <iterator>
@@ -23,11 +25,35 @@ TEST_F(Installation, ListsThePrinterWithWhatTheEventWrote) {
     const nlohmann::json printers = Do({"list", "--json"}).Json();
     ASSERT_EQ(printers.size(), 1u);
     EXPECT_EQ(printers[0]["name"], "Office");
+    EXPECT_EQ(printers[0]["model"], "T");
     EXPECT_EQ(printers[0]["port"], "USB001");
+    EXPECT_EQ(printers[0]["bidi"], true);
     EXPECT_EQ(printers[0]["printProcessor"], "QVRT__PP");
     EXPECT_EQ(printers[0]["driverData"]["EAIDCDisable"], 1);
     EXPECT_NE(Do({"list"}).out.find("print processor  QVRT__PP"), std::string::npos);
     EXPECT_EQ(Do({"profile", "Office"}).out, "OEMPROFILE.icm (flags 2)\n");
+}
+
+TEST_F(Installation, KeepsTheUninstallerFromAPendingDeletion) {
+    platform::UseMachine(machine_);
+    std::u16string pending(u"C:\\Windows\\System32\\UNINST.EXE\0\0\0", 33);
+    const auto size = static_cast<DWORD>(pending.size() * sizeof(WCHAR));
+    HKEY key = nullptr;
+    const LPCWSTR path = u"System\\CurrentControlSet\\Control\\Session Manager";
+    const LPCWSTR name = u"PendingFileRenameOperations";
+    ::RegCreateKeyExW(HKEY_LOCAL_MACHINE, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
+                      nullptr);
+    ::RegSetValueExW(key, name, 0, REG_MULTI_SZ, reinterpret_cast<const BYTE*>(pending.data()),
+                     size);
+    Install("Office", "T");
+    DWORD type = 0;
+    DWORD storedSize = size;
+    std::u16string stored(pending.size(), u'#');
+    ::RegQueryValueExW(key, name, nullptr, &type, reinterpret_cast<BYTE*>(stored.data()),
+                       &storedSize);
+    ::RegCloseKey(key);
+    pending.replace(pending.find(u".EXE") + 1, 1, u"_");
+    EXPECT_TRUE(stored == pending && storedSize == size && type == REG_MULTI_SZ);
 }
 
 TEST_F(Installation, RegistersPortsOfEveryKind) {
@@ -37,8 +63,10 @@ TEST_F(Installation, RegistersPortsOfEveryKind) {
         std::optional<ULONG> address;  // network byte order
     } rows[] = {
         {{"--port", "IP_127.0.0.5"}, u"IP_127.0.0.5", 0x0500007F},
+        {{"--port", "Desk", "--address", "127.0.0.6"}, u"Desk", 0x0600007F},
         {{"--port", "127.0.0.7:queue"}, u"127.0.0.7:queue", 0x0700007F},
         {{"--port", "Line", "--port-kind", "lpr", "--address", "127.0.0.8"}, u"Line", 0x0800007F},
+        {{"--port", "REGAL_127.0.0.9"}, u"REGAL_127.0.0.9", 0x0900007F},
         {{"--port", "Named", "--address", "localhost"}, u"Named", 0x0100007F},
         {{"--port", "\\\\127.0.0.9\\SMB_PRI1"}, u"\\\\127.0.0.9\\SMB_PRI1", std::nullopt},
         {{"--port", "http://127.0.0.9:631/ipp"}, u"http://127.0.0.9:631/ipp", std::nullopt},
@@ -46,6 +74,7 @@ TEST_F(Installation, RegistersPortsOfEveryKind) {
     };
     for (const auto& row : rows) {
         std::vector<std::string> command = {"install", platform::Utf8(row.port), "--model", "V"};
+        // The port's name is no name for a printer when it has backslashes or commas in it.
         command[1] = "Printer " + std::to_string(&row - rows);
         command.insert(command.end(), row.options.begin(), row.options.end());
         Do(command);
@@ -64,12 +93,18 @@ TEST_F(Installation, RefusesWhatCannotBeInstalled) {
         {{"install", "OFFICE", "--model", "U", "--port", "P"}, 1, "exists"},
         {{"install", "New", "--model", "X", "--port", "P"}, 2, "no model \"X\""},
         {{"install", "a,b", "--model", "T", "--port", "P"}, 2, "no name for a printer"},
+        {{"install", "New", "--model", "T", "--port", "P", "--port-kind", "tpcip"},
+         2,
+         "did you mean \"tcpip\"?"},
         {{"install", "New", "--model", "T", "--port", "P", "--port-kind", "lpr"},
          2,
          "needs --address"},
+        {{"install", "New", "--model", "T"}, 2, "--port is required"},
         {{"remove", "Offic"}, 1, "did you mean \"Office\"?"},
         {{"forms", "Office", "--add", "A4=210x297"}, 1, "the name is taken"},
+        {{"forms", "Office", "--add", "Tiny=0x10"}, 2, "expected Name=WIDTHxHEIGHT"},
         {{"forms", "Office", "--add", "Odd=10xten"}, 2, "expected Name=WIDTHxHEIGHT"},
+        {{"instal", "Office"}, 2, "did you mean \"install\""},
         {{}, 2, "subcommand is required"},
     };
     for (const auto& row : rows) {
@@ -85,14 +120,24 @@ TEST_F(Installation, RefusesWhatCannotBeInstalled) {
     EXPECT_EQ(Run({"install", "New", "--model", "T", "--port", "P"}).code, 1);
 }
 
+TEST_F(Installation, FormsAreListedAsTheyAreAdded) {
+    Install("Office", "T");
+    Do({"forms", "Office", "--add", "Banner=210x900"});
+    Do({"forms", "Office", "--add", "Ticket=54.5x86"});
+    const std::string forms = Do({"forms", "Office"}).out;
+    EXPECT_NE(forms.find("A4=210.0x297.0\n"), std::string::npos);
+    EXPECT_NE(forms.find("Banner=210.0x900.0 (added)\n"), std::string::npos);
+    EXPECT_NE(forms.find("Ticket=54.5x86.0 (added)\n"), std::string::npos);
+}
+
 TEST_F(Installation, RemovesPrinterAndDriver) {
     Install("Office", "T");
     Install("Second", "T");
     Install("Studio", "U");
     Do({"remove", "Office"});
     EXPECT_EQ(Do({"list", "--json"}).Json().size(), 2u);
-    EXPECT_EQ(Do({"uninstall", "--model", "t"}).out,
-              "removed Second\nuninstalled the driver of model T\n");
+    const CommandResult result = Do({"uninstall", "--model", "t"});
+    EXPECT_EQ(result.out, "removed Second\nuninstalled the driver of model T\n");
     const nlohmann::json left = Do({"list", "--json"}).Json();
     ASSERT_EQ(left.size(), 1u);
     EXPECT_EQ(left[0]["name"], "Studio");
@@ -103,6 +148,9 @@ TEST_F(Installation, RemovesPrinterAndDriver) {
     }
     EXPECT_FALSE(fs::exists(module));
     EXPECT_TRUE(fs::exists(module.parent_path() / "QVRU__UI.DLL"));
+    const std::string log = ReadFile(machine_ / "machine.log");
+    EXPECT_EQ(log.find("UNINST.EXE QVRT_UNI.INI \n"), 0u) << log;
+    EXPECT_EQ(log.rfind("UNINST.EXE QVRT_UNI.INI \n"), 0u) << log;
     EXPECT_EQ(Run({"uninstall", "--model", "T"}).code, 1);
 }
 
@@ -112,10 +160,11 @@ TEST_F(Installation, DamagedStoreIsToldAndLeftAlone) {
     const fs::path store = machine_ / "registry.sqlite";
     const std::string damage = "this is no store" + std::string(8192, 'x');
     std::ofstream(store, std::ios::binary | std::ios::trunc) << damage;
-    for (const std::vector<std::string>& command :
-         {std::vector<std::string>{"list"}, {"document", "Office", "-o", "Copies=2", "--apply"}}) {
-        const CommandResult result = Run(command);
-        EXPECT_EQ(result.code, 1);
+    for (const char* command : {"list", "document", "printer"}) {
+        const CommandResult result = std::string(command) == "list"
+                                         ? Run({command})
+                                         : Run({command, "Office", "-o", "Copies=2", "--apply"});
+        EXPECT_EQ(result.code, 1) << command;
         EXPECT_NE(result.err.find("damaged"), std::string::npos) << result.err;
     }
     EXPECT_TRUE(ReadFile(store) == damage);

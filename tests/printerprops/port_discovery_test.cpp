@@ -88,6 +88,7 @@ TEST_F(PortDiscovery, AKindFollowsFromTheMonitorThatKnowsThePortOrFromItsName) {
         {kConsumer, "Queue", PortKindNone, nullptr},
         {kConsumer, "Regal1", PortKindRegal, "10.0.0.9"},
         {kNeither, "IP_10.0.0.5", PortKindNone, nullptr},
+        {kNeither, "Own", PortKindNone, nullptr},
         {kNeither, "Regal1", PortKindRegal, "10.0.0.9"},
         {kNt, "\\\\10.1.2.3\\SMB_PRI1", PortKindShare, "10.1.2.3"},
         {kNeither, "10.1.2.3\\queue\\smb_pri1", PortKindShare, "10.1.2.3"},
@@ -101,6 +102,8 @@ TEST_F(PortDiscovery, AKindFollowsFromTheMonitorThatKnowsThePortOrFromItsName) {
         {kNt, "http://10.1.2.3/a/ipp", PortKindNone, nullptr},
         {kNt, "http://10.1.2.3/ipp.cg", PortKindNone, nullptr},
         {kNt, "http:///ipp", PortKindNone, nullptr},
+        {kNt, "http://", PortKindNone, nullptr},
+        {kNt, "USB1", PortKindNone, nullptr},
         {kNt, "", PortKindNone, nullptr},
     };
     for (const auto& row : rows) {
@@ -110,6 +113,7 @@ TEST_F(PortDiscovery, AKindFollowsFromTheMonitorThatKnowsThePortOrFromItsName) {
         if (row.address != nullptr) {
             EXPECT_EQ(AddressOf(link), row.address) << row.port;
             EXPECT_EQ(link.Address.sin_family, AF_INET);
+            EXPECT_EQ(link.Address.sin_port, 0);
         }
     }
 }
@@ -129,6 +133,7 @@ TEST_F(PortDiscovery, StoredHostsAreReadBoundedAndTyped) {
         {REG_SZ, full + TEXT("1"), 262, nullptr},
         {REG_SZ, address, 0, nullptr},
         {REG_BINARY, address, 16, nullptr},
+        {REG_DWORD, address, 4, nullptr},
     };
     for (const auto& row : rows) {
         tests::WriteRegistryValue(kRegalPorts + TEXT("\\Stored"), TEXT("IPAddress"), row.type,
@@ -151,7 +156,11 @@ TEST_F(PortDiscovery, NamesThatDoNotFitTheirBuffersMatchNothing) {
         Text host(length, TEXT('n'));
         EXPECT_FALSE(ResolveHost(host.c_str(), &address));
         tests::WriteRegistryText(kRegalPorts + TEXT("\\Long"), TEXT("IPAddress"), host);
-        EXPECT_EQ(Classify(TEXT("Long"), PlatformFamily::kNeither).Found, 0u) << length;
+        for (const Text& port : {TEXT("\\\\") + host + TEXT("\\SMB_PRI1"),
+                                 TEXT("http://") + host + TEXT("/ipp"), Text(TEXT("Long"))}) {
+            const PrinterLink link = Classify(port, PlatformFamily::kNeither);
+            EXPECT_TRUE(link.Found == 0 && link.Kind == PortKindNone) << length;
+        }
     }
     EXPECT_FALSE(ResolveHost(TEXT(""), &address));
     EXPECT_FALSE(ResolveHost(nullptr, &address));
@@ -164,11 +173,12 @@ TEST_F(PortDiscovery, NamesThatDoNotFitTheirBuffersMatchNothing) {
         tests::WriteRegistryText(key, TEXT("IPAddress"), TEXT("1.1"));
         EXPECT_EQ(Classify(port, PlatformFamily::kNt).Found, length == room ? 1u : 0u);
     }
-    for (const std::size_t length : {1u, 259u, 260u}) {
+    for (const std::size_t length : {1u, 259u, 260u, 300u}) {
         const UINT32 expected = length <= 259 ? 1 : 0;
-        const Text host(length, TEXT('1'));
-        const Text share = TEXT("\\\\") + host + TEXT("\\SMB_PRI1");
-        const Text ipp = TEXT("http://") + host + TEXT("/ipp");
+        Text share(length, TEXT('1'));
+        Text ipp = share;
+        share.insert(0, TEXT("\\\\")).append(TEXT("\\SMB_PRI1"));
+        ipp.insert(0, TEXT("http://")).append(TEXT("/ipp"));
         EXPECT_EQ(Classify(share, PlatformFamily::kNeither).Found, expected) << length;
         EXPECT_EQ(Classify(ipp, PlatformFamily::kNeither).Found, expected) << length;
     }
@@ -182,11 +192,13 @@ TEST_F(PortDiscovery, OnlyDirectKindsAreReachableWithoutBidirectionalCommunicati
         bool reachableBothWays;
     } rows[] = {
         {"USB001", PortKindUsb, false, true},
+        {"USB0012", PortKindUsb, false, true},
         {"USB01", PortKindNone, false, false},
         {"usb001", PortKindNone, false, false},
         {"Regal1", PortKindRegal, false, true},
         {"\\\\10.1.2.3\\SMB_PRI1,LPT1:", PortKindShare, true, true},
         {"http://10.1.2.3/ipp", PortKindIpp, true, true},
+        {"LPT1:", PortKindNone, false, false},
     };
     for (const auto& row : rows) {
         for (const bool isBidirectional : {false, true}) {
@@ -198,6 +210,7 @@ TEST_F(PortDiscovery, OnlyDirectKindsAreReachableWithoutBidirectionalCommunicati
                       isBidirectional ? row.reachableBothWays : row.reachableOneWay)
                 << row.port;
             EXPECT_EQ(link.Kind, row.kind) << row.port;
+            EXPECT_EQ(link.OpenCount, 0u);
         }
     }
     PrinterLink link = {
