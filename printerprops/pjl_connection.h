@@ -22,9 +22,8 @@ bool SendToPrinter(PrinterLink* link, const char* bytes, DWORD length, DWORD* se
 
 /// Receives once.
 /// \param received  bytes brought; 0 when the socket would have blocked or the link has no host.
-/// \param lastError  the error when receiving fails, would-block included; left as it was
-/// otherwise:
-///                   a connection that the printer closes in good order is no error.
+/// \param lastError  the error when receiving fails, would-block included. Otherwise it stays as it
+///                   was: a connection that the printer closes in good order is no error.
 /// \return false when the connection broke or the printer closed it.
 bool ReceiveFromPrinter(PrinterLink* link, char* buffer, DWORD size, DWORD* received,
                         int* lastError);

@@ -268,11 +268,9 @@ TEST_F(DialogTest, ListsKeepSelectionAndValuesWithTheirItems) {
         EXPECT_EQ(Ask(dialog, SORTED, CB_GETCURSEL), CB_ERR);
         EXPECT_EQ(TextOf(dialog, SORTED), u"");
         EXPECT_EQ(Ask(dialog, SORTED, CB_SETCURSEL, 2), CB_ERR) << "beyond the last";
-        for (const int message :
-             {CB_GETITEMDATA, CB_SETITEMDATA, CB_GETLBTEXTLEN, CB_DELETESTRING}) {
-            EXPECT_EQ(Ask(dialog, SORTED, static_cast<UINT>(message), static_cast<WPARAM>(-1)),
-                      CB_ERR)
-                << message;
+        for (const UINT message : std::initializer_list<UINT>{CB_GETITEMDATA, CB_SETITEMDATA,
+                                                              CB_GETLBTEXTLEN, CB_DELETESTRING}) {
+            EXPECT_EQ(Ask(dialog, SORTED, message, static_cast<WPARAM>(-1)), CB_ERR) << message;
         }
         const LRESULT width = Ask(dialog, LIST, CB_GETDROPPEDWIDTH);
         EXPECT_EQ(Ask(dialog, LIST, CB_SETDROPPEDWIDTH, 30), width) << "not below its own";
