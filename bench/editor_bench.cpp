@@ -10,9 +10,9 @@
 #include <string>
 
 #include "bench/limits.h"
+#include "common/model_identity.h"
 #include "common/page_state.h"
 #include "common/plugin_module.h"
-#include "frame/model_identity.h"
 #include "platform/base/accounting.h"
 #include "platform/gui/application.h"
 #include "resources/resource_ids.h"

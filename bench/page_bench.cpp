@@ -6,11 +6,11 @@
 #include <winspool.h>
 
 #include "bench/limits.h"
+#include "common/model_identity.h"
 #include "common/page_state.h"
 #include "common/plugin_module.h"
 #include "common/unique_handle.h"
 #include "docprops/document_items.h"
-#include "frame/model_identity.h"
 #include "host/devmode.h"
 #include "host/document_page_items.h"
 #include "host/models.h"

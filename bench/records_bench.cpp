@@ -7,7 +7,7 @@
 #include <string>
 
 #include "bench/limits.h"
-#include "frame/private_devmode.h"
+#include "devmode/private_devmode.h"
 #include "printerprops/pjl_query.h"
 #include "watermark/watermark_codec.h"
 

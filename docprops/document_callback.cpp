@@ -5,12 +5,12 @@
 #include <memory>
 #include <new>
 
+#include "common/model_identity.h"
 #include "common/page_records.h"
 #include "common/page_state.h"
 #include "docprops/document_items.h"
 #include "docprops/page_settings.h"
 #include "docprops/paper_constraints.h"
-#include "frame/model_identity.h"
 #include "resources/resource_ids.h"
 #include "watermark/watermark_store.h"
 #include "wmeditor/editor_dialog.h"

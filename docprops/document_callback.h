@@ -2,7 +2,7 @@
 #pragma once
 
 #include "common/oem_driver_interface.h"
-#include "frame/private_devmode.h"
+#include "devmode/private_devmode.h"
 
 namespace oemui {
 

@@ -1,6 +1,7 @@
 #include "docprops/document_items.h"
 
 #include "common/driver_info.h"
+#include "common/model_identity.h"
 #include "common/page_records.h"
 #include "common/page_state.h"
 #include "common/unique_handle.h"
@@ -8,7 +9,6 @@
 #include "docprops/installed_options.h"
 #include "docprops/page_settings.h"
 #include "docprops/paper_constraints.h"
-#include "frame/model_identity.h"
 #include "resources/resource_ids.h"
 #include "watermark/default_watermarks.h"
 #include "watermark/watermark_store.h"

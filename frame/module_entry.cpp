@@ -2,9 +2,9 @@
 
 #include <new>
 
+#include "common/model_identity.h"
 #include "common/plugin_module.h"
 #include "frame/class_factory.h"
-#include "frame/model_identity.h"
 #include "frame/module_counters.h"
 
 // Every reason records the handle again; no reason makes the load fail.

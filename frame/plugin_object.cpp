@@ -2,10 +2,10 @@
 
 #include <cstring>
 
+#include "common/model_identity.h"
+#include "devmode/private_devmode.h"
 #include "docprops/document_items.h"
-#include "frame/model_identity.h"
 #include "frame/module_counters.h"
-#include "frame/private_devmode.h"
 #include "install/driver_event.h"
 #include "install/printer_event.h"
 #include "printerprops/printer_items.h"

@@ -1,6 +1,6 @@
 // A private devmode block of any length and content: merging it leaves a valid one.
 
-#include "frame/private_devmode.h"
+#include "devmode/private_devmode.h"
 #include "fuzz/fuzz_text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) {

@@ -5,11 +5,11 @@
 #include <filesystem>
 #include <iterator>
 
+#include "common/model_identity.h"
 #include "common/plugin_module.h"
+#include "devmode/private_devmode.h"
 #include "docprops/document_callback.h"
 #include "docprops/document_items.h"
-#include "frame/model_identity.h"
-#include "frame/private_devmode.h"
 #include "fuzz/fuzz_text.h"
 #include "platform/base/accounting.h"
 #include "platform/base/machine.h"

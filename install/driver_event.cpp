@@ -3,9 +3,9 @@
 #include <cstring>
 
 #include "common/join_text.h"
+#include "common/model_identity.h"
 #include "common/oem_driver_interface.h"
 #include "common/unique_handle.h"
-#include "frame/model_identity.h"
 #include "install/uninstaller_setting.h"
 
 namespace oemui {

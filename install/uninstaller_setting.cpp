@@ -1,6 +1,6 @@
 #include "install/uninstaller_setting.h"
 
-#include "frame/model_identity.h"
+#include "common/model_identity.h"
 
 namespace oemui {
 

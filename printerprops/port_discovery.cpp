@@ -1,9 +1,9 @@
 #include "printerprops/port_discovery.h"
 
 #include "common/join_text.h"
+#include "common/model_identity.h"
 #include "common/printer_info.h"
 #include "common/unique_handle.h"
-#include "frame/model_identity.h"
 #include "printerprops/socket_library.h"
 
 namespace oemui {

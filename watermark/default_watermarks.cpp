@@ -3,9 +3,9 @@
 #include <cmath>
 #include <iterator>
 
+#include "common/model_identity.h"
 #include "common/page_state.h"
 #include "common/unique_handle.h"
-#include "frame/model_identity.h"
 #include "resources/resource_ids.h"
 #include "watermark/watermark_codec.h"
 #include "watermark/watermark_store.h"

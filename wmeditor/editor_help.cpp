@@ -5,9 +5,9 @@
 
 #include "common/driver_info.h"
 #include "common/join_text.h"
+#include "common/model_identity.h"
 #include "common/page_state.h"
 #include "common/unique_handle.h"
-#include "frame/model_identity.h"
 #include "resources/resource_ids.h"
 
 namespace oemui {

@@ -1,8 +1,8 @@
 #include <array>
 #include <thread>
 
+#include "common/model_identity.h"
 #include "common/oem_driver_interface.h"
-#include "frame/model_identity.h"
 #include "tests/support/plugin_fixture.h"
 
 namespace {

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "common/model_identity.h"
 #include "docprops/document_callback.h"
-#include "frame/model_identity.h"
 #include "tests/support/plugin_fixture.h"
 
 namespace tests {

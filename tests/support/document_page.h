@@ -10,8 +10,8 @@
 
 #include "common/oem_driver_interface.h"
 #include "common/unique_handle.h"
+#include "devmode/private_devmode.h"
 #include "docprops/document_items.h"
-#include "frame/private_devmode.h"
 
 namespace tests {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <fstream>
 
+#include "common/model_identity.h"
 #include "common/page_state.h"
 #include "common/plugin_module.h"
-#include "frame/model_identity.h"
 #include "tests/support/test_machine.h"
 
 namespace tests {

@@ -1,4 +1,4 @@
-#include "frame/model_identity.h"
+#include "common/model_identity.h"
 
 #include <iterator>
 

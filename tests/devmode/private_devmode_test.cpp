@@ -1,9 +1,9 @@
-#include "frame/private_devmode.h"
+#include "devmode/private_devmode.h"
 
 #include <array>
 #include <cstring>
 
-#include "frame/model_identity.h"
+#include "common/model_identity.h"
 #include "tests/support/plugin_fixture.h"
 
 using oemui::HandleDevMode;

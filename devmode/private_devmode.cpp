@@ -1,9 +1,9 @@
-#include "frame/private_devmode.h"
+#include "devmode/private_devmode.h"
 
 #include <algorithm>
 #include <cstring>
 
-#include "frame/model_identity.h"
+#include "common/model_identity.h"
 
 namespace oemui {
 namespace {
