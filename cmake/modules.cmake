@@ -15,8 +15,8 @@ endfunction()
 
 # Links the glue and a compiled resource file into a module or a test program.
 function(oemui_embed_resources target resources)
-  target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/platform/module/module_glue.cpp ${resources})
-  set_property(SOURCE ${PROJECT_SOURCE_DIR}/platform/module/module_glue.cpp
+  target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/platform/modules/module_glue.cpp ${resources})
+  set_property(SOURCE ${PROJECT_SOURCE_DIR}/platform/modules/module_glue.cpp
     TARGET_DIRECTORY ${target} APPEND PROPERTY OBJECT_DEPENDS ${resources})
   target_compile_definitions(${target} PRIVATE MODULE_RESOURCES="${resources}")
   target_link_libraries(${target} PRIVATE platform oemui_warnings)

@@ -11,9 +11,9 @@
 #include "docprops/document_callback.h"
 #include "docprops/document_items.h"
 #include "fuzz/fuzz_text.h"
-#include "platform/base/accounting.h"
 #include "platform/base/machine.h"
-#include "platform/testing/user.h"
+#include "platform/faults/live_objects.h"
+#include "platform/user/user.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include "host/failure.h"
 #include "host/suggestions.h"
 #include "platform/base/machine.h"
-#include "platform/testing/user.h"
+#include "platform/user/user.h"
 #include "resources/resource_ids.h"
 
 namespace host {

@@ -5,7 +5,7 @@
 #include <iosfwd>
 
 #include "host/edit_script.h"
-#include "platform/testing/user.h"
+#include "platform/user/user.h"
 
 namespace host {
 

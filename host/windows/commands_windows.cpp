@@ -8,7 +8,7 @@
 #include "host/windows/page_pictures.h"
 #include "host/windows/page_window.h"
 #include "host/windows/property_sheet.h"
-#include "platform/gui/application.h"
+#include "platform/gui/windows/application.h"
 
 namespace host {
 

@@ -18,11 +18,11 @@
 #include "host/terminal_user.h"
 #include "host/windows/property_sheet.h"
 #include "platform/base/machine.h"
-#include "platform/gui/application.h"
-#include "platform/gui/help_viewer.h"
-#include "platform/gui/message_box.h"
-#include "platform/gui/picture.h"
-#include "platform/testing/failure_points.h"
+#include "platform/faults/failure_points.h"
+#include "platform/gui/dialogs/message_box.h"
+#include "platform/gui/help/help_viewer.h"
+#include "platform/gui/windows/application.h"
+#include "platform/gui/windows/picture.h"
 
 namespace host {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "host/failure.h"
 #include "platform/base/machine.h"
-#include "platform/testing/user.h"
+#include "platform/user/user.h"
 
 namespace host {
 namespace {

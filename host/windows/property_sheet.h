@@ -13,7 +13,7 @@
 #include "host/page_session.h"
 #include "host/windows/item_panel.h"
 #include "host/windows/item_tree_view.h"
-#include "platform/gui/owner_window.h"
+#include "platform/gui/windows/owner_window.h"
 
 namespace host {
 

@@ -1,4 +1,4 @@
-#include "platform/testing/clock.h"
+#include "platform/base/clock.h"
 
 #include <winbase.h>
 

@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "platform/base/accounting.h"
+#include "platform/faults/live_objects.h"
 
 namespace platform {
 

@@ -9,9 +9,9 @@
 #include <cstring>
 #include <unordered_map>
 
-#include "platform/base/accounting.h"
 #include "platform/base/handles.h"
-#include "platform/testing/failure_points.h"
+#include "platform/faults/failure_points.h"
+#include "platform/faults/live_objects.h"
 
 namespace {
 

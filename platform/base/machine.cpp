@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "platform/base/paths.h"
-#include "platform/base/text_encoding.h"
 #include "platform/registry/registry_store.h"
+#include "platform/text/text_encoding.h"
 
 namespace platform {
 namespace {

@@ -6,8 +6,8 @@
 #include <mutex>
 #include <string_view>
 
-#include "platform/testing/failure_points.h"
-#include "platform/testing/system_version.h"
+#include "platform/base/version.h"
+#include "platform/faults/failure_points.h"
 
 namespace platform {
 namespace {

@@ -1,8 +1,8 @@
 #include "platform/gui/windows_user.h"
 
-#include "platform/gui/dialog.h"
-#include "platform/gui/help_viewer.h"
-#include "platform/gui/message_box.h"
+#include "platform/gui/dialogs/dialog.h"
+#include "platform/gui/dialogs/message_box.h"
+#include "platform/gui/help/help_viewer.h"
 
 namespace platform {
 namespace {

@@ -1,7 +1,7 @@
 /// The user in front of the screen.
 #pragma once
 
-#include "platform/testing/user.h"
+#include "platform/user/user.h"
 
 namespace platform {
 

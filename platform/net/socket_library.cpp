@@ -10,11 +10,11 @@
 #include <utility>
 #include <vector>
 
-#include "platform/base/accounting.h"
 #include "platform/base/handles.h"
+#include "platform/faults/failure_points.h"
+#include "platform/faults/live_objects.h"
 #include "platform/net/host_names.h"
 #include "platform/net/posix_sockets.h"
-#include "platform/testing/failure_points.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 #include <string_view>
 
 #include "platform/base/machine.h"
-#include "platform/base/text_encoding.h"
-#include "platform/testing/failure_points.h"
+#include "platform/faults/failure_points.h"
+#include "platform/text/text_encoding.h"
 
 namespace {
 

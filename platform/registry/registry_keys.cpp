@@ -11,8 +11,8 @@
 #include <string_view>
 
 #include "platform/base/handles.h"
+#include "platform/faults/failure_points.h"
 #include "platform/registry/registry_store.h"
-#include "platform/testing/failure_points.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <mutex>
 
 #include "platform/base/machine.h"
-#include "platform/base/text_encoding.h"
 #include "platform/registry/sqlite_connection.h"
+#include "platform/text/text_encoding.h"
 
 namespace platform {
 namespace {

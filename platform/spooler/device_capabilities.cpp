@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/faults/failure_points.h"
 #include "platform/spooler/forms.h"
 #include "platform/spooler/printer_record.h"
 #include "platform/spooler/record_buffer.h"
-#include "platform/testing/failure_points.h"
 
 namespace {
 

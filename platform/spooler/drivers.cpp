@@ -5,11 +5,11 @@
 #include <array>
 #include <string>
 
+#include "platform/faults/failure_points.h"
 #include "platform/spooler/print_keys.h"
 #include "platform/spooler/printer_handles.h"
 #include "platform/spooler/printer_record.h"
 #include "platform/spooler/record_buffer.h"
-#include "platform/testing/failure_points.h"
 
 namespace platform::spooler {
 namespace {

@@ -8,10 +8,10 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/faults/failure_points.h"
 #include "platform/spooler/print_keys.h"
 #include "platform/spooler/printer_handles.h"
 #include "platform/spooler/record_buffer.h"
-#include "platform/testing/failure_points.h"
 
 namespace platform::spooler {
 namespace {

@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
+#include "platform/faults/failure_points.h"
 #include "platform/spooler/drivers.h"
 #include "platform/spooler/print_keys.h"
 #include "platform/spooler/record_buffer.h"
-#include "platform/testing/failure_points.h"
 
 namespace platform::spooler {
 namespace {

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
+#include "platform/faults/failure_points.h"
 #include "platform/spooler/port_monitor.h"
 #include "platform/spooler/print_keys.h"
 #include "platform/spooler/printer_handles.h"
 #include "platform/spooler/printer_record.h"
-#include "platform/testing/failure_points.h"
 
 namespace {
 

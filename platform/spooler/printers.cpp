@@ -1,6 +1,7 @@
 // Opening, reading, writing, adding and removing printers.
 #include <winspool.h>
 
+#include "platform/faults/failure_points.h"
 #include "platform/spooler/drivers.h"
 #include "platform/spooler/print_keys.h"
 #include "platform/spooler/print_processors.h"
@@ -8,7 +9,6 @@
 #include "platform/spooler/printer_handles.h"
 #include "platform/spooler/printer_record.h"
 #include "platform/spooler/record_buffer.h"
-#include "platform/testing/failure_points.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "platform/testing/failure_points.h"
+#include "platform/faults/failure_points.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {

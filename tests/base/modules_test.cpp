@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "platform/base/resources.h"
-#include "platform/testing/failure_points.h"
+#include "platform/faults/failure_points.h"
+#include "platform/modules/resources.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <csignal>
 #include <thread>
 
-#include "platform/testing/failure_points.h"
+#include "platform/faults/failure_points.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {

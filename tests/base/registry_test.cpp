@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/testing/failure_points.h"
+#include "platform/faults/failure_points.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {

@@ -2,9 +2,9 @@
 
 #include <cstring>
 
-#include "platform/testing/clock.h"
-#include "platform/testing/failure_points.h"
-#include "platform/testing/system_version.h"
+#include "platform/base/clock.h"
+#include "platform/base/version.h"
+#include "platform/faults/failure_points.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {

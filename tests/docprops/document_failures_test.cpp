@@ -1,7 +1,7 @@
 #include <climits>
 
-#include "platform/base/accounting.h"
-#include "platform/testing/failure_points.h"
+#include "platform/faults/failure_points.h"
+#include "platform/faults/live_objects.h"
 #include "tests/support/document_page.h"
 #include "tests/support/message_recorder.h"
 #include "tests/support/plugin_fixture.h"

@@ -12,16 +12,16 @@
 #include <chrono>
 #include <functional>
 
-#include "platform/base/accounting.h"
 #include "platform/base/machine.h"
-#include "platform/base/resources.h"
-#include "platform/gui/dialog.h"
-#include "platform/gui/dialog_template.h"
-#include "platform/gui/message_box.h"
-#include "platform/gui/picture.h"
-#include "platform/testing/failure_points.h"
-#include "platform/testing/scripted_user.h"
+#include "platform/faults/failure_points.h"
+#include "platform/faults/live_objects.h"
+#include "platform/gui/dialogs/dialog.h"
+#include "platform/gui/dialogs/message_box.h"
+#include "platform/gui/templates/dialog_template.h"
+#include "platform/gui/windows/picture.h"
+#include "platform/modules/resources.h"
 #include "resources/resource_ids.h"
+#include "tests/support/scripted_user.h"
 
 namespace {
 

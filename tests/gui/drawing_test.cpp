@@ -8,11 +8,11 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/base/accounting.h"
-#include "platform/gui/application.h"
-#include "platform/gui/device_context.h"
-#include "platform/gui/window.h"
-#include "platform/testing/failure_points.h"
+#include "platform/faults/failure_points.h"
+#include "platform/faults/live_objects.h"
+#include "platform/gui/drawing/device_context.h"
+#include "platform/gui/windows/application.h"
+#include "platform/gui/windows/window.h"
 #include "tests/support/machine_fixture.h"
 #include "tests/support/test_printer.h"
 

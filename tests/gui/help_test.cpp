@@ -12,11 +12,11 @@
 #include <utility>
 #include <vector>
 
-#include "platform/gui/application.h"
-#include "platform/gui/help_file.h"
-#include "platform/gui/help_viewer.h"
-#include "platform/testing/failure_points.h"
-#include "platform/testing/user.h"
+#include "platform/faults/failure_points.h"
+#include "platform/gui/help/help_file.h"
+#include "platform/gui/help/help_viewer.h"
+#include "platform/gui/windows/application.h"
+#include "platform/user/user.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {

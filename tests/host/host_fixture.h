@@ -14,8 +14,8 @@
 #include "host/commands.h"
 #include "host/failure.h"
 #include "host/played_printer.h"
-#include "platform/base/accounting.h"
 #include "platform/base/machine.h"
+#include "platform/faults/live_objects.h"
 
 namespace host {
 

@@ -11,11 +11,11 @@
 
 #include "host/item_settings.h"
 #include "host/windows/property_sheet.h"
-#include "platform/gui/application.h"
-#include "platform/testing/failure_points.h"
-#include "platform/testing/scripted_user.h"
+#include "platform/faults/failure_points.h"
+#include "platform/gui/windows/application.h"
 #include "resources/resource_ids.h"
 #include "tests/host/host_fixture.h"
+#include "tests/support/scripted_user.h"
 
 namespace host {
 namespace {

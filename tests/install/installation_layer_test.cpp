@@ -1,9 +1,9 @@
 // What needs the layer's machine: its print processors, its programs and its failure points.
 #include <winspool.h>
 
-#include <platform/base/accounting.h>
 #include <platform/base/machine.h>
-#include <platform/testing/failure_points.h>
+#include <platform/faults/failure_points.h>
+#include <platform/faults/live_objects.h>
 
 #include <algorithm>
 #include <chrono>

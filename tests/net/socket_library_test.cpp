@@ -8,7 +8,7 @@
 #include <string>
 #include <thread>
 
-#include "platform/testing/failure_points.h"
+#include "platform/faults/failure_points.h"
 #include "tests/net/played_printer.h"
 #include "tests/support/machine_fixture.h"
 

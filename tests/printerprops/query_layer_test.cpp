@@ -1,7 +1,7 @@
 // What needs the layer: its clock, its failure points, its other versions.
-#include <platform/base/accounting.h>
-#include <platform/testing/clock.h>
-#include <platform/testing/failure_points.h>
+#include <platform/base/clock.h>
+#include <platform/faults/failure_points.h>
+#include <platform/faults/live_objects.h>
 
 #include <algorithm>
 #include <map>

@@ -1,7 +1,7 @@
 #include <chrono>
 
+#include "platform/base/clock.h"
 #include "platform/spooler/ports.h"
-#include "platform/testing/clock.h"
 #include "tests/net/played_printer.h"
 #include "tests/spooler/spooler_fixture.h"
 

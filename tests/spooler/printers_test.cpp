@@ -2,9 +2,9 @@
 #include <cstring>
 #include <set>
 
+#include "platform/faults/failure_points.h"
 #include "platform/spooler/printer_access.h"
 #include "platform/spooler/printer_page.h"
-#include "platform/testing/failure_points.h"
 #include "tests/spooler/spooler_fixture.h"
 
 namespace {

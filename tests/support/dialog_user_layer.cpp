@@ -1,7 +1,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/testing/user.h"
+#include "platform/user/user.h"
 #include "tests/support/dialog_user.h"
 #include "tests/support/plugin_fixture.h"
 

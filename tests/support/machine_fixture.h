@@ -11,8 +11,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/base/accounting.h"
 #include "platform/base/machine.h"
+#include "platform/faults/live_objects.h"
 
 /// Uses a fresh machine in a temporary folder, which is removed afterwards. At the end as many
 /// objects of the layer must be alive as at the beginning.

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/base/machine.h"
-#include "platform/testing/user.h"
+#include "platform/user/user.h"
 
 namespace tests {
 

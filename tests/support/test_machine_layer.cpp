@@ -2,8 +2,8 @@
 
 #include <map>
 
-#include "platform/base/accounting.h"
 #include "platform/base/machine.h"
+#include "platform/faults/live_objects.h"
 #include "tests/support/test_machine.h"
 
 namespace tests {

@@ -1,5 +1,5 @@
 #include "common/page_state.h"
-#include "platform/testing/failure_points.h"
+#include "platform/faults/failure_points.h"
 #include "resources/resource_ids.h"
 #include "tests/support/message_recorder.h"
 #include "tests/support/plugin_fixture.h"

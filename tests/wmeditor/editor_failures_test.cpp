@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <map>
 
-#include "platform/testing/failure_points.h"
-#include "platform/testing/user.h"
+#include "platform/faults/failure_points.h"
+#include "platform/user/user.h"
 #include "tests/wmeditor/editor_fixture.h"
 
 namespace oemui {

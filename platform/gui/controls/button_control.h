@@ -1,0 +1,34 @@
+/// Push buttons, check boxes and radio buttons.
+#pragma once
+
+#include "platform/gui/controls/control.h"
+
+class QAbstractButton;
+
+namespace platform {
+
+inline constexpr DWORD kButtonTypeMask = 0x0F;
+
+class ButtonControl : public Control {
+public:
+    ButtonControl(Dialog& owner, const ControlTemplate& made);
+
+    QString Text() const override;
+    void SetText(const QString& text) override;
+    LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
+    void FocusChanged(bool has) override;
+    void Press() override;
+    bool IsPushButton() const override;
+    bool IsRadioButton() const override;
+    bool IsDefault() const;
+    bool IsChecked() const;
+    /// Sets the state and tells nobody; a radio button that is not checked is no tab stop.
+    void Check(bool checked);
+
+private:
+    void Clicked();
+    QAbstractButton* button_;
+    DWORD type_;
+};
+
+}  // namespace platform

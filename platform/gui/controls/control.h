@@ -1,0 +1,56 @@
+/// A control of a dialog. For the user-interface thread only.
+#pragma once
+
+#include <memory>
+
+#include "platform/gui/templates/dialog_template.h"
+#include "platform/gui/windows/window.h"
+
+class QKeyEvent;
+
+namespace platform {
+
+class Dialog;
+
+class Control : public Window {
+public:
+    ~Control() override;
+
+    Dialog& Owner() const { return owner_; }
+    bool IsTabStop() const { return tabStop_; }
+    bool StartsGroup() const { return startsGroup_; }
+    /// Whether the focus may be given to it.
+    bool TakesFocus() const;
+    void GiveFocus();
+
+    /// Tells the control, and through it the program, that it has got or lost the focus.
+    virtual void FocusChanged(bool) {}
+    /// Whether a key is the control's own, before the dialog looks at it.
+    virtual bool WantsKey(const QKeyEvent&) const { return false; }
+    /// Letters typed into it are its own, not mnemonics.
+    virtual bool TypesText() const { return false; }
+    /// What a mnemonic or the dialog's default key does to a button, as a click would.
+    virtual void Press() {}
+    virtual bool IsPushButton() const { return false; }
+    virtual bool IsRadioButton() const { return false; }
+
+protected:
+    Control(WindowKind kind, Dialog& owner, const ControlTemplate& made);
+    /// Adopts the widget and gives it the look, the font and the keys of the dialog.
+    void Equip(QWidget* widget);
+    /// Tells the program, with a command, before it returns.
+    void Notify(int code);
+    void SetTabStop(bool tabStop) { tabStop_ = tabStop; }
+
+private:
+    Dialog& owner_;
+    bool tabStop_;
+    bool startsGroup_;
+};
+
+/// Makes the control of a template in pixels of the dialog's client area; null for a class that is
+/// not supported.
+std::unique_ptr<Control> MakeControl(Dialog& owner, const ControlTemplate& made,
+                                     const QRect& place);
+
+}  // namespace platform

@@ -1,0 +1,228 @@
+#include "platform/gui/controls/drop_down_list.h"
+
+#include <QFrame>
+#include <QKeyEvent>
+#include <algorithm>
+
+#include "platform/faults/failure_points.h"
+#include "platform/gui/controls/drop_down_list_face.h"
+#include "platform/gui/dialogs/dialog.h"
+
+namespace platform {
+namespace {
+
+constexpr int kFrameOfClosedList = 8;  // pixels above and below the line of text, together
+constexpr int kItemsOfPage = 8;        // how far the page keys go
+
+const WCHAR* Wide(const QString& text) {
+    return reinterpret_cast<const WCHAR*>(text.utf16());
+}
+
+QString TextAt(LPARAM address) {
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(address));
+}
+
+}  // namespace
+
+DropDownList::DropDownList(Dialog& owner, const ControlTemplate& made)
+    : Control(WindowKind::kList, owner, made), sorted_((made.Style & CBS_SORT) != 0) {
+    Equip(new Face(*this, owner.Widget()));
+    popup_ = new Popup(*this, Widget());
+}
+
+DropDownList::~DropDownList() {
+    open_ = false;
+}
+
+QString DropDownList::Text() const {
+    return selection_ < 0 ? QString() : ItemText(selection_);
+}
+
+void DropDownList::Place(const QRect& place) {
+    const int closedHeight = Widget()->fontMetrics().height() + kFrameOfClosedList;
+    droppedHeight_ = std::max(place.height() - closedHeight, 0);
+    Control::Place(QRect(place.topLeft(), QSize(place.width(), closedHeight)));
+}
+
+LRESULT DropDownList::Receive(UINT message, WPARAM first, LPARAM second) {
+    DWORD error;
+    switch (message) {
+        case CB_ADDSTRING:
+            if (MustFail("CB_ADDSTRING", &error)) return CB_ERRSPACE;
+            return second == 0 ? CB_ERR : Add(TextAt(second));
+        case CB_DELETESTRING:
+            return Delete(first);
+        case CB_GETCOUNT:
+            return Count();
+        case CB_GETCURSEL:
+            return selection_;
+        case CB_SETCURSEL:
+            Select(Has(first) ? static_cast<int>(first) : -1);
+            return selection_;
+        case CB_FINDSTRINGEXACT:
+            return second == 0 ? CB_ERR : FindExact(TextAt(second), static_cast<int>(first));
+        case CB_GETDROPPEDWIDTH:
+            return DroppedWidth();
+        case CB_SETDROPPEDWIDTH:
+            droppedWidth_ = static_cast<int>(std::min<WPARAM>(first, 0x7FFF));
+            return DroppedWidth();
+        default:
+            return ReceiveItem(message, first, second);
+    }
+}
+
+LRESULT DropDownList::ReceiveItem(UINT message, WPARAM index, LPARAM second) {
+    const bool asksItem = message == CB_GETLBTEXT || message == CB_GETLBTEXTLEN ||
+                          message == CB_GETITEMDATA || message == CB_SETITEMDATA;
+    if (!asksItem) return 0;
+    if (!Has(index)) return CB_ERR;
+    Item& item = items_[index];
+    if (message == CB_GETITEMDATA) return item.value;
+    if (message == CB_SETITEMDATA) {
+        item.value = second;
+        return 0;
+    }
+    if (message == CB_GETLBTEXT) {
+        const WCHAR* text = Wide(item.text);
+        std::copy(text, text + item.text.size() + 1, reinterpret_cast<WCHAR*>(second));
+    }
+    return item.text.size();
+}
+
+int DropDownList::Add(const QString& text) {
+    auto place = items_.end();
+    if (sorted_) {
+        place = std::upper_bound(items_.begin(), items_.end(), text,
+                                 [](const QString& added, const Item& item) {
+                                     return lstrcmpiW(Wide(added), Wide(item.text)) < 0;
+                                 });
+    }
+    const int index = static_cast<int>(place - items_.begin());
+    items_.insert(place, Item{text});
+    if (index <= selection_) ++selection_;
+    return index;
+}
+
+LRESULT DropDownList::Delete(WPARAM index) {
+    if (!Has(index)) return CB_ERR;
+    const int deleted = static_cast<int>(index);
+    items_.erase(items_.begin() + deleted);
+    if (deleted == selection_) {
+        Select(-1);
+    } else if (deleted < selection_) {
+        --selection_;
+    }
+    return Count();
+}
+
+void DropDownList::Select(int index) {
+    selection_ = index;
+    Widget()->update();
+    if (open_) popup_->ShowSelection();
+}
+
+int DropDownList::FindExact(const QString& text, int after) const {
+    const int begin = after >= 0 && after < Count() ? after + 1 : 0;
+    for (int step = 0; step < Count(); ++step) {
+        const int index = (begin + step) % Count();
+        if (lstrcmpiW(Wide(text), Wide(ItemText(index))) == 0) return index;
+    }
+    return CB_ERR;
+}
+
+int DropDownList::DroppedWidth() const {
+    return std::max(droppedWidth_, Widget()->width());
+}
+
+void DropDownList::FocusChanged(bool has) {
+    Widget()->update();
+    if (has) return Notify(CBN_SETFOCUS);
+    if (open_) {
+        Close(false);
+    } else {
+        Notify(CBN_SELENDCANCEL);
+    }
+    Notify(CBN_KILLFOCUS);
+}
+
+void DropDownList::Open() {
+    if (open_) return;
+    open_ = true;
+    Notify(CBN_DROPDOWN);
+    if (open_ && Widget()->isVisible()) popup_->Drop(DroppedWidth(), droppedHeight_);
+}
+
+void DropDownList::Close(bool accepted) {
+    if (!open_) return;
+    open_ = false;
+    popup_->hide();
+    Notify(accepted ? CBN_SELENDOK : CBN_SELENDCANCEL);
+    Notify(CBN_CLOSEUP);
+}
+
+void DropDownList::Pick(int index) {
+    Select(index);
+    Close(true);
+    Notify(CBN_SELCHANGE);
+}
+
+QWidget* DropDownList::ItemPlace(int index, QRect* place) const {
+    return popup_->ItemPlace(index, place);
+}
+
+bool DropDownList::WantsKey(const QKeyEvent& event) const {
+    const int key = event.key();
+    if (key == Qt::Key_F4) return true;
+    if (event.modifiers().testFlag(Qt::AltModifier)) {
+        return key == Qt::Key_Up || key == Qt::Key_Down;
+    }
+    return open_ && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape);
+}
+
+void DropDownList::HandleKey(QKeyEvent& event) {
+    if (WantsKey(event)) {
+        const bool confirmed = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+        return open_ ? Close(confirmed) : Open();
+    }
+    const int target = TargetOfKey(event);
+    if (target >= 0) MoveTo(target);
+}
+
+int DropDownList::TargetOfKey(const QKeyEvent& event) const {
+    if (items_.empty()) return -1;
+    const int last = Count() - 1;
+    switch (event.key()) {
+        case Qt::Key_Down:
+        case Qt::Key_Right:
+            return std::min(selection_ + 1, last);
+        case Qt::Key_Up:
+        case Qt::Key_Left:
+            return std::max(selection_ - 1, 0);
+        case Qt::Key_PageDown:
+            return std::min(selection_ + kItemsOfPage, last);
+        case Qt::Key_PageUp:
+            return std::max(selection_ - kItemsOfPage, 0);
+        case Qt::Key_Home:
+            return 0;
+        case Qt::Key_End:
+            return last;
+        default:
+            return event.text().isEmpty() ? -1 : FindInitial(event.text().front());
+    }
+}
+
+int DropDownList::FindInitial(QChar letter) const {
+    for (int step = 1; step <= Count(); ++step) {
+        const int index = (selection_ + step) % Count();
+        if (ItemText(index).startsWith(letter, Qt::CaseInsensitive)) return index;
+    }
+    return -1;
+}
+
+void DropDownList::MoveTo(int index) {
+    Select(index);
+    if (!open_) Notify(CBN_SELENDOK);
+    Notify(CBN_SELCHANGE);
+}
+
+}  // namespace platform

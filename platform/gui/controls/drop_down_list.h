@@ -1,0 +1,68 @@
+/// Drop-down lists, sorted or not.
+#pragma once
+
+#include <vector>
+
+#include "platform/gui/controls/control.h"
+
+namespace platform {
+
+class DropDownList : public Control {
+public:
+    DropDownList(Dialog& owner, const ControlTemplate& made);
+    ~DropDownList() override;
+
+    QString Text() const override;
+    LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
+    void FocusChanged(bool has) override;
+    bool WantsKey(const QKeyEvent& event) const override;
+    bool TypesText() const override { return true; }
+    /// The height of a template's list is the one it has when open.
+    void Place(const QRect& place) override;
+
+    int Count() const { return static_cast<int>(items_.size()); }
+    const QString& ItemText(int index) const {
+        return items_[static_cast<std::size_t>(index)].text;
+    }
+    int Selection() const { return selection_; }
+    int FindExact(const QString& text, int after) const;
+    bool IsOpen() const { return open_; }
+    void Open();
+    /// \param accepted  whether an item was picked or confirmed, or the list merely closed.
+    void Close(bool accepted);
+    /// The user picks an item of the open list.
+    void Pick(int index);
+    /// The open list's widget that shows item `index`, and the item's place in it.
+    QWidget* ItemPlace(int index, QRect* place) const;
+
+private:
+    class Face;
+    class Popup;
+    struct Item {
+        QString text;
+        LPARAM value = 0;
+    };
+
+    bool Has(WPARAM index) const { return index < items_.size(); }
+    int Add(const QString& text);
+    LRESULT Delete(WPARAM index);
+    LRESULT ReceiveItem(UINT message, WPARAM index, LPARAM second);
+    void Select(int index);
+    void HandleKey(QKeyEvent& event);
+    /// The item that a key leads to; -1 when it is no key of lists.
+    int TargetOfKey(const QKeyEvent& event) const;
+    int FindInitial(QChar letter) const;
+    /// The user moves to an item by key or wheel.
+    void MoveTo(int index);
+    int DroppedWidth() const;
+
+    std::vector<Item> items_;
+    Popup* popup_;
+    int selection_ = -1;
+    int droppedWidth_ = 0;   ///< pixels, as asked for
+    int droppedHeight_ = 0;  ///< pixels of the open list
+    bool sorted_;
+    bool open_ = false;
+};
+
+}  // namespace platform

@@ -1,0 +1,35 @@
+/// Single-line edits.
+#pragma once
+
+#include "platform/gui/controls/control.h"
+
+namespace platform {
+
+class UpDown;
+
+class EditControl : public Control {
+public:
+    EditControl(Dialog& owner, const ControlTemplate& made);
+
+    QString Text() const override;
+    /// Limits and digits-only do not hold for a program; it is told of its own change.
+    void SetText(const QString& text) override;
+    LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
+    void FocusChanged(bool has) override;
+    bool TypesText() const override { return true; }
+
+    /// The up-down that the arrow keys step.
+    void SetUpDown(UpDown* upDown) { upDown_ = upDown; }
+    /// What a user types or pastes: cut to the limit, digits alone where only they are taken.
+    void Type(const QString& text);
+
+private:
+    class Face;
+    Face* face_;
+    UpDown* upDown_ = nullptr;
+    bool digitsOnly_;
+    bool setByProgram_ = false;
+    std::size_t limit_;  ///< WCHARs that typing may reach
+};
+
+}  // namespace platform

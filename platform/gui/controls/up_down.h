@@ -1,0 +1,34 @@
+/// Up-downs: a pair of arrows that step the number in a buddy edit.
+#pragma once
+
+#include "platform/gui/controls/control.h"
+
+namespace platform {
+
+class EditControl;
+
+class UpDown : public Control {
+public:
+    UpDown(Dialog& owner, const ControlTemplate& made);
+
+    LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
+    /// Takes the control before this one in the dialog as its buddy, if it is an edit and the style
+    /// asks for it, and moves into its right end.
+    void FindBuddy();
+    /// One step up (+1) or down (-1) by an arrow key; nothing when disabled or not of that style.
+    void StepByKey(int direction);
+
+private:
+    class Face;
+    void Step(int amount);
+    /// The buddy's number when it is one within the range.
+    bool ReadBuddy(int* value) const;
+
+    DWORD style_;
+    EditControl* buddy_ = nullptr;
+    int position_ = 0;  ///< the last number that was within the range
+    int lowest_ = 100;  ///< the range of an up-down that was given none is turned round
+    int highest_ = 0;
+};
+
+}  // namespace platform

@@ -1,0 +1,205 @@
+#include "platform/gui/dialogs/dialog.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QPointer>
+#include <QPushButton>
+#include <algorithm>
+
+#include "platform/gui/controls/focus.h"
+#include "platform/gui/controls/up_down.h"
+#include "platform/gui/dialogs/dialog_frame.h"
+#include "platform/gui/windows/application.h"
+#include "platform/user/user.h"
+
+namespace platform {
+
+Dialog::Dialog(const DialogTemplate& made, Window* owner, DLGPROC procedure)
+    : Window(WindowKind::kDialog, owner, 0),
+      procedure_(procedure),
+      frame_(new Frame(*this, owner == nullptr ? nullptr : owner->Widget(),
+                       (made.ExtendedStyle & WS_EX_CONTEXTHELP) != 0)) {
+    Adopt(frame_);
+    frame_->setStyle(gui::Style());
+    frame_->setWindowTitle(QString::fromStdU16String(made.Caption));
+}
+
+std::unique_ptr<Dialog> Dialog::Make(const DialogTemplate& made, Window* owner, DLGPROC procedure) {
+    gui::EnsureApplication();
+    FollowFocus();
+    const DialogUnits units(made);
+    std::unique_ptr<Dialog> dialog(new Dialog(made, owner, procedure));
+    dialog->frame_->setFont(units.Font());
+    dialog->frame_->setFixedSize(units.ToPixels(0, 0, made.Width, made.Height).size());
+    if (!dialog->MakeControls(made, units)) return nullptr;
+    dialog->ShowDefaultButton(nullptr);
+    return dialog;
+}
+
+bool Dialog::MakeControls(const DialogTemplate& made, const DialogUnits& units) {
+    for (const ControlTemplate& each : made.Controls) {
+        auto control =
+            MakeControl(*this, each, units.ToPixels(each.X, each.Y, each.Width, each.Height));
+        if (control == nullptr) return false;
+        controls_.push_back(std::move(control));
+        Control& added = *controls_.back();
+        if (added.Kind() == WindowKind::kUpDown) static_cast<UpDown&>(added).FindBuddy();
+    }
+    return true;
+}
+
+Dialog::~Dialog() {
+    goingAway_ = true;
+}
+
+Dialog* Dialog::Require(HWND handle) {
+    Window* window = RequireWindow(handle);
+    if (window == nullptr) return nullptr;
+    if (window->Kind() == WindowKind::kDialog) return static_cast<Dialog*>(window);
+    SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    return nullptr;
+}
+
+INT_PTR Dialog::Run(LPARAM parameter) {
+    Receive(WM_INITDIALOG, 0, parameter);
+    if (ended_) return result_;
+    const QPointer<QWidget> before = QApplication::activeWindow();
+    const FocusAway ownerLosesFocus;
+    Show();
+    if (!ended_) CurrentUser().WorkInDialog(Handle());
+    if (!ended_) Cancel();
+    if (!ended_) End(-1);  // a program that does not take no for an answer
+    if (before != nullptr) QApplication::setActiveWindow(before);
+    return result_;
+}
+
+void Dialog::Show() {
+    if (frame_->focusWidget() == nullptr) MoveToTabStop(*this, nullptr, true);
+    frame_->show();
+    // Offscreen and in tests nobody else makes a window the active one.
+    QApplication::setActiveWindow(frame_);
+    if (!ended_) Receive(WM_PAINT, 0, 0);
+}
+
+void Dialog::End(INT_PTR result) {
+    if (ended_) return;
+    result_ = result;
+    if (FocusedControl() != nullptr && &FocusedControl()->Owner() == this) ReportFocus(nullptr);
+    ended_ = true;
+    frame_->hide();
+    if (loop_ != nullptr) loop_->quit();
+}
+
+void Dialog::WaitForEnd() {
+    if (ended_) return;
+    QEventLoop loop;
+    loop_ = &loop;
+    loop.exec();
+    loop_ = nullptr;
+}
+
+Control* Dialog::Find(int controlId) const {
+    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& control) {
+        return control->ControlId() == controlId;
+    });
+    return found == controls_.end() ? nullptr : found->get();
+}
+
+Control* Dialog::Before(const Control& control) const {
+    for (std::size_t i = 1; i < controls_.size(); ++i) {
+        if (controls_[i].get() == &control) return controls_[i - 1].get();
+    }
+    return nullptr;
+}
+
+std::vector<Control*> Dialog::GroupOf(const Control& control) const {
+    std::vector<Control*> group;
+    bool found = false;
+    for (const auto& each : controls_) {
+        if (each->StartsGroup()) {
+            if (found) break;
+            group.clear();
+        }
+        group.push_back(each.get());
+        found = found || each.get() == &control;
+    }
+    return group;
+}
+
+void Dialog::Command(int controlId, int code, HWND control) {
+    if (goingAway_) return;
+    Receive(WM_COMMAND, MAKEWPARAM(controlId, code), reinterpret_cast<LPARAM>(control));
+}
+
+void Dialog::PressDefault() {
+    Control* focused = FocusedControl();
+    if (focused != nullptr && focused->IsPushButton()) return focused->Press();
+    for (const auto& each : controls_) {
+        if (!each->IsPushButton() || !static_cast<ButtonControl&>(*each).IsDefault()) continue;
+        if (each->Widget()->isEnabled()) Command(each->ControlId(), BN_CLICKED, each->Handle());
+        return;
+    }
+    Command(IDOK, BN_CLICKED, nullptr);
+}
+
+void Dialog::Cancel() {
+    const Control* button = Find(IDCANCEL);
+    if (button != nullptr && !button->Widget()->isEnabled()) return;
+    Command(IDCANCEL, BN_CLICKED, button == nullptr ? nullptr : button->Handle());
+}
+
+void Dialog::ShowDefaultButton(Control* button) {
+    for (const auto& each : controls_) {
+        if (!each->IsPushButton()) continue;
+        const auto& known = static_cast<const ButtonControl&>(*each);
+        const bool shown = button == nullptr ? known.IsDefault() : button == &known;
+        static_cast<QPushButton*>(each->Widget())->setDefault(shown);
+    }
+}
+
+QString Dialog::Text() const {
+    return frame_->windowTitle();
+}
+
+void Dialog::SetText(const QString& text) {
+    frame_->setWindowTitle(text);
+}
+
+LRESULT Dialog::Receive(UINT message, WPARAM first, LPARAM second) {
+    return procedure_ == nullptr ? 0 : procedure_(Handle(), message, first, second);
+}
+
+void Dialog::Place(const QRect& place) {
+    frame_->setFixedSize(place.size());
+    frame_->move(place.topLeft());
+}
+
+void Dialog::AskHelp(int controlId) {
+    const QPoint mouse = QCursor::pos();
+    HELPINFO request = {};
+    request.cbSize = sizeof(request);
+    request.iContextType = HELPINFO_WINDOW;
+    request.iCtrlId = controlId;
+    const Control* control = Find(controlId);
+    request.hItemHandle = control == nullptr ? Handle() : control->Handle();
+    request.MousePos = {mouse.x(), mouse.y()};
+    Receive(WM_HELP, 0, reinterpret_cast<LPARAM>(&request));
+}
+
+void Dialog::AwaitHelpClick() {
+    frame_->AwaitHelpClick();
+}
+
+void Dialog::RequestPaint() {
+    if (paintRequested_ || ended_) return;
+    paintRequested_ = true;
+    QMetaObject::invokeMethod(
+        frame_,
+        [this] {
+            paintRequested_ = false;
+            if (!ended_) Receive(WM_PAINT, 0, 0);
+        },
+        Qt::QueuedConnection);
+}
+
+}  // namespace platform

@@ -1,0 +1,82 @@
+/// Modal dialogs. For the user-interface thread only.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/gui/controls/button_control.h"
+#include "platform/gui/controls/control.h"
+#include "platform/gui/templates/dialog_template.h"
+#include "platform/gui/templates/dialog_units.h"
+
+class QEventLoop;
+
+namespace platform {
+
+class Dialog : public Window {
+public:
+    /// Null when a control's class is not supported.
+    static std::unique_ptr<Dialog> Make(const DialogTemplate& made, Window* owner,
+                                        DLGPROC procedure);
+    ~Dialog() override;
+
+    /// The dialog of a handle; null with the last error set when it is none.
+    static Dialog* Require(HWND handle);
+
+    /// Shows the dialog and lets the user work until it ends. \return what it ended with.
+    INT_PTR Run(LPARAM parameter);
+    void End(INT_PTR result);
+    bool HasEnded() const { return ended_; }
+    /// Runs the windows' own loop until the dialog has ended.
+    void WaitForEnd();
+
+    Control* Find(int controlId) const;  ///< null when there is none
+    const std::vector<std::unique_ptr<Control>>& Controls() const { return controls_; }
+    /// The control before another in the template; null for the first.
+    Control* Before(const Control& control) const;
+    /// The group that a control belongs to, in the template's order.
+    std::vector<Control*> GroupOf(const Control& control) const;
+
+    /// Sends WM_COMMAND.
+    void Command(int controlId, int code, HWND control);
+    /// What Enter does: presses the push button with the focus, else the default one.
+    void PressDefault();
+    /// What Escape and the close box do.
+    void Cancel();
+    /// Shows a push button as the one that Enter presses; null: the template's.
+    void ShowDefaultButton(Control* button);
+    /// Sends WM_HELP.
+    void AskHelp(int controlId);
+    /// The next click asks for help on what it hits; Escape ends that.
+    void AwaitHelpClick();
+    /// Sends WM_PAINT soon, once however often it is asked for.
+    void RequestPaint();
+
+    QString Text() const override;
+    void SetText(const QString& text) override;
+    LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
+    void Place(const QRect& place) override;
+
+private:
+    class Frame;
+    Dialog(const DialogTemplate& made, Window* owner, DLGPROC procedure);
+    bool MakeControls(const DialogTemplate& made, const DialogUnits& units);
+    void Show();
+
+    std::vector<std::unique_ptr<Control>> controls_;
+    DLGPROC procedure_;
+    Frame* frame_;
+    QEventLoop* loop_ = nullptr;
+    INT_PTR result_ = -1;
+    bool ended_ = false;
+    bool goingAway_ = false;
+    bool paintRequested_ = false;
+};
+
+/// The keys of dialogs: Tab, Enter, Escape, help, arrows in groups, mnemonics. \param focused  the
+/// control that got the key; may be null. \return whether the key is used up.
+bool HandleDialogKey(Dialog& dialog, Control* focused, const QKeyEvent& event);
+/// Moves the focus to the next tab stop after a control (null: from the ends), or before it.
+void MoveToTabStop(Dialog& dialog, const Control* from, bool forward);
+
+}  // namespace platform

@@ -1,0 +1,125 @@
+#include <windows.h>
+
+#include <QString>
+#include <cerrno>
+#include <cstdlib>
+#include <string>
+
+#include "platform/faults/failure_points.h"
+#include "platform/gui/dialogs/dialog.h"
+#include "platform/gui/templates/dialog_template.h"
+#include "platform/gui/windows/window_text.h"
+#include "platform/modules/resources.h"
+
+using platform::Control;
+using platform::Dialog;
+using platform::MustFail;
+
+namespace {
+
+/// Passes the failure point and finds the control; null with the last error set.
+Control* ControlForCall(const char* point, HWND dialog, int controlId) {
+    DWORD error;
+    if (MustFail(point, &error)) {
+        SetLastError(error);
+        return nullptr;
+    }
+    const Dialog* found = Dialog::Require(dialog);
+    if (found == nullptr) return nullptr;
+    Control* control = found->Find(controlId);
+    if (control == nullptr) SetLastError(ERROR_CONTROL_ID_NOT_FOUND);
+    return control;
+}
+
+INT_PTR Refuse(DWORD error) {
+    SetLastError(error);
+    return -1;
+}
+
+/// The number at the front of a text, as the C library reads it, within 32 bits.
+bool LeadingNumber(const std::string& text, bool isSigned, UINT* number) {
+    char* end = nullptr;
+    errno = 0;
+    const std::int64_t value = std::strtoll(text.c_str(), &end, 10);
+    if (end == text.c_str() || errno == ERANGE) return false;
+    const std::int64_t lowest = isSigned ? INT32_MIN : -std::int64_t{UINT32_MAX};
+    const std::int64_t highest = isSigned ? INT32_MAX : std::int64_t{UINT32_MAX};
+    if (value < lowest || value > highest) return false;
+    *number = static_cast<UINT>(value);  // a negative number wraps, as the platform's does
+    return true;
+}
+
+}  // namespace
+
+INT_PTR WINAPI DialogBoxParamW(HINSTANCE module, LPCWSTR dialogTemplate, HWND owner,
+                               DLGPROC procedure, LPARAM parameter) {
+    DWORD error;
+    if (MustFail("DialogBoxParamW", &error)) return Refuse(error);
+    platform::Window* ownerWindow = nullptr;
+    if (owner != nullptr) {
+        ownerWindow = platform::RequireWindow(owner);
+        if (ownerWindow == nullptr) return -1;
+    }
+    if (!IS_INTRESOURCE(dialogTemplate)) return Refuse(ERROR_RESOURCE_NAME_NOT_FOUND);
+    const auto id = static_cast<WORD>(reinterpret_cast<ULONG_PTR>(dialogTemplate));
+    const auto bytes = platform::FindResource(module, platform::kDialogResource, id);
+    if (bytes.empty()) return Refuse(ERROR_RESOURCE_NAME_NOT_FOUND);
+    const auto made = platform::ParseDialogTemplate(bytes);
+    if (!made) return Refuse(ERROR_INVALID_DATA);
+    const auto dialog = Dialog::Make(*made, ownerWindow, procedure);
+    return dialog == nullptr ? Refuse(ERROR_INVALID_DATA) : dialog->Run(parameter);
+}
+
+BOOL WINAPI EndDialog(HWND dialog, INT_PTR result) {
+    DWORD error;
+    if (MustFail("EndDialog", &error)) {
+        SetLastError(error);
+        return FALSE;
+    }
+    Dialog* found = Dialog::Require(dialog);
+    if (found == nullptr) return FALSE;
+    found->End(result);
+    return TRUE;
+}
+
+HWND WINAPI GetDlgItem(HWND dialog, int controlId) {
+    const Control* control = ControlForCall("GetDlgItem", dialog, controlId);
+    return control == nullptr ? nullptr : control->Handle();
+}
+
+BOOL WINAPI SetDlgItemTextW(HWND dialog, int controlId, LPCWSTR text) {
+    Control* control = ControlForCall("SetDlgItemTextW", dialog, controlId);
+    if (control == nullptr) return FALSE;
+    control->SetText(platform::TextOrNothing(text));
+    return TRUE;
+}
+
+UINT WINAPI GetDlgItemTextW(HWND dialog, int controlId, LPWSTR text, int capacity) {
+    if (capacity > 0) text[0] = 0;
+    const Control* control = ControlForCall("GetDlgItemTextW", dialog, controlId);
+    if (control == nullptr) return 0;
+    return static_cast<UINT>(platform::CopyOut(control->Text(), text, capacity));
+}
+
+BOOL WINAPI SetDlgItemInt(HWND dialog, int controlId, UINT value, BOOL isSigned) {
+    Control* control = ControlForCall("SetDlgItemInt", dialog, controlId);
+    if (control == nullptr) return FALSE;
+    control->SetText(isSigned != FALSE ? QString::number(static_cast<INT>(value))
+                                       : QString::number(value));
+    return TRUE;
+}
+
+UINT WINAPI GetDlgItemInt(HWND dialog, int controlId, BOOL* translated, BOOL isSigned) {
+    UINT number = 0;
+    const Control* control = ControlForCall("GetDlgItemInt", dialog, controlId);
+    const bool found = control != nullptr &&
+                       LeadingNumber(control->Text().toStdString(), isSigned != FALSE, &number);
+    if (translated != nullptr) *translated = found ? TRUE : FALSE;
+    return number;
+}
+
+LRESULT WINAPI SendDlgItemMessageW(HWND dialog, int controlId, UINT message, WPARAM first,
+                                   LPARAM second) {
+    Control* control = ControlForCall("SendDlgItemMessageW", dialog, controlId);
+    return control == nullptr ? 0 : control->Receive(message, first, second);
+}

@@ -1,0 +1,243 @@
+#include "platform/gui/drawing/device_context.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+#include "platform/gui/windows/window.h"
+#include "platform/spooler/printer_page.h"
+
+namespace platform {
+namespace {
+
+constexpr int kPrinterDotsPerInch = 600;
+
+/// One direction of a copy, cut to both images. In 64 bits: callers pass any 32-bit values.
+struct CopySpan {
+    std::int64_t to;
+    std::int64_t from;
+    std::int64_t length;
+
+    void CutTo(int toLimit, int fromLimit) {
+        const std::int64_t before = std::max({std::int64_t{0}, -to, -from});
+        to += before;
+        from += before;
+        length = std::min({length - before, toLimit - to, fromLimit - from});
+    }
+};
+
+void CopyPixels(QImage& target, const QImage& source, CopySpan columns, CopySpan rows) {
+    columns.CutTo(target.width(), source.width());
+    rows.CutTo(target.height(), source.height());
+    if (columns.length <= 0 || rows.length <= 0) return;
+    const QRect from(static_cast<int>(columns.from), static_cast<int>(rows.from),
+                     static_cast<int>(columns.length), static_cast<int>(rows.length));
+    const QPoint to(static_cast<int>(columns.to), static_cast<int>(rows.to));
+    const bool within = &target == &source;
+    const QImage copied = within ? source.copy(from) : QImage();
+    QPainter painter(&target);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    if (within) {
+        painter.drawImage(to, copied);
+    } else {
+        painter.drawImage(to, source, from);
+    }
+}
+
+/// The part of a rectangle (right and bottom outside) that lies in an image.
+QRect PartInside(const QImage& image, const RECT& rectangle) {
+    const QPoint first(std::max(rectangle.left, 0), std::max(rectangle.top, 0));
+    const QPoint outside(std::clamp(rectangle.right, 0, image.width()),
+                         std::clamp(rectangle.bottom, 0, image.height()));
+    return QRect(first, outside - QPoint(1, 1));
+}
+
+/// Device units, rounded to nearest, of a length in tenths of a millimetre.
+LONG PrinterDots(LONG length) {
+    constexpr std::int64_t kTenthsPerInch = 254;
+    const std::int64_t dots =
+        (std::int64_t{length} * kPrinterDotsPerInch + kTenthsPerInch / 2) / kTenthsPerInch;
+    return static_cast<LONG>(std::clamp<std::int64_t>(dots, 0, INT32_MAX));
+}
+
+HDC HandleOf(DeviceContext* context) {
+    return static_cast<HDC>(context->Handle());
+}
+
+HDC MakeWindowContext(HWND window) {
+    if (RequireWindow(window) == nullptr) return nullptr;
+    auto* context = new DeviceContext(DeviceContext::Surface::kWindow);
+    context->window = window;
+    return HandleOf(context);
+}
+
+}  // namespace
+
+QColor ColorOf(COLORREF color) {
+    return QColor(GetRValue(color), GetGValue(color), GetBValue(color));
+}
+
+DeviceContext::DeviceContext(Surface where)
+    : GraphicsObject(kKind, Lifetime::kCounted),
+      surface(where),
+      bitmap(&StockBitmap()),
+      font(&StockFont()),
+      brush(&StockWhiteBrush()) {
+    ++bitmap->selections;
+    ++font->selections;
+    ++brush->selections;
+}
+
+DeviceContext::~DeviceContext() {
+    --bitmap->selections;
+    --font->selections;
+    --brush->selections;
+}
+
+QImage* DeviceContext::Pixels() {
+    if (surface == Surface::kMemory) return &bitmap->pixels;
+    if (surface != Surface::kWindow) return nullptr;
+    Window* target = Window::From(window);
+    return target == nullptr ? nullptr : &target->Backing();
+}
+
+void DeviceContext::Show() {
+    if (surface != Surface::kWindow) return;
+    if (Window* target = Window::From(window)) target->ShowBacking();
+}
+
+template <typename Object>
+Object* DeviceContext::Exchange(Object*& selected, Object* next) {
+    Object* before = selected;
+    --before->selections;
+    ++next->selections;
+    selected = next;
+    return before;
+}
+
+DeviceContext* ContextForCall(const char* point, HDC context) {
+    return DrawingCallFails(point) ? nullptr : FindGraphicsObject<DeviceContext>(context);
+}
+
+}  // namespace platform
+
+using platform::DeviceContext;
+
+HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* devmode) {
+    if (platform::DrawingCallFails("CreateDCW")) return nullptr;
+    if (driver != nullptr || device == nullptr || output != nullptr || devmode != nullptr) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    platform::spooler::PageSize page = {};
+    if (!platform::spooler::PrinterPage(device, &page)) {
+        SetLastError(ERROR_INVALID_PRINTER_NAME);
+        return nullptr;
+    }
+    auto* context = new DeviceContext(DeviceContext::Surface::kPrinter);
+    context->page = {platform::PrinterDots(page.width), platform::PrinterDots(page.height)};
+    if (page.landscape) std::swap(context->page.cx, context->page.cy);
+    return platform::HandleOf(context);
+}
+
+int WINAPI GetDeviceCaps(HDC context, int index) {
+    const DeviceContext* found = platform::ContextForCall("GetDeviceCaps", context);
+    if (found == nullptr || found->surface != DeviceContext::Surface::kPrinter) return 0;
+    if (index == PHYSICALWIDTH) return found->page.cx;
+    return index == PHYSICALHEIGHT ? found->page.cy : 0;
+}
+
+HDC WINAPI CreateCompatibleDC(HDC context) {
+    if (platform::DrawingCallFails("CreateCompatibleDC")) return nullptr;
+    if (context != nullptr && !platform::FindGraphicsObject<DeviceContext>(context)) {
+        return nullptr;
+    }
+    return platform::HandleOf(new DeviceContext(DeviceContext::Surface::kMemory));
+}
+
+HDC WINAPI GetDC(HWND window) {
+    return platform::DrawingCallFails("GetDC") ? nullptr : platform::MakeWindowContext(window);
+}
+
+int WINAPI ReleaseDC(HWND window, HDC context) {
+    const DeviceContext* found = platform::FindGraphicsObject<DeviceContext>(context);
+    if (found == nullptr || found->surface != DeviceContext::Surface::kWindow ||
+        found->window != window) {
+        return 0;
+    }
+    delete found;
+    return 1;
+}
+
+HDC WINAPI BeginPaint(HWND window, PAINTSTRUCT* paint) {
+    if (platform::DrawingCallFails("BeginPaint") || paint == nullptr) return nullptr;
+    *paint = {};
+    paint->hdc = platform::MakeWindowContext(window);
+    if (paint->hdc == nullptr) return nullptr;
+    const QSize client = platform::Window::From(window)->ClientSize();
+    paint->rcPaint = {0, 0, client.width(), client.height()};
+    return paint->hdc;
+}
+
+BOOL WINAPI EndPaint(HWND window, const PAINTSTRUCT* paint) {
+    return paint != nullptr && ReleaseDC(window, paint->hdc) == 1;
+}
+
+BOOL WINAPI DeleteDC(HDC context) {
+    const DeviceContext* found = platform::FindGraphicsObject<DeviceContext>(context);
+    if (found == nullptr || found->surface == DeviceContext::Surface::kWindow) return FALSE;
+    delete found;
+    return TRUE;
+}
+
+HGDIOBJ WINAPI SelectObject(HDC context, HGDIOBJ object) {
+    DeviceContext* target = platform::ContextForCall("SelectObject", context);
+    if (target == nullptr) return nullptr;
+    platform::GraphicsObject* next = platform::FindGraphicsObject(object);
+    if (next == nullptr) return nullptr;
+    switch (next->Kind()) {
+        case platform::GraphicsKind::kFont:
+            return target->Exchange(target->font, static_cast<platform::Font*>(next))->Handle();
+        case platform::GraphicsKind::kBrush:
+            return target->Exchange(target->brush, static_cast<platform::Brush*>(next))->Handle();
+        case platform::GraphicsKind::kBitmap:
+            if (target->surface != DeviceContext::Surface::kMemory ||
+                (next->selections > 0 && !next->IsStock() && next != target->bitmap)) {
+                return nullptr;
+            }
+            return target->Exchange(target->bitmap, static_cast<platform::Bitmap*>(next))->Handle();
+        case platform::GraphicsKind::kDeviceContext:
+            break;
+    }
+    SetLastError(ERROR_INVALID_HANDLE);
+    return nullptr;
+}
+
+int WINAPI FillRect(HDC context, const RECT* rectangle, HBRUSH brush) {
+    DeviceContext* target = platform::ContextForCall("FillRect", context);
+    const auto* paint = platform::FindGraphicsObject<platform::Brush>(brush);
+    if (target == nullptr || paint == nullptr || rectangle == nullptr) return 0;
+    QImage* pixels = target->Pixels();
+    if (pixels == nullptr) return 0;
+    const QRect area = platform::PartInside(*pixels, *rectangle);
+    if (!area.isEmpty()) QPainter(pixels).fillRect(area, platform::ColorOf(paint->color));
+    target->Show();
+    return 1;
+}
+
+BOOL WINAPI BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX,
+                   int sourceY, DWORD operation) {
+    DeviceContext* to = platform::ContextForCall("BitBlt", target);
+    DeviceContext* from = platform::FindGraphicsObject<DeviceContext>(source);
+    if (to == nullptr || from == nullptr) return FALSE;
+    QImage* toPixels = to->Pixels();
+    const QImage* fromPixels = from->Pixels();
+    if (operation != SRCCOPY || toPixels == nullptr || fromPixels == nullptr) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    platform::CopyPixels(*toPixels, *fromPixels, {x, sourceX, width}, {y, sourceY, height});
+    to->Show();
+    return TRUE;
+}

@@ -1,0 +1,137 @@
+#include "platform/gui/drawing/graphics_objects.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "platform/base/handles.h"
+#include "platform/faults/failure_points.h"
+#include "platform/faults/live_objects.h"
+
+namespace platform {
+namespace {
+
+constexpr int kLongestSide = 32767;
+constexpr std::int64_t kMostPixels = std::int64_t{1} << 26;  // 256 MB at four bytes a pixel
+constexpr COLORREF kWhite = RGB(255, 255, 255);
+constexpr COLORREF kDarkGrey = RGB(64, 64, 64);
+
+const char* KindName(GraphicsKind kind) {
+    static constexpr const char* kNames[] = {"device context", "bitmap", "font", "brush"};
+    return kNames[static_cast<int>(kind)];
+}
+
+/// Never destroyed: contexts may still be let go of while the process ends.
+std::unordered_map<const void*, GraphicsObject*>& ObjectsAlive() {
+    static auto& alive = *new std::unordered_map<const void*, GraphicsObject*>;
+    return alive;
+}
+
+QImage WhiteImage(int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    if (!image.isNull()) image.fill(Qt::white);
+    return image;
+}
+
+}  // namespace
+
+GraphicsObject::GraphicsObject(GraphicsKind kind, Lifetime lifetime)
+    : kind_(kind), lifetime_(lifetime), handle_(reinterpret_cast<HGDIOBJ>(NextHandleValue())) {
+    ObjectsAlive().emplace(handle_, this);
+    if (lifetime_ == Lifetime::kCounted) CountObject(KindName(kind_), 1);
+}
+
+GraphicsObject::~GraphicsObject() {
+    ObjectsAlive().erase(handle_);
+    if (lifetime_ == Lifetime::kCounted) CountObject(KindName(kind_), -1);
+}
+
+const SettledFont& Font::Settled() {
+    if (!settled_) settled_ = SettleFont(asked);
+    return *settled_;
+}
+
+GraphicsObject* FindGraphicsObject(const void* handle) {
+    const auto found = ObjectsAlive().find(handle);
+    if (found != ObjectsAlive().end()) return found->second;
+    SetLastError(ERROR_INVALID_HANDLE);
+    return nullptr;
+}
+
+Bitmap& StockBitmap() {
+    static auto& bitmap = *new Bitmap(WhiteImage(1, 1), GraphicsObject::Lifetime::kStock);
+    return bitmap;
+}
+
+Font& StockFont() {
+    static auto& font = *new Font(LOGFONTW{}, GraphicsObject::Lifetime::kStock);
+    return font;
+}
+
+Brush& StockWhiteBrush() {
+    static auto& brush = *new Brush(kWhite, GraphicsObject::Lifetime::kStock);
+    return brush;
+}
+
+bool DrawingCallFails(const char* point) {
+    DWORD error;
+    if (!MustFail(point, &error)) return false;
+    SetLastError(error);
+    return true;
+}
+
+}  // namespace platform
+
+using platform::Bitmap;
+using platform::Brush;
+using platform::Font;
+using platform::GraphicsObject;
+
+HBITMAP WINAPI CreateCompatibleBitmap(HDC context, int width, int height) {
+    if (platform::DrawingCallFails("CreateCompatibleBitmap")) return nullptr;
+    const GraphicsObject* reference = platform::FindGraphicsObject(context);
+    if (reference == nullptr || reference->Kind() != platform::GraphicsKind::kDeviceContext) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return nullptr;
+    }
+    const int columns = width == 0 || height == 0 ? 1 : width;
+    const int rows = width == 0 || height == 0 ? 1 : height;
+    if (columns < 0 || rows < 0 || columns > platform::kLongestSide ||
+        rows > platform::kLongestSide || std::int64_t{columns} * rows > platform::kMostPixels) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    QImage pixels = platform::WhiteImage(columns, rows);
+    if (pixels.isNull()) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return nullptr;
+    }
+    return static_cast<HBITMAP>((new Bitmap(std::move(pixels)))->Handle());
+}
+
+HFONT WINAPI CreateFontIndirectW(const LOGFONTW* font) {
+    if (platform::DrawingCallFails("CreateFontIndirectW")) return nullptr;
+    if (font == nullptr) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    return static_cast<HFONT>((new Font(*font))->Handle());
+}
+
+HGDIOBJ WINAPI GetStockObject(int object) {
+    static auto& darkGrey = *new Brush(platform::kDarkGrey, GraphicsObject::Lifetime::kStock);
+    if (object == WHITE_BRUSH) return platform::StockWhiteBrush().Handle();
+    return object == DKGRAY_BRUSH ? darkGrey.Handle() : nullptr;
+}
+
+BOOL WINAPI DeleteObject(HGDIOBJ object) {
+    GraphicsObject* found = platform::FindGraphicsObject(object);
+    if (found == nullptr) return FALSE;
+    if (found->Kind() == platform::GraphicsKind::kDeviceContext) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return FALSE;
+    }
+    if (found->IsStock()) return TRUE;
+    if (found->selections > 0) return FALSE;
+    delete found;
+    return TRUE;
+}

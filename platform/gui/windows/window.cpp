@@ -1,0 +1,122 @@
+#include "platform/gui/windows/window.h"
+
+#include <unordered_map>
+
+#include "platform/base/handles.h"
+#include "platform/faults/live_objects.h"
+
+namespace platform {
+namespace {
+
+std::unordered_map<HWND, Window*>& Handles() {
+    static std::unordered_map<HWND, Window*> handles;
+    return handles;
+}
+
+std::unordered_map<const QWidget*, Window*>& Widgets() {
+    static std::unordered_map<const QWidget*, Window*> widgets;
+    return widgets;
+}
+
+}  // namespace
+
+Window::Window(WindowKind kind, Window* parent, int controlId)
+    : kind_(kind),
+      parent_(parent),
+      controlId_(controlId),
+      handle_(reinterpret_cast<HWND>(NextHandleValue())) {
+    Handles().emplace(handle_, this);
+    if (kind_ != WindowKind::kDesktop) CountObject("window", 1);
+}
+
+Window::~Window() {
+    Handles().erase(handle_);
+    Widgets().erase(widget_);
+    if (kind_ != WindowKind::kOwner) delete widget_;
+    if (kind_ != WindowKind::kDesktop) CountObject("window", -1);
+}
+
+void Window::Adopt(QWidget* widget) {
+    widget_ = widget;
+    Widgets().emplace(widget, this);
+}
+
+Window* Window::From(HWND handle) {
+    const auto found = Handles().find(handle);
+    return found == Handles().end() ? nullptr : found->second;
+}
+
+Window* Window::Of(const QWidget* widget) {
+    for (; widget != nullptr; widget = widget->parentWidget()) {
+        const auto found = Widgets().find(widget);
+        if (found != Widgets().end()) return found->second;
+        if (widget->isWindow()) return nullptr;
+    }
+    return nullptr;
+}
+
+Window& Window::Desktop() {
+    struct DesktopWindow : Window {
+        DesktopWindow() : Window(WindowKind::kDesktop, nullptr, 0) {}
+    };
+    static auto* const desktop = new DesktopWindow;  // as long as the process, like the real one
+    return *desktop;
+}
+
+Window* Window::DialogWindow() {
+    if (kind_ == WindowKind::kDialog) return this;
+    return parent_ != nullptr && parent_->kind_ == WindowKind::kDialog ? parent_ : nullptr;
+}
+
+QSize Window::ClientSize() const {
+    return widget_ == nullptr ? QSize(0, 0) : widget_->size();
+}
+
+QPoint Window::ClientOrigin() const {
+    return widget_ == nullptr ? QPoint(0, 0) : widget_->mapToGlobal(QPoint(0, 0));
+}
+
+QFont Window::Font() const {
+    return widget_ == nullptr ? QFont() : widget_->font();
+}
+
+QImage& Window::Backing() {
+    const QSize size = ClientSize().expandedTo(QSize(1, 1));
+    if (backing_.size() != size) {
+        backing_ = QImage(size, QImage::Format_RGB32);
+        backing_.fill(widget_ == nullptr ? Qt::white : widget_->palette().color(QPalette::Window));
+        drawn_ = false;
+    }
+    return backing_;
+}
+
+void Window::ShowBacking() {
+    if (widget_ == nullptr) return;
+    drawn_ = true;
+    widget_->setAttribute(Qt::WA_OpaquePaintEvent);
+    if (widget_->isVisible()) widget_->repaint();
+}
+
+bool Window::HasDrawing() const {
+    return drawn_ && backing_.size() == ClientSize();
+}
+
+void Window::SetText(const QString&) {}
+
+LRESULT Window::Receive(UINT, WPARAM, LPARAM) {
+    return 0;
+}
+
+void Window::Place(const QRect& place) {
+    if (widget_ == nullptr) return;
+    widget_->setGeometry(place);
+    if (drawn_ && !HasDrawing()) widget_->setAttribute(Qt::WA_OpaquePaintEvent, false);
+}
+
+Window* RequireWindow(HWND handle) {
+    Window* window = Window::From(handle);
+    if (window == nullptr) SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    return window;
+}
+
+}  // namespace platform

@@ -1,0 +1,243 @@
+// Modules: shared objects that carry the platform's resources and register themselves while they
+// are mapped. The address of a module's record is its handle.
+
+#include "platform/modules/modules.h"
+
+#include <dlfcn.h>
+#include <link.h>
+#include <winbase.h>
+#include <winerror.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <mutex>
+
+#include "platform/base/machine.h"
+#include "platform/base/paths.h"
+#include "platform/faults/failure_points.h"
+#include "platform/faults/live_objects.h"
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Mapped {
+    const link_map* object = nullptr;  // the loader's record of the shared object
+    void* library = nullptr;           // from `dlopen`; null for the program
+    fs::path file;
+    int uses = 0;  // by `LoadLibraryW`; none yet while the entry is told of the beginning
+    bool isProgram = false;
+    bool isClosed = false;      // nobody uses it any more, but the loader keeps it mapped
+    bool entryRefused = false;  // the entry answered that it cannot run
+};
+
+// Entries of modules run while the loader holds its own lock, and may load others: never held
+// over a call of the loader.
+std::mutex mutex;
+
+std::map<const ModuleImage*, Mapped>& Modules() {
+    static std::map<const ModuleImage*, Mapped> modules;
+    return modules;
+}
+
+HINSTANCE HandleOf(const ModuleImage* image) {
+    return reinterpret_cast<HINSTANCE>(const_cast<ModuleImage*>(image));
+}
+
+const link_map* ObjectAt(const void* address) {
+    Dl_info info;
+    link_map* object = nullptr;
+    const int found = dladdr1(address, &info, reinterpret_cast<void**>(&object), RTLD_DL_LINKMAP);
+    return found != 0 ? object : nullptr;
+}
+
+const link_map* ObjectOf(void* library) {
+    link_map* object = nullptr;
+    return dlinfo(library, RTLD_DI_LINKMAP, &object) == 0 ? object : nullptr;
+}
+
+// With the lock held.
+std::map<const ModuleImage*, Mapped>::iterator Find(HINSTANCE handle) {
+    auto& modules = Modules();
+    if (handle == nullptr) {
+        return std::find_if(modules.begin(), modules.end(),
+                            [](const auto& entry) { return entry.second.isProgram; });
+    }
+    const auto found = modules.find(reinterpret_cast<const ModuleImage*>(handle));
+    const bool isOpen = found != modules.end() && !found->second.isClosed;
+    return isOpen ? found : modules.end();
+}
+
+template <typename Result>
+Result Fail(DWORD error) {
+    SetLastError(error);
+    return Result{};
+}
+
+bool IsFile(const fs::path& file) {
+    std::error_code error;
+    return fs::is_regular_file(file, error);
+}
+
+fs::path FindBareName(std::u16string_view name) {
+    const fs::path windows = MachineFolder() / "Windows";
+    for (const fs::path& folder : {DriverFolder(), windows / "System32", windows}) {
+        fs::path file = ResolveIgnoringCase(folder, name);
+        if (IsFile(file)) return file;
+    }
+    return {};
+}
+
+fs::path FindLibrary(std::u16string name) {
+    const std::size_t lastPart = name.find_last_of(u"\\/:") + 1;
+    if (name.find(u'.', lastPart) == std::u16string::npos) name += u".dll";
+    if (MachineFolder().empty()) return {};
+    fs::path file = lastPart == 0 ? FindBareName(name) : HostPath(name);
+    return IsFile(file) ? file : fs::path{};
+}
+
+// Counts one more use of a shared object that has just been opened.
+HINSTANCE AddUse(void* library, DWORD* error) {
+    const link_map* object = ObjectOf(library);
+    const std::lock_guard lock(mutex);
+    for (auto& [image, mapped] : Modules()) {
+        if (mapped.object != object) continue;
+        if (mapped.entryRefused) {
+            *error = ERROR_DLL_INIT_FAILED;
+            return nullptr;
+        }
+        mapped.library = library;
+        mapped.isClosed = false;
+        ++mapped.uses;
+        CountObject("module", 1);
+        return HandleOf(image);
+    }
+    *error = ERROR_BAD_EXE_FORMAT;
+    return nullptr;
+}
+
+}  // namespace
+
+void AttachModule(ModuleImage& image) {
+    const link_map* object = ObjectAt(image.codeAddress);
+    const bool isProgram = object == nullptr || object->l_name[0] == '\0';
+    {
+        const std::lock_guard lock(mutex);
+        Mapped& mapped = Modules()[&image];
+        mapped.object = object;
+        mapped.isProgram = isProgram;
+        mapped.file = isProgram ? ProgramFile() : fs::path(object->l_name);
+    }
+    if (image.entry == nullptr) return;
+    const BOOL runs = image.entry(HandleOf(&image), DLL_PROCESS_ATTACH, nullptr);
+    const std::lock_guard lock(mutex);
+    Modules()[&image].entryRefused = runs == FALSE;
+}
+
+void DetachModule(ModuleImage& image) {
+    bool attached;
+    {
+        const std::lock_guard lock(mutex);
+        attached = !Modules()[&image].entryRefused;
+    }
+    if (image.entry != nullptr && attached) {
+        image.entry(HandleOf(&image), DLL_PROCESS_DETACH, nullptr);
+    }
+    const std::lock_guard lock(mutex);
+    Modules().erase(&image);
+}
+
+const ModuleImage* FindModule(HINSTANCE module) {
+    const std::lock_guard lock(mutex);
+    const auto found = Find(module);
+    return found == Modules().end() ? nullptr : found->first;
+}
+
+}  // namespace platform
+
+HMODULE WINAPI LoadLibraryW(LPCWSTR fileName) {
+    using platform::Fail;
+    DWORD error;
+    if (platform::MustFail("LoadLibraryW", &error)) return Fail<HMODULE>(error);
+    if (fileName == nullptr || *fileName == 0) return Fail<HMODULE>(ERROR_INVALID_PARAMETER);
+    const std::filesystem::path file = platform::FindLibrary(fileName);
+    if (file.empty()) return Fail<HMODULE>(ERROR_MOD_NOT_FOUND);
+    void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) return Fail<HMODULE>(ERROR_BAD_EXE_FORMAT);
+    const HMODULE module = platform::AddUse(library, &error);
+    if (module == nullptr) {
+        dlclose(library);
+        SetLastError(error);
+    }
+    return module;
+}
+
+BOOL WINAPI FreeLibrary(HMODULE module) {
+    void* library;
+    {
+        const std::lock_guard lock(platform::mutex);
+        const auto found = platform::Find(module);
+        if (found == platform::Modules().end() || found->second.uses == 0) {
+            return platform::Fail<BOOL>(ERROR_INVALID_HANDLE);
+        }
+        library = found->second.library;
+        --found->second.uses;
+        platform::CountObject("module", -1);
+    }
+    dlclose(library);
+    const std::lock_guard lock(platform::mutex);
+    const auto kept = platform::Find(module);
+    if (kept != platform::Modules().end()) kept->second.isClosed = kept->second.uses == 0;
+    return TRUE;
+}
+
+FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
+    using platform::Fail;
+    DWORD error;
+    if (platform::MustFail("GetProcAddress", &error)) return Fail<FARPROC>(error);
+    if (name == nullptr) return Fail<FARPROC>(ERROR_INVALID_PARAMETER);
+    platform::Mapped mapped;
+    {
+        const std::lock_guard lock(platform::mutex);
+        const auto found = platform::Find(module);
+        if (found == platform::Modules().end()) return Fail<FARPROC>(ERROR_INVALID_HANDLE);
+        mapped = found->second;
+    }
+    void* address = dlsym(mapped.isProgram ? RTLD_DEFAULT : mapped.library, name);
+    // The loader looks in what the module depends on as well; only the module's own count.
+    if (address == nullptr || platform::ObjectAt(address) != mapped.object) {
+        return Fail<FARPROC>(ERROR_PROC_NOT_FOUND);
+    }
+    return reinterpret_cast<FARPROC>(address);
+}
+
+DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR fileName, DWORD size) {
+    using platform::Fail;
+    DWORD error;
+    if (platform::MustFail("GetModuleFileNameW", &error)) return Fail<DWORD>(error);
+    std::filesystem::path file;
+    {
+        const std::lock_guard lock(platform::mutex);
+        const auto found = platform::Find(module);
+        if (found != platform::Modules().end()) file = found->second.file;
+    }
+    if (file.empty() && module == nullptr) file = platform::ProgramFile();
+    if (file.empty()) return Fail<DWORD>(ERROR_MOD_NOT_FOUND);
+    if (size == 0) return Fail<DWORD>(ERROR_INSUFFICIENT_BUFFER);
+    const std::u16string path = platform::PlatformPath(file);
+    const std::size_t copied = std::min<std::size_t>(path.size(), size - 1);
+    std::copy_n(path.begin(), copied, fileName);
+    fileName[copied] = 0;
+    if (copied == path.size()) return static_cast<DWORD>(copied);
+    SetLastError(ERROR_INSUFFICIENT_BUFFER);
+    return size;
+}
+
+HMODULE WINAPI GetModuleHandleW(LPCWSTR moduleName) {
+    const platform::ModuleImage* program =
+        moduleName == nullptr ? platform::FindModule(nullptr) : nullptr;
+    if (program == nullptr) return platform::Fail<HMODULE>(ERROR_MOD_NOT_FOUND);
+    return platform::HandleOf(program);
+}

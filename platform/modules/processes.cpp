@@ -1,0 +1,278 @@
+// Starting programs. A program here is a native executable or a script under its platform name.
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <winbase.h>
+#include <winerror.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+#include "platform/base/handles.h"
+#include "platform/base/machine.h"
+#include "platform/base/paths.h"
+#include "platform/faults/failure_points.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Process {
+    pid_t id;
+};
+
+platform::HandleTable<Process>& Processes() {
+    static platform::HandleTable<Process> processes("process");
+    return processes;
+}
+
+platform::HandleTable<Process>& Threads() {
+    static platform::HandleTable<Process> threads("thread");
+    return threads;
+}
+
+BOOL Fail(DWORD error) {
+    SetLastError(error);
+    return FALSE;
+}
+
+bool IsBlank(char16_t character) {
+    return character == u' ' || character == u'\t';
+}
+
+bool IsFile(const fs::path& file) {
+    std::error_code error;
+    return fs::is_regular_file(file, error);
+}
+
+// The file that one spelling names: a path on the machine's own drive as it stands, a name without
+// a drive below the machine's folders for programs. Programs from outside are never started.
+fs::path FindSpelling(std::u16string_view name) {
+    if (name.find(u':') != std::u16string_view::npos) {
+        const bool isInside = name.starts_with(u"C:") || name.starts_with(u"c:");
+        fs::path file = isInside ? platform::HostPath(name) : fs::path{};
+        return IsFile(file) ? file : fs::path{};
+    }
+    const fs::path windows = platform::MachineFolder() / "Windows";
+    for (const fs::path& folder : {windows / "System32", windows, platform::DriverFolder()}) {
+        fs::path file = platform::ResolveIgnoringCase(folder, name);
+        if (IsFile(file)) return file;
+    }
+    return {};
+}
+
+fs::path FindProgram(std::u16string_view name) {
+    if (name.empty()) return {};
+    fs::path file = FindSpelling(name);
+    const std::size_t lastPart = name.find_last_of(u"\\/:") + 1;
+    const bool hasEnding = name.find(u'.', lastPart) != std::u16string_view::npos;
+    return file.empty() && !hasEnding ? FindSpelling(std::u16string(name) + u".exe") : file;
+}
+
+struct Command {
+    fs::path program;
+    std::u16string_view arguments;
+};
+
+// An unquoted path with blanks may end at any of them: the shortest that names a file wins.
+Command ParseCommand(std::u16string_view line) {
+    while (!line.empty() && IsBlank(line.front())) line.remove_prefix(1);
+    if (!line.empty() && line.front() == u'"') {
+        const std::size_t close = std::min(line.find(u'"', 1), line.size());
+        return {FindProgram(line.substr(1, close - 1)),
+                line.substr(std::min(close + 1, line.size()))};
+    }
+    for (std::size_t end = 0; end <= line.size(); ++end) {
+        if (end < line.size() && !IsBlank(line[end])) continue;
+        fs::path program = FindProgram(line.substr(0, end));
+        if (!program.empty()) return {std::move(program), line.substr(end)};
+    }
+    return {};
+}
+
+// One argument: blanks end it outside quotes; a backslash counts only before a quote, where each
+// pair is one and an odd one makes the quote a character.
+std::u16string TakeArgument(std::u16string_view line, std::size_t& at) {
+    std::u16string argument;
+    bool quoted = false;
+    for (; at < line.size() && (quoted || !IsBlank(line[at])); ++at) {
+        std::size_t backslashes = 0;
+        while (at + backslashes < line.size() && line[at + backslashes] == u'\\') ++backslashes;
+        at += backslashes;
+        const bool beforeQuote = at < line.size() && line[at] == u'"';
+        argument.append(beforeQuote ? backslashes / 2 : backslashes, u'\\');
+        if (beforeQuote && backslashes % 2 == 0) {
+            quoted = !quoted;
+        } else if (at < line.size() && (quoted || !IsBlank(line[at]))) {
+            argument += line[at];
+        } else {
+            break;
+        }
+    }
+    return argument;
+}
+
+std::vector<std::string> SplitArguments(const Command& command) {
+    std::vector<std::string> arguments{command.program.native()};
+    const std::u16string_view line = command.arguments;
+    for (std::size_t at = 0; at < line.size();) {
+        if (IsBlank(line[at])) {
+            ++at;
+        } else {
+            arguments.push_back(platform::Utf8(TakeArgument(line, at)));
+        }
+    }
+    return arguments;
+}
+
+bool IsExecutable(const fs::path& file) {
+    std::array<char, 4> begin{};
+    std::ifstream(file, std::ios::binary).read(begin.data(), begin.size());
+    const bool isProgram = std::memcmp(begin.data(),
+                                       "\x7f"
+                                       "ELF",
+                                       4) == 0;
+    const bool isScript = begin[0] == '#' && begin[1] == '!';
+    return (isProgram || isScript) && access(file.c_str(), X_OK) == 0;
+}
+
+DWORD ErrorFromErrno(int error) {
+    switch (error) {
+        case ENOENT:
+            return ERROR_FILE_NOT_FOUND;
+        case ENOEXEC:
+            return ERROR_BAD_EXE_FORMAT;
+        case ENOMEM:
+        case EAGAIN:
+            return ERROR_NOT_ENOUGH_MEMORY;
+        default:
+            return ERROR_ACCESS_DENIED;
+    }
+}
+
+// The machine's log, opened for appending; below 0 on failure.
+int OpenLog() {
+    return open((platform::MachineFolder() / "machine.log").c_str(),
+                O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
+}
+
+// Takes back what was just written, unless somebody has written behind it.
+void TakeBack(int log, ssize_t written) {
+    struct stat file {};
+    const off_t end = lseek(log, 0, SEEK_CUR);
+    if (written <= 0 || fstat(log, &file) != 0 || file.st_size != end) return;
+    // A log that cannot be shortened has one line too many; the caller has the error all the same.
+    [[maybe_unused]] const int failure = ftruncate(log, end - written);
+}
+
+// What the program starts with: nothing to read, the log to write to, no other file of ours.
+class FileActions {
+public:
+    FileActions(int log, const fs::path& folder) {
+        posix_spawn_file_actions_init(&actions_);
+        posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_adddup2(&actions_, log, STDOUT_FILENO);
+        posix_spawn_file_actions_adddup2(&actions_, log, STDERR_FILENO);
+        posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1);
+        if (!folder.empty()) {
+            posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
+        }
+    }
+    ~FileActions() { posix_spawn_file_actions_destroy(&actions_); }
+    FileActions(const FileActions&) = delete;
+    FileActions& operator=(const FileActions&) = delete;
+
+    const posix_spawn_file_actions_t* Get() const { return &actions_; }
+
+private:
+    posix_spawn_file_actions_t actions_;
+};
+
+// Takes the exit status when the program ends, so that no zombie stays.
+void ReapWhenEnded(pid_t id) {
+    try {
+        std::thread([id] {
+            while (waitpid(id, nullptr, 0) < 0 && errno == EINTR) {
+            }
+        }).detach();
+    } catch (const std::system_error&) {
+        // Without a thread the program's entry stays until this process ends; it runs all the same.
+    }
+}
+
+// 0, or the error number.
+int Spawn(const Command& command, int log, const fs::path& folder, pid_t* id) {
+    std::vector<std::string> arguments = SplitArguments(command);
+    std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
+    for (std::string& argument : arguments) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    const FileActions actions(log, folder);
+    return posix_spawn(id, command.program.c_str(), actions.Get(), nullptr, pointers.data(),
+                       environ);
+}
+
+DWORD Start(const Command& command, std::u16string_view commandLine, const fs::path& folder,
+            pid_t* id) {
+    const int log = OpenLog();
+    if (log < 0) return ERROR_WRITE_FAULT;
+    // The line stands before what the program writes, but only when the program was started.
+    const std::string line = platform::Utf8(commandLine) + "\n";
+    const ssize_t written = write(log, line.data(), line.size());
+    DWORD error = ERROR_WRITE_FAULT;
+    if (written == static_cast<ssize_t>(line.size())) {
+        const int failure = Spawn(command, log, folder, id);
+        error = failure == 0 ? ERROR_SUCCESS : ErrorFromErrno(failure);
+    }
+    if (error != ERROR_SUCCESS) TakeBack(log, written);
+    close(log);
+    return error;
+}
+
+}  // namespace
+
+BOOL WINAPI CreateProcessW(LPCWSTR applicationName, LPWSTR commandLine, LPSECURITY_ATTRIBUTES,
+                           LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID environment,
+                           LPCWSTR currentDirectory, LPSTARTUPINFOW startup,
+                           LPPROCESS_INFORMATION process) {
+    DWORD error;
+    if (platform::MustFail("CreateProcessW", &error)) return Fail(error);
+    if (applicationName != nullptr || environment != nullptr || commandLine == nullptr ||
+        startup == nullptr || process == nullptr) {
+        return Fail(ERROR_INVALID_PARAMETER);
+    }
+    if (platform::MachineFolder().empty()) return Fail(ERROR_PATH_NOT_FOUND);
+    const Command command = ParseCommand(commandLine);
+    if (command.program.empty()) return Fail(ERROR_FILE_NOT_FOUND);
+    if (!IsExecutable(command.program)) return Fail(ERROR_BAD_EXE_FORMAT);
+    fs::path folder;
+    if (currentDirectory != nullptr) {
+        folder = platform::HostPath(currentDirectory);
+        std::error_code failure;
+        if (!fs::is_directory(folder, failure)) return Fail(ERROR_PATH_NOT_FOUND);
+    }
+    pid_t id = 0;
+    error = Start(command, commandLine, folder, &id);
+    if (error != ERROR_SUCCESS) return Fail(error);
+    ReapWhenEnded(id);
+    const auto started = std::make_shared<Process>(Process{id});
+    *process = {Processes().Insert(started), Threads().Insert(started), static_cast<DWORD>(id),
+                static_cast<DWORD>(id)};
+    return TRUE;
+}
+
+BOOL WINAPI CloseHandle(HANDLE handle) {
+    if (Processes().Remove(handle) || Threads().Remove(handle)) return TRUE;
+    return Fail(ERROR_INVALID_HANDLE);
+}
