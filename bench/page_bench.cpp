@@ -14,7 +14,7 @@
 #include "host/devmode.h"
 #include "host/document_page_items.h"
 #include "host/models.h"
-#include "platform/faults/live_objects.h"
+#include "platform/base/heap.h"
 #include "resources/resource_ids.h"
 #include "tests/support/document_page.h"
 #include "tests/support/test_printer.h"

@@ -9,6 +9,7 @@
 #include "fuzz/fuzz_text.h"
 #include "platform/base/machine.h"
 #include "platform/faults/live_objects.h"
+#include "platform/gui/dialogs/hands.h"
 #include "platform/user/user.h"
 #include "resources/resource_ids.h"
 #include "watermark/watermark_list.h"

@@ -11,6 +11,7 @@
 #include "host/terminal_user.h"
 #include "host/windows/page_window.h"
 #include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

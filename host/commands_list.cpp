@@ -8,7 +8,7 @@
 #include "host/installed_options.h"
 #include "host/printer_install.h"
 #include "host/printers.h"
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "host/failure.h"
 #include "host/spooler_records.h"
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "host/failure.h"
 #include "host/printers.h"
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

@@ -12,8 +12,8 @@
 
 #include "host/failure.h"
 #include "host/suggestions.h"
-#include "platform/base/machine.h"
-#include "platform/user/user.h"
+#include "platform/gui/dialogs/hands.h"
+#include "platform/text/text_encoding.h"
 #include "resources/resource_ids.h"
 
 namespace host {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "host/printers.h"
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

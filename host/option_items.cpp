@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstring>
 
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

@@ -3,7 +3,7 @@
 #include "host/document_page_items.h"
 #include "host/failure.h"
 #include "host/printer_page_items.h"
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

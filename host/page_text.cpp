@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

@@ -11,6 +11,7 @@
 #include "host/failure.h"
 #include "host/printers.h"
 #include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

@@ -6,8 +6,8 @@
 
 #include "host/failure.h"
 #include "host/suggestions.h"
-#include "platform/base/machine.h"
 #include "platform/spooler/ports.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

@@ -7,7 +7,7 @@
 #include "host/failure.h"
 #include "host/spooler_records.h"
 #include "host/suggestions.h"
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

@@ -5,7 +5,7 @@
 #include <array>
 #include <ostream>
 
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {

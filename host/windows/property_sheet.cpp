@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 
 #include "host/failure.h"
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 #include "platform/user/user.h"
 
 namespace host {

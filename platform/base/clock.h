@@ -1,25 +1,12 @@
-/// A clock under a test's control.
+/// The clock by which the layer waits.
 #pragma once
 
 #include <windef.h>
 
-#include <cstdint>
-#include <vector>
-
 namespace platform {
 
-/// While it lives, `Sleep` returns at once on every thread and is noted here. One at a time.
-class TestClock {
-public:
-    TestClock();
-    ~TestClock();
-    TestClock(const TestClock&) = delete;
-    TestClock& operator=(const TestClock&) = delete;
-
-    /// The milliseconds of every `Sleep` so far, in order.
-    std::vector<DWORD> Sleeps() const;
-    /// Their sum: how far the clock has advanced.
-    std::uint64_t Elapsed() const;
-};
+/// Has every later `Sleep` call an operation, on the caller's thread, instead of waiting; null has
+/// them wait again. For tests.
+void ReplaceSleep(void (*standIn)(DWORD milliseconds));
 
 }  // namespace platform

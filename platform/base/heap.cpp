@@ -1,5 +1,7 @@
-// Heaps. Every block is an allocation of its own, so that memory checkers see its bounds, and is
+// Every block is an allocation of its own, so that memory checkers see its bounds, and is
 // known to its heap, so that a pointer of another heap or of none is refused instead of followed.
+
+#include "platform/base/heap.h"
 
 #include <winbase.h>
 #include <winerror.h>

@@ -1,10 +1,10 @@
 #include "platform/base/machine.h"
 
 #include <algorithm>
+#include <set>
 #include <vector>
 
 #include "platform/base/paths.h"
-#include "platform/registry/registry_store.h"
 #include "platform/text/text_encoding.h"
 
 namespace platform {
@@ -15,6 +15,11 @@ namespace fs = std::filesystem;
 fs::path& CurrentMachine() {
     static fs::path folder;
     return folder;
+}
+
+std::set<void (*)()>& LetGoOperations() {
+    static std::set<void (*)()> operations;
+    return operations;
 }
 
 bool IsSeparator(char16_t character) {
@@ -68,10 +73,14 @@ std::u16string WithBackslashes(std::u16string_view drive, const fs::path& relati
 }  // namespace
 
 void UseMachine(const fs::path& folder) {
-    CloseRegistryStore();
+    for (const auto letGo : LetGoOperations()) letGo();
     CurrentMachine().clear();
     fs::create_directories(folder / "Windows/System32/spool/drivers/x64/3");
     CurrentMachine() = fs::canonical(folder);
+}
+
+void WhenMachineChanges(void (*letGo)()) {
+    LetGoOperations().insert(letGo);
 }
 
 const fs::path& MachineFolder() {

@@ -13,7 +13,7 @@
 namespace platform {
 
 /// Chooses the machine of this process and makes the folder and its sub-folders when missing.
-/// Registry connections to an earlier machine are closed. Throws
+/// What is held of an earlier machine is let go. Throws
 /// `std::filesystem::filesystem_error` when the folder cannot be made. Not while handles of the
 /// layer are open.
 void UseMachine(const std::filesystem::path& folder);
@@ -31,8 +31,9 @@ std::filesystem::path HostPath(std::u16string_view platformPath);
 /// The platform path under which the plug-in sees a file.
 std::u16string PlatformPath(const std::filesystem::path& hostPath);
 
-/// UTF-8 of a UTF-16 text (lone surrogates become U+FFFD), and back.
-std::string Utf8(std::u16string_view text);
-std::u16string Utf16(std::string_view text);
+/// Has every later change of the machine call an operation first, which lets go of what it holds of
+/// the one in use. \param letGo  a function that lives as long as the process; given twice it is
+/// called once.
+void WhenMachineChanges(void (*letGo)());
 
 }  // namespace platform

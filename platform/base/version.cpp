@@ -22,7 +22,7 @@ SystemVersion CurrentVersion() {
 
 }  // namespace
 
-void SetVersionForTests(const SystemVersion& version) {
+void ReplaceSystemVersion(const SystemVersion& version) {
     const std::lock_guard lock(mutex);
     current = version;
 }

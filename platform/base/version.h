@@ -12,7 +12,7 @@ struct SystemVersion {
     DWORD build = 19045;
 };
 
-/// Every later `GetVersionExW` answers this version; `{}` puts the usual one back.
-void SetVersionForTests(const SystemVersion& version);
+/// Every later `GetVersionExW` answers this version; `{}` puts the usual one back. For tests.
+void ReplaceSystemVersion(const SystemVersion& version);
 
 }  // namespace platform

@@ -1,7 +1,6 @@
 /// What is open or allocated in the layer right now, by kind: how tests see a leak.
 #pragma once
 
-#include <cstddef>
 #include <map>
 #include <string>
 
@@ -13,8 +12,5 @@ void CountObject(const char* kind, int change);
 
 /// The kinds with at least one object alive, and how many. Empty when nothing is held.
 std::map<std::string, int> LiveObjects();
-
-/// Bytes allocated now from one heap (`HeapCreate`, `GetProcessHeap`).
-std::size_t HeapBytes(void* heap);
 
 }  // namespace platform

@@ -1,8 +1,9 @@
-#include "platform/gui/windows_user.h"
+// The user in front of the screen: shows windows and waits for what is done in them.
 
 #include "platform/gui/dialogs/dialog.h"
 #include "platform/gui/dialogs/message_box.h"
 #include "platform/gui/help/help_viewer.h"
+#include "platform/user/user.h"
 
 namespace platform {
 namespace {
@@ -21,11 +22,9 @@ public:
     void ReadHelp(const HelpRequest& request) override { ShowHelp(request); }
 };
 
-}  // namespace
+PersonAtScreen personAtScreen;
+[[maybe_unused]] const bool named = (NameUserAtScreen(personAtScreen), true);
 
-User& WindowsUser() {
-    static PersonAtScreen user;
-    return user;
-}
+}  // namespace
 
 }  // namespace platform

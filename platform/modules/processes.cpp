@@ -23,6 +23,7 @@
 #include "platform/base/machine.h"
 #include "platform/base/paths.h"
 #include "platform/faults/failure_points.h"
+#include "platform/text/text_encoding.h"
 
 namespace {
 

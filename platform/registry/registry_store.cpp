@@ -23,6 +23,7 @@ public:
         if (!current && MachineFolder().empty()) {
             error_ = ERROR_PATH_NOT_FOUND;
         } else if (!current) {
+            WhenMachineChanges(CloseRegistryStore);
             current = Connection::Open(MachineFolder() / "registry.sqlite", &error_);
         }
     }

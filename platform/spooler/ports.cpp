@@ -3,9 +3,9 @@
 #include <array>
 #include <string>
 
-#include "platform/base/machine.h"
 #include "platform/net/host_names.h"
 #include "platform/spooler/print_keys.h"
+#include "platform/text/text_encoding.h"
 
 namespace platform::spooler {
 namespace {

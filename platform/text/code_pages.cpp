@@ -7,7 +7,6 @@
 #include <cstring>
 #include <limits>
 
-#include "platform/base/machine.h"
 #include "platform/faults/failure_points.h"
 #include "platform/text/text_encoding.h"
 

@@ -7,8 +7,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/base/machine.h"
-
 namespace platform {
 namespace {
 

@@ -8,6 +8,10 @@
 
 namespace platform {
 
+/// UTF-8 of a UTF-16 text (lone surrogates become U+FFFD), and back.
+std::string Utf8(std::u16string_view text);
+std::u16string Utf16(std::string_view text);
+
 /// UTF-8 that keeps lone surrogates, as three bytes each, so that every UTF-16 text comes back as
 /// it was: for names in stores.
 std::string ExactUtf8(std::u16string_view text);

@@ -1,11 +1,10 @@
 #include "platform/user/user.h"
 
-#include "platform/gui/windows_user.h"
-
 namespace platform {
 namespace {
 
 User* current = nullptr;
+User* atScreen = nullptr;
 
 }  // namespace
 
@@ -17,8 +16,12 @@ UserScope::~UserScope() {
     current = previous_;
 }
 
+void NameUserAtScreen(User& user) {
+    atScreen = &user;
+}
+
 User& CurrentUser() {
-    return current == nullptr ? WindowsUser() : *current;
+    return current == nullptr ? *atScreen : *current;
 }
 
 }  // namespace platform

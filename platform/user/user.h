@@ -8,8 +8,6 @@
 #include <windef.h>
 
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace platform {
 
@@ -51,25 +49,11 @@ private:
     User* previous_;
 };
 
-/// The current user: the innermost scope's, or the windows user.
+/// Makes a user the one who is current while there is no scope: the person at the screen, whom the
+/// layer's windows name at load.
+void NameUserAtScreen(User& user);
+
+/// The current user: the innermost scope's, or the one at the screen.
 User& CurrentUser();
-
-/// The hands of a user in a dialog: real mouse and key events on a control, so that focus, limits
-/// and notifications come about as they do for a person. All answer false, and do nothing, when the
-/// control is missing, hidden or disabled.
-namespace hands {
-
-bool Click(HWND dialog, int controlId);  ///< buttons, edits, lists
-bool TypeText(HWND dialog, int controlId,
-              std::u16string_view text);  ///< replaces the edit's text, key by key
-bool PressKey(HWND dialog, int virtualKey, bool alt = false);  ///< to whatever has the focus
-bool Choose(HWND dialog, int listId,
-            std::u16string_view itemText);              ///< opens the list, picks, closes
-bool StepUpDown(HWND dialog, int upDownId, int steps);  ///< clicks the up (+) or down (-) arrow
-/// Clicks the caption's question mark, then the control, which may be disabled.
-bool AskHelp(HWND dialog, int controlId);
-void Close(HWND dialog);  ///< the close box
-
-}  // namespace hands
 
 }  // namespace platform

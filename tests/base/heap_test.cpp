@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/base/heap.h"
 #include "platform/faults/failure_points.h"
 #include "tests/support/machine_fixture.h"
 

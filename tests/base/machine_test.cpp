@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include "platform/text/text_encoding.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {

@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "platform/faults/failure_points.h"
+#include "platform/text/text_encoding.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {

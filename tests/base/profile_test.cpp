@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "platform/faults/failure_points.h"
+#include "platform/text/text_encoding.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {

@@ -2,10 +2,10 @@
 
 #include <cstring>
 
-#include "platform/base/clock.h"
 #include "platform/base/version.h"
 #include "platform/faults/failure_points.h"
 #include "tests/support/machine_fixture.h"
+#include "tests/support/test_clock.h"
 
 namespace {
 
@@ -17,10 +17,10 @@ TEST(Version, BothRecordsAndNoOther) {
     EXPECT_EQ(version.dwPlatformId, DWORD{VER_PLATFORM_WIN32_NT});
     EXPECT_EQ(version.dwMajorVersion, 10u);
     EXPECT_EQ(version.wServicePackMajor, 0xEEEE) << "beyond the shorter record";
-    platform::SetVersionForTests({1, 4, 10, 1998});
+    platform::ReplaceSystemVersion({1, 4, 10, 1998});
     version.dwOSVersionInfoSize = sizeof(version);
     ASSERT_TRUE(GetVersionExW(reinterpret_cast<OSVERSIONINFOW*>(&version)));
-    platform::SetVersionForTests({});
+    platform::ReplaceSystemVersion({});
     EXPECT_EQ(version.dwPlatformId, DWORD{VER_PLATFORM_WIN32_WINDOWS});
     EXPECT_EQ(version.dwMinorVersion, 10u);
     EXPECT_EQ(version.wServicePackMajor, 0);
@@ -38,7 +38,7 @@ TEST(SystemDirectory, LengthOrTheRoomNeeded) {
 }
 
 TEST(Clock, SleepReturnsAtOnceAndIsCounted) {
-    const platform::TestClock clock;
+    const tests::TestClock clock;
     Sleep(3'600'000);
     Sleep(100);
     EXPECT_EQ(clock.Sleeps(), (std::vector<DWORD>{3'600'000, 100}));

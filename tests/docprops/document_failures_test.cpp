@@ -1,5 +1,6 @@
 #include <climits>
 
+#include "platform/base/heap.h"
 #include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
 #include "tests/support/document_page.h"

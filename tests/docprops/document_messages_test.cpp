@@ -5,6 +5,7 @@
 #include "docprops/document_callback.h"
 #include "docprops/paper_constraints.h"
 #include "platform/base/machine.h"
+#include "platform/gui/dialogs/hands.h"
 #include "platform/user/user.h"
 #include "resources/resource_ids.h"
 #include "tests/support/document_page.h"

@@ -1,4 +1,5 @@
 #include "tests/gui/dialog_test.h"
+#include "platform/gui/dialogs/hands.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
@@ -12,7 +13,6 @@
 #include <chrono>
 #include <functional>
 
-#include "platform/base/machine.h"
 #include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
 #include "platform/gui/dialogs/dialog.h"
@@ -20,6 +20,7 @@
 #include "platform/gui/templates/dialog_template.h"
 #include "platform/gui/windows/picture.h"
 #include "platform/modules/resources.h"
+#include "platform/text/text_encoding.h"
 #include "resources/resource_ids.h"
 #include "tests/support/scripted_user.h"
 

@@ -1,5 +1,6 @@
 // Devmodes from the store are bytes from outside.
 #include "host/devmode.h"
+#include "platform/text/text_encoding.h"
 
 #include <cstring>
 

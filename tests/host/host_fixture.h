@@ -14,7 +14,6 @@
 #include "host/commands.h"
 #include "host/failure.h"
 #include "host/played_printer.h"
-#include "platform/base/machine.h"
 #include "platform/faults/live_objects.h"
 
 namespace host {

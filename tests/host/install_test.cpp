@@ -5,7 +5,9 @@
 #include <fstream>
 #include <iterator>
 
+#include "platform/base/machine.h"
 #include "platform/spooler/ports.h"
+#include "platform/text/text_encoding.h"
 #include "tests/host/host_fixture.h"
 
 namespace host {

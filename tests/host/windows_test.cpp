@@ -12,6 +12,7 @@
 #include "host/item_settings.h"
 #include "host/windows/property_sheet.h"
 #include "platform/faults/failure_points.h"
+#include "platform/gui/dialogs/hands.h"
 #include "platform/gui/windows/application.h"
 #include "resources/resource_ids.h"
 #include "tests/host/host_fixture.h"

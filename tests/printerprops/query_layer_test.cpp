@@ -1,5 +1,4 @@
 // What needs the layer: its clock, its failure points, its other versions.
-#include <platform/base/clock.h>
 #include <platform/faults/failure_points.h>
 #include <platform/faults/live_objects.h>
 
@@ -16,6 +15,7 @@
 #include "tests/printerprops/loopback_printer.h"
 #include "tests/printerprops/printer_page.h"
 #include "tests/support/document_page.h"
+#include "tests/support/test_clock.h"
 #include "tests/support/test_printer.h"
 
 using namespace oemui;
@@ -50,7 +50,7 @@ class QueryOnTheLayer : public PluginTest {};
 TEST_F(QueryOnTheLayer, ASilentPrinterCountsAsAskedAndABrokenConnectionDoesNotBothAfterAllPolls) {
     for (const bool isBroken : {false, true}) {
         LoopbackPrinter printer(kSilent);
-        const platform::TestClock clock;
+        const tests::TestClock clock;
         const FailurePlan reset(isBroken ? "recv" : "none", 0, WSAECONNRESET);
         EXPECT_EQ(Query(LinkTo(printer.Address())), isBroken ? "failed" : "789");
         EXPECT_EQ(clock.Sleeps(), std::vector<DWORD>(61, 250));
@@ -70,7 +70,7 @@ TEST_F(QueryOnTheLayer, APrinterThatFellSilentAndThenClosedCountsAsAsked) {
             for (int i = 0; i < 1000 && ReceiveFromPrinter(&link, reply, 1, &length, &error); ++i) {
                 ::Sleep(1);
             }
-            const platform::TestClock clock;
+            const tests::TestClock clock;
             const FailurePlan silent(wasSilent ? "recv" : "none", 1, WSAEWOULDBLOCK);
             EXPECT_EQ(ExchangePjl(&link, Wide(command).c_str(), reply, sizeof reply, &length),
                       wasSilent);
@@ -81,7 +81,7 @@ TEST_F(QueryOnTheLayer, APrinterThatFellSilentAndThenClosedCountsAsAsked) {
 
 TEST_F(QueryOnTheLayer, AFloodWithoutFormFeedStaysInItsBuffer) {
     LoopbackPrinter printer({{std::string(1 << 20, 'x')}});
-    const platform::TestClock clock;
+    const tests::TestClock clock;
     const SocketLibrary library;
     std::array<char, kReplyCapacity + 1> reply = {};
     DWORD length = 0;
@@ -172,7 +172,7 @@ std::vector<std::string> WorkWithFailure(Work work, const std::string& point, in
 TEST_F(QueryOnTheLayer, WhateverFailsWhileAPageAsksLeavesNothingOpen) {
     // What only gives something back is not failed: the test would see its own fault as a leak.
     const std::string_view closers[] = {"WSACleanup", "closesocket", "RegCloseKey", "HeapFree"};
-    const platform::TestClock clock;
+    const tests::TestClock clock;
     for (const Work work : {Work::kActivate, Work::kSwitchOn, Work::kBuildDocumentPage}) {
         std::map<std::string, int> calls;
         for (const std::string& point : WorkWithFailure(work, "none", 1)) ++calls[point];

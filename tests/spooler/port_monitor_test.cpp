@@ -1,9 +1,9 @@
 #include <chrono>
 
-#include "platform/base/clock.h"
 #include "platform/spooler/ports.h"
 #include "tests/net/played_printer.h"
 #include "tests/spooler/spooler_fixture.h"
+#include "tests/support/test_clock.h"
 
 namespace {
 
@@ -122,7 +122,7 @@ TEST_F(PortMonitor, ReportsPrintersThatAnswerBadlyOrNotAtAll) {
     EXPECT_EQ(ask({{std::string(1 << 20, 'j')}}), failed) << "junk without end";
     EXPECT_EQ(ask({.answers = {}, .resets = true}), failed) << "reset";
     EXPECT_EQ(ask({{"half an answer"}, 0, true}), "half an answer") << "closed behind the answer";
-    const platform::TestClock clock;
+    const tests::TestClock clock;
     EXPECT_EQ(ask({{"no form feed"}}), Failed(ERROR_TIMEOUT));
     EXPECT_GT(clock.Elapsed(), 12000u);
     EXPECT_LE(clock.Elapsed(), 15000u);

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/text/text_encoding.h"
 #include "tests/support/machine_fixture.h"
 
 namespace tests {

@@ -1,6 +1,7 @@
 #include <memory>
 #include <utility>
 
+#include "platform/gui/dialogs/hands.h"
 #include "platform/user/user.h"
 #include "tests/support/dialog_user.h"
 #include "tests/support/plugin_fixture.h"

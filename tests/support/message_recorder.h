@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 #include "platform/user/user.h"
 
 namespace tests {

@@ -6,8 +6,8 @@
 #include <array>
 #include <utility>
 
-#include "platform/base/machine.h"
 #include "platform/gui/dialogs/message_box.h"
+#include "platform/text/text_encoding.h"
 
 namespace platform {
 namespace {

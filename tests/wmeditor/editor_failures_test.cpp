@@ -4,6 +4,7 @@
 #include <map>
 
 #include "platform/faults/failure_points.h"
+#include "platform/gui/dialogs/hands.h"
 #include "platform/user/user.h"
 #include "tests/wmeditor/editor_fixture.h"
 

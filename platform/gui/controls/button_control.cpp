@@ -4,7 +4,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "platform/gui/dialogs/dialog.h"
+#include "platform/gui/controls/control_owner.h"
 
 namespace platform {
 namespace {
@@ -37,7 +37,7 @@ QAbstractButton* MakeFace(DWORD type, QWidget* parent) {
 
 }  // namespace
 
-ButtonControl::ButtonControl(Dialog& owner, const ControlTemplate& made)
+ButtonControl::ButtonControl(ControlOwner& owner, const ControlTemplate& made)
     : Control(WindowKind::kButton, owner, made),
       button_(MakeFace(made.Style & kButtonTypeMask, owner.Widget())),
       type_(made.Style & kButtonTypeMask) {

@@ -11,7 +11,7 @@ inline constexpr DWORD kButtonTypeMask = 0x0F;
 
 class ButtonControl : public Control {
 public:
-    ButtonControl(Dialog& owner, const ControlTemplate& made);
+    ButtonControl(ControlOwner& owner, const ControlTemplate& made);
 
     QString Text() const override;
     void SetText(const QString& text) override;

@@ -1,8 +1,6 @@
 /// A control of a dialog. For the user-interface thread only.
 #pragma once
 
-#include <memory>
-
 #include "platform/gui/templates/dialog_template.h"
 #include "platform/gui/windows/window.h"
 
@@ -10,13 +8,13 @@ class QKeyEvent;
 
 namespace platform {
 
-class Dialog;
+class ControlOwner;
 
 class Control : public Window {
 public:
     ~Control() override;
 
-    Dialog& Owner() const { return owner_; }
+    ControlOwner& Owner() const { return owner_; }
     bool IsTabStop() const { return tabStop_; }
     bool StartsGroup() const { return startsGroup_; }
     /// Whether the focus may be given to it.
@@ -35,7 +33,7 @@ public:
     virtual bool IsRadioButton() const { return false; }
 
 protected:
-    Control(WindowKind kind, Dialog& owner, const ControlTemplate& made);
+    Control(WindowKind kind, ControlOwner& owner, const ControlTemplate& made);
     /// Adopts the widget and gives it the look, the font and the keys of the dialog.
     void Equip(QWidget* widget);
     /// Tells the program, with a command, before it returns.
@@ -43,14 +41,9 @@ protected:
     void SetTabStop(bool tabStop) { tabStop_ = tabStop; }
 
 private:
-    Dialog& owner_;
+    ControlOwner& owner_;
     bool tabStop_;
     bool startsGroup_;
 };
-
-/// Makes the control of a template in pixels of the dialog's client area; null for a class that is
-/// not supported.
-std::unique_ptr<Control> MakeControl(Dialog& owner, const ControlTemplate& made,
-                                     const QRect& place);
 
 }  // namespace platform

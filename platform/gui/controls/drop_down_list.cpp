@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "platform/faults/failure_points.h"
+#include "platform/gui/controls/control_owner.h"
 #include "platform/gui/controls/drop_down_list_face.h"
-#include "platform/gui/dialogs/dialog.h"
 
 namespace platform {
 namespace {
@@ -24,7 +24,7 @@ QString TextAt(LPARAM address) {
 
 }  // namespace
 
-DropDownList::DropDownList(Dialog& owner, const ControlTemplate& made)
+DropDownList::DropDownList(ControlOwner& owner, const ControlTemplate& made)
     : Control(WindowKind::kList, owner, made), sorted_((made.Style & CBS_SORT) != 0) {
     Equip(new Face(*this, owner.Widget()));
     popup_ = new Popup(*this, Widget());

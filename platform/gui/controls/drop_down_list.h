@@ -9,7 +9,7 @@ namespace platform {
 
 class DropDownList : public Control {
 public:
-    DropDownList(Dialog& owner, const ControlTemplate& made);
+    DropDownList(ControlOwner& owner, const ControlTemplate& made);
     ~DropDownList() override;
 
     QString Text() const override;

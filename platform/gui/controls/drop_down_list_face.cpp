@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "platform/gui/dialogs/dialog.h"
+#include "platform/gui/controls/control_owner.h"
 
 namespace platform {
 namespace {
@@ -119,7 +119,7 @@ QWidget* DropDownList::Popup::ItemPlace(int index, QRect* place) const {
 }
 
 void DropDownList::Popup::keyPressEvent(QKeyEvent* event) {
-    if (!HandleDialogKey(list_.Owner(), &list_, *event)) list_.HandleKey(*event);
+    if (!list_.Owner().HandleKey(&list_, *event)) list_.HandleKey(*event);
 }
 
 void DropDownList::Popup::hideEvent(QHideEvent* event) {

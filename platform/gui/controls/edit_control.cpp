@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/gui/controls/control_owner.h"
 #include "platform/gui/controls/up_down.h"
-#include "platform/gui/dialogs/dialog.h"
 
 namespace platform {
 namespace {
@@ -100,7 +100,7 @@ private:
     EditControl& control_;
 };
 
-EditControl::EditControl(Dialog& owner, const ControlTemplate& made)
+EditControl::EditControl(ControlOwner& owner, const ControlTemplate& made)
     : Control(WindowKind::kEdit, owner, made),
       face_(new Face(*this, owner.Widget())),
       digitsOnly_((made.Style & ES_NUMBER) != 0),

@@ -9,7 +9,7 @@ class UpDown;
 
 class EditControl : public Control {
 public:
-    EditControl(Dialog& owner, const ControlTemplate& made);
+    EditControl(ControlOwner& owner, const ControlTemplate& made);
 
     QString Text() const override;
     /// Limits and digits-only do not hold for a program; it is told of its own change.

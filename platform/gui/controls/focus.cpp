@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <utility>
 
-#include "platform/gui/dialogs/dialog.h"
+#include "platform/gui/controls/control_owner.h"
 
 namespace platform {
 namespace {

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "platform/gui/dialogs/dialog.h"
+#include "platform/gui/controls/control_owner.h"
 
 namespace platform {
 namespace {
@@ -43,7 +43,7 @@ private:
     StaticControl& control_;
 };
 
-StaticControl::StaticControl(Dialog& owner, const ControlTemplate& made)
+StaticControl::StaticControl(ControlOwner& owner, const ControlTemplate& made)
     : Control(WindowKind::kStatic, owner, made),
       text_(QString::fromStdU16String(made.Text)),
       type_(made.Style & kStaticTypeMask) {
@@ -91,7 +91,7 @@ private:
     GroupBox& box_;
 };
 
-GroupBox::GroupBox(Dialog& owner, const ControlTemplate& made)
+GroupBox::GroupBox(ControlOwner& owner, const ControlTemplate& made)
     : Control(WindowKind::kStatic, owner, made), text_(QString::fromStdU16String(made.Text)) {
     auto* face = new Face(*this, owner.Widget());
     // The controls inside a group are the box's siblings; their clicks are theirs.

@@ -8,7 +8,7 @@ namespace platform {
 /// A label, or a frame, which shows what is drawn into it.
 class StaticControl : public Control {
 public:
-    StaticControl(Dialog& owner, const ControlTemplate& made);
+    StaticControl(ControlOwner& owner, const ControlTemplate& made);
     QString Text() const override { return text_; }
     void SetText(const QString& text) override;
     void Place(const QRect& place) override;
@@ -22,7 +22,7 @@ private:
 /// A frame with a title in its top line.
 class GroupBox : public Control {
 public:
-    GroupBox(Dialog& owner, const ControlTemplate& made);
+    GroupBox(ControlOwner& owner, const ControlTemplate& made);
     QString Text() const override { return text_; }
     void SetText(const QString& text) override;
 

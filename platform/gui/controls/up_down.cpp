@@ -11,8 +11,8 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "platform/gui/controls/control_owner.h"
 #include "platform/gui/controls/edit_control.h"
-#include "platform/gui/dialogs/dialog.h"
 
 namespace platform {
 namespace {
@@ -104,7 +104,7 @@ private:
     int pressed_ = 0;
 };
 
-UpDown::UpDown(Dialog& owner, const ControlTemplate& made)
+UpDown::UpDown(ControlOwner& owner, const ControlTemplate& made)
     : Control(WindowKind::kUpDown, owner, made), style_(made.Style) {
     Equip(new Face(*this, owner.Widget()));
 }

@@ -9,7 +9,7 @@ class EditControl;
 
 class UpDown : public Control {
 public:
-    UpDown(Dialog& owner, const ControlTemplate& made);
+    UpDown(ControlOwner& owner, const ControlTemplate& made);
 
     LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
     /// Takes the control before this one in the dialog as its buddy, if it is an edit and the style

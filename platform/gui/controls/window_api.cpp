@@ -15,22 +15,6 @@ using platform::Control;
 using platform::MustFail;
 using platform::Window;
 
-namespace platform {
-
-QString TextOrNothing(LPCWSTR text) {
-    return text == nullptr ? QString() : QString::fromUtf16(text);
-}
-
-int CopyOut(const QString& text, LPWSTR buffer, int capacity) {
-    if (buffer == nullptr || capacity <= 0) return 0;
-    const int length = static_cast<int>(std::min<qsizetype>(text.size(), capacity - 1));
-    std::copy_n(text.utf16(), length, buffer);
-    buffer[length] = 0;
-    return length;
-}
-
-}  // namespace platform
-
 namespace {
 
 /// Passes the failure point and finds the window; null with the last error set.

@@ -4,8 +4,9 @@
 #include <QEventLoop>
 #include <QPointer>
 #include <QPushButton>
-#include <algorithm>
 
+#include "platform/gui/controls/button_control.h"
+#include "platform/gui/controls/control_factory.h"
 #include "platform/gui/controls/focus.h"
 #include "platform/gui/controls/up_down.h"
 #include "platform/gui/dialogs/dialog_frame.h"
@@ -15,7 +16,7 @@
 namespace platform {
 
 Dialog::Dialog(const DialogTemplate& made, Window* owner, DLGPROC procedure)
-    : Window(WindowKind::kDialog, owner, 0),
+    : ControlOwner(WindowKind::kDialog, owner, 0),
       procedure_(procedure),
       frame_(new Frame(*this, owner == nullptr ? nullptr : owner->Widget(),
                        (made.ExtendedStyle & WS_EX_CONTEXTHELP) != 0)) {
@@ -41,8 +42,8 @@ bool Dialog::MakeControls(const DialogTemplate& made, const DialogUnits& units) 
         auto control =
             MakeControl(*this, each, units.ToPixels(each.X, each.Y, each.Width, each.Height));
         if (control == nullptr) return false;
-        controls_.push_back(std::move(control));
-        Control& added = *controls_.back();
+        Control& added = *control;
+        Add(std::move(control));
         if (added.Kind() == WindowKind::kUpDown) static_cast<UpDown&>(added).FindBuddy();
     }
     return true;
@@ -98,34 +99,6 @@ void Dialog::WaitForEnd() {
     loop_ = nullptr;
 }
 
-Control* Dialog::Find(int controlId) const {
-    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& control) {
-        return control->ControlId() == controlId;
-    });
-    return found == controls_.end() ? nullptr : found->get();
-}
-
-Control* Dialog::Before(const Control& control) const {
-    for (std::size_t i = 1; i < controls_.size(); ++i) {
-        if (controls_[i].get() == &control) return controls_[i - 1].get();
-    }
-    return nullptr;
-}
-
-std::vector<Control*> Dialog::GroupOf(const Control& control) const {
-    std::vector<Control*> group;
-    bool found = false;
-    for (const auto& each : controls_) {
-        if (each->StartsGroup()) {
-            if (found) break;
-            group.clear();
-        }
-        group.push_back(each.get());
-        found = found || each.get() == &control;
-    }
-    return group;
-}
-
 void Dialog::Command(int controlId, int code, HWND control) {
     if (goingAway_) return;
     Receive(WM_COMMAND, MAKEWPARAM(controlId, code), reinterpret_cast<LPARAM>(control));
@@ -134,7 +107,7 @@ void Dialog::Command(int controlId, int code, HWND control) {
 void Dialog::PressDefault() {
     Control* focused = FocusedControl();
     if (focused != nullptr && focused->IsPushButton()) return focused->Press();
-    for (const auto& each : controls_) {
+    for (const auto& each : Controls()) {
         if (!each->IsPushButton() || !static_cast<ButtonControl&>(*each).IsDefault()) continue;
         if (each->Widget()->isEnabled()) Command(each->ControlId(), BN_CLICKED, each->Handle());
         return;
@@ -149,12 +122,16 @@ void Dialog::Cancel() {
 }
 
 void Dialog::ShowDefaultButton(Control* button) {
-    for (const auto& each : controls_) {
+    for (const auto& each : Controls()) {
         if (!each->IsPushButton()) continue;
         const auto& known = static_cast<const ButtonControl&>(*each);
         const bool shown = button == nullptr ? known.IsDefault() : button == &known;
         static_cast<QPushButton*>(each->Widget())->setDefault(shown);
     }
+}
+
+bool Dialog::HandleKey(Control* focused, const QKeyEvent& event) {
+    return HandleDialogKey(*this, focused, event);
 }
 
 QString Dialog::Text() const {

@@ -2,10 +2,8 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
-#include "platform/gui/controls/button_control.h"
-#include "platform/gui/controls/control.h"
+#include "platform/gui/controls/control_owner.h"
 #include "platform/gui/templates/dialog_template.h"
 #include "platform/gui/templates/dialog_units.h"
 
@@ -13,7 +11,7 @@ class QEventLoop;
 
 namespace platform {
 
-class Dialog : public Window {
+class Dialog : public ControlOwner {
 public:
     /// Null when a control's class is not supported.
     static std::unique_ptr<Dialog> Make(const DialogTemplate& made, Window* owner,
@@ -26,25 +24,17 @@ public:
     /// Shows the dialog and lets the user work until it ends. \return what it ended with.
     INT_PTR Run(LPARAM parameter);
     void End(INT_PTR result);
-    bool HasEnded() const { return ended_; }
+    bool HasEnded() const override { return ended_; }
     /// Runs the windows' own loop until the dialog has ended.
     void WaitForEnd();
 
-    Control* Find(int controlId) const;  ///< null when there is none
-    const std::vector<std::unique_ptr<Control>>& Controls() const { return controls_; }
-    /// The control before another in the template; null for the first.
-    Control* Before(const Control& control) const;
-    /// The group that a control belongs to, in the template's order.
-    std::vector<Control*> GroupOf(const Control& control) const;
-
-    /// Sends WM_COMMAND.
-    void Command(int controlId, int code, HWND control);
+    void Command(int controlId, int code, HWND control) override;
     /// What Enter does: presses the push button with the focus, else the default one.
     void PressDefault();
     /// What Escape and the close box do.
     void Cancel();
-    /// Shows a push button as the one that Enter presses; null: the template's.
-    void ShowDefaultButton(Control* button);
+    void ShowDefaultButton(Control* button) override;
+    bool HandleKey(Control* focused, const QKeyEvent& event) override;
     /// Sends WM_HELP.
     void AskHelp(int controlId);
     /// The next click asks for help on what it hits; Escape ends that.
@@ -63,7 +53,6 @@ private:
     bool MakeControls(const DialogTemplate& made, const DialogUnits& units);
     void Show();
 
-    std::vector<std::unique_ptr<Control>> controls_;
     DLGPROC procedure_;
     Frame* frame_;
     QEventLoop* loop_ = nullptr;

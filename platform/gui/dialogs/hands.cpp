@@ -8,7 +8,7 @@
 
 #include "platform/gui/controls/drop_down_list.h"
 #include "platform/gui/dialogs/dialog.h"
-#include "platform/user/user.h"
+#include "platform/gui/dialogs/hands.h"
 
 namespace platform::hands {
 namespace {
@@ -120,7 +120,7 @@ bool TypeText(HWND dialog, int controlId, std::u16string_view text) {
     const Control* control = UsableControl(dialog, controlId);
     if (control == nullptr || control->Kind() != WindowKind::kEdit) return false;
     if (!Click(dialog, controlId)) return false;
-    const Dialog& owner = control->Owner();
+    const Dialog& owner = *Dialog::Require(dialog);
     SendKey(owner, Qt::Key_A, Qt::ControlModifier, QStringLiteral("\x01"));
     if (text.empty()) SendKey(owner, Qt::Key_Delete, Qt::NoModifier, QStringLiteral("\x7f"));
     TypeUnits(owner, QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())));

@@ -5,7 +5,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "platform/base/machine.h"
+#include "platform/text/text_encoding.h"
 
 namespace platform {
 namespace {

@@ -1,0 +1,19 @@
+#include "platform/gui/windows/window_text.h"
+
+#include <algorithm>
+
+namespace platform {
+
+QString TextOrNothing(LPCWSTR text) {
+    return text == nullptr ? QString() : QString::fromUtf16(text);
+}
+
+int CopyOut(const QString& text, LPWSTR buffer, int capacity) {
+    if (buffer == nullptr || capacity <= 0) return 0;
+    const int length = static_cast<int>(std::min<qsizetype>(text.size(), capacity - 1));
+    std::copy_n(text.utf16(), length, buffer);
+    buffer[length] = 0;
+    return length;
+}
+
+}  // namespace platform
