@@ -1,7 +1,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "host/commands.h"
+#include "host/commands/commands.h"
 
 int main(int count, char** arguments) {
     // The standard error stream is for the plug-in's messages; what the window library has to say

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QWidget>
 
-#include "host/option_items.h"
+#include "host/driver/option_items.h"
 
 namespace host {
 

@@ -9,7 +9,7 @@
 #include <QSpinBox>
 #include <functional>
 
-#include "host/option_items.h"
+#include "host/driver/option_items.h"
 
 namespace host {
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "host/option_items.h"
+#include "host/driver/option_items.h"
 
 namespace host {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/page_session.h"
+#include "host/page/session.h"
 
 namespace host {
 

@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "host/failure.h"
+#include "host/errors/failure.h"
 #include "platform/text/text_encoding.h"
 #include "platform/user/user.h"
 

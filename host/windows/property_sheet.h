@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "host/page_session.h"
+#include "host/page/session.h"
 #include "host/windows/item_panel.h"
 #include "host/windows/item_tree_view.h"
 #include "platform/gui/windows/owner_window.h"

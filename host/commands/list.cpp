@@ -1,0 +1,131 @@
+// list, profile, forms.
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+#include "host/commands/commands.h"
+#include "host/driver/installed_options.h"
+#include "host/errors/failure.h"
+#include "host/installation/printer_install.h"
+#include "host/spooler/printers.h"
+#include "platform/text/text_encoding.h"
+
+namespace host {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr const char16_t* kWatermarkValue = u"WaterMarkList";
+constexpr const char16_t* kSettingValue = u"EAIDCDisable";
+
+// What installing and using the printer left in its data.
+Json DriverDataToJson(HANDLE printer) {
+    Json written = Json::object();
+    DWORD number = 0;
+    if (PrinterDataNumber(printer, kSettingValue, &number)) written["EAIDCDisable"] = number;
+    for (const OptionKeywords& keywords : AllOptionKeywords()) {
+        const std::u16string setting =
+            PrinterDataText(printer, platform::Utf16(keywords.feature).c_str());
+        if (!setting.empty()) written[keywords.feature] = platform::Utf8(setting);
+    }
+    if (const DWORD bytes = PrinterDataSize(printer, kWatermarkValue)) {
+        written["WaterMarkList"] = std::to_string(bytes) + " bytes";
+    }
+    return written;
+}
+
+Json PrinterToJson(const PrinterSummary& printer) {
+    const std::string name = platform::Utf8(printer.name);
+    const Model* model = ModelOfDriver(printer.driver);
+    const PrinterHandle handle = OpenNamedPrinter(name, PRINTER_ACCESS_USE);
+    return {{"name", name},
+            {"model", model ? Json(std::string(1, model->letter)) : Json()},
+            {"driver", platform::Utf8(printer.driver)},
+            {"port", platform::Utf8(printer.port)},
+            {"bidi", printer.bidirectional},
+            {"printProcessor", platform::Utf8(printer.printProcessor)},
+            {"driverData", DriverDataToJson(handle.get())}};
+}
+
+std::string Bare(const Json& value) {
+    return value.is_string() ? value.get<std::string>() : value.dump();
+}
+
+void PrintPrinter(const Json& printer, std::ostream& out) {
+    out << Bare(printer["name"]) << '\n';
+    out << "  driver           " << Bare(printer["driver"]) << " (model " << Bare(printer["model"])
+        << ")\n";
+    out << "  port             " << Bare(printer["port"])
+        << (printer["bidi"].get<bool>() ? ", bidirectional" : "") << '\n';
+    out << "  print processor  " << Bare(printer["printProcessor"]) << '\n';
+    out << "  driver data     ";
+    for (const auto& [value, content] : printer["driverData"].items()) {
+        out << ' ' << value << '=' << Bare(content);
+    }
+    out << '\n';
+}
+
+void List(bool json, const CommandContext& context) {
+    UseChosenMachine(context);
+    Json printers = Json::array();
+    for (const PrinterSummary& printer : ListPrinters()) {
+        printers.push_back(PrinterToJson(printer));
+    }
+    if (json) {
+        context.out << printers.dump(2) << '\n';
+        return;
+    }
+    for (const Json& printer : printers) PrintPrinter(printer, context.out);
+}
+
+void PrintForms(HANDLE printer, std::ostream& out) {
+    for (const Form& form : ListForms(printer)) {
+        out << platform::Utf8(form.name) << '=' << Json(form.size.cx / 1000.0).dump() << 'x'
+            << Json(form.size.cy / 1000.0).dump() << (form.ownToUser ? " (added)" : "") << '\n';
+    }
+}
+
+void AddList(CLI::App& app, CommandContext& context) {
+    CLI::App* command = app.add_subcommand("list", "list the printers");
+    auto json = std::make_shared<bool>(false);
+    command->add_flag("--json", *json, "as JSON");
+    command->callback([json, &context] { List(*json, context); });
+}
+
+void AddProfile(CLI::App& app, CommandContext& context) {
+    CLI::App* command = app.add_subcommand("profile", "the colour profile of a printer's output");
+    auto name = std::make_shared<std::string>();
+    command->add_option("name", *name, "the printer's name")->required();
+    command->callback([name, &context] {
+        UseChosenMachine(context);
+        const ColorProfile profile = QueryProfile(*name);
+        context.out << profile.name << " (flags " << profile.flags << ")\n";
+    });
+}
+
+void AddForms(CLI::App& app, CommandContext& context) {
+    CLI::App* command = app.add_subcommand("forms", "list the papers, or add one");
+    auto name = std::make_shared<std::string>();
+    auto added = std::make_shared<std::vector<std::string>>();
+    command->add_option("name", *name, "the printer's name")->required();
+    command->add_option("--add", *added, "Name=WIDTHxHEIGHT in millimetres")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    command->callback([name, added, &context] {
+        UseChosenMachine(context);
+        const DWORD access = added->empty() ? PRINTER_ACCESS_USE : PRINTER_ALL_ACCESS;
+        const PrinterHandle printer = OpenNamedPrinter(*name, access);
+        for (const std::string& form : *added) AddForm(printer.get(), form);
+        if (added->empty()) PrintForms(printer.get(), context.out);
+    });
+}
+
+}  // namespace
+
+void AddListCommands(CLI::App& app, CommandContext& context) {
+    AddList(app, context);
+    AddProfile(app, context);
+    AddForms(app, context);
+}
+
+}  // namespace host

@@ -1,0 +1,100 @@
+#include "host/driver/module.h"
+
+#include <atomic>
+
+#include "host/errors/failure.h"
+#include "host/spooler/printers.h"
+#include "platform/text/text_encoding.h"
+
+namespace host {
+namespace {
+
+/// The driver's interface as plug-ins get it. What a plug-in wants to know while a page is shown it
+/// asks through the page's own function table, so that the answers here are those of a driver
+/// without a page.
+class DriverInterface final : public IPrintOemDriverUI {
+public:
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+        const bool known = iid == IID_IUnknown || iid == IID_IPrintOemDriverUI;
+        *object = known ? static_cast<IPrintOemDriverUI*>(this) : nullptr;
+        if (!known) return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+    STDMETHODIMP_(ULONG) Release() override {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+    STDMETHODIMP DrvGetDriverSetting(PVOID driver, PCSTR feature, PVOID output, DWORD outputSize,
+                                     PDWORD neededSize, PDWORD optionsReturned) override {
+        POEMUIPROCS procedures = ProceduresOf(driver);
+        if (!procedures) return E_NOTIMPL;
+        const BOOL done = procedures->DrvGetDriverSetting(driver, feature, output, outputSize,
+                                                          neededSize, optionsReturned);
+        return done == E_NOTIMPL ? E_NOTIMPL : (done ? S_OK : E_FAIL);
+    }
+    STDMETHODIMP DrvUpgradeRegistrySetting(HANDLE, PCSTR, PCSTR) override { return E_NOTIMPL; }
+    STDMETHODIMP DrvUpdateUISetting(PVOID driver, PVOID optItem, DWORD previousSelection,
+                                    DWORD mode) override {
+        POEMUIPROCS procedures = ProceduresOf(driver);
+        if (!procedures) return E_NOTIMPL;
+        return procedures->DrvUpdateUISetting(driver, optItem, previousSelection, mode) ? S_OK
+                                                                                        : E_FAIL;
+    }
+
+private:
+    ~DriverInterface() = default;
+
+    static POEMUIPROCS ProceduresOf(PVOID driver) {
+        return driver ? static_cast<POEMUIOBJ>(driver)->pOemUIProcs : nullptr;
+    }
+
+    std::atomic<ULONG> references_{1};
+};
+
+struct ReleasedUnknown {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
+
+using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+
+IPrintOemUI* CreatePlugIn(HMODULE module, const std::string& file) {
+    const auto getClassObject = reinterpret_cast<GetClassObject>(
+        reinterpret_cast<void*>(::GetProcAddress(module, "DllGetClassObject")));
+    if (!getClassObject) FailWithLastError(file + " is no plug-in");
+    IClassFactory* factory = nullptr;
+    if (FAILED(
+            getClassObject(CLSID_OEMUI, IID_IClassFactory, reinterpret_cast<void**>(&factory)))) {
+        throw Failure(file + " gives no class factory");
+    }
+    const std::unique_ptr<IUnknown, ReleasedUnknown> factoryOwner(factory);
+    void* plugIn = nullptr;
+    if (FAILED(factory->CreateInstance(nullptr, IID_IPrintOemUI, &plugIn))) {
+        throw Failure(file + " gives no user interface object");
+    }
+    return static_cast<IPrintOemUI*>(plugIn);
+}
+
+}  // namespace
+
+DriverModule::DriverModule(const std::u16string& path)
+    : path_(path), module_(::LoadLibraryW(path.c_str())) {
+    const std::string file = platform::Utf8(path);
+    if (!module_) FailWithLastError(file + " cannot be loaded");
+    plugIn_.reset(CreatePlugIn(module_.get(), file));
+    auto* driverInterface = new DriverInterface;
+    const std::unique_ptr<IUnknown, ReleasedUnknown> ownReference(driverInterface);
+    if (FAILED(plugIn_->PublishDriverInterface(driverInterface))) {
+        throw Failure(file + " refuses the driver's interface");
+    }
+}
+
+DriverModule::~DriverModule() = default;
+
+std::unique_ptr<DriverModule> LoadPrinterModule(HANDLE printer) {
+    return std::make_unique<DriverModule>(DriverModulePath(printer));
+}
+
+}  // namespace host

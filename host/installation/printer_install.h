@@ -1,0 +1,50 @@
+/// Installing and removing drivers and printers, with the events that the spooler sends.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "host/driver/models.h"
+#include "host/installation/ports.h"
+
+namespace host {
+
+/// Where the files to install come from, beside the program.
+struct PackageSource {
+    std::filesystem::path packages;  ///< a folder for each model, by its letter
+    std::filesystem::path standIns;  ///< what is no part of a package; may be missing
+};
+
+/// The sources beside the running program: `../package` and `../standin` of its folder.
+PackageSource OwnPackageSource();
+
+struct InstallRequest {
+    std::string name;  ///< UTF-8; a server part `\\server\` is dropped, but the event has it
+    const Model* model = nullptr;
+    PortSpec port;
+    bool bidirectional = false;
+};
+
+/// Copies the model's files into the machine, registers driver, port and printer, gives the printer
+/// its default devmode, and sends the plug-in its printer event. What was registered before a
+/// failure stays, except the printer.
+void InstallPrinter(const InstallRequest& request, const PackageSource& source);
+
+/// Sends the plug-in its event, if its module can be loaded, and removes the printer with its data.
+void RemovePrinter(const std::string& name);
+
+/// Removes the printers of a model, sends the plug-in the driver's deletion and takes the driver
+/// out of the spooler. The driver's files are left to the uninstaller that the plug-in starts.
+/// \return the names of the printers removed, UTF-8.
+std::vector<std::string> UninstallDriver(const Model& model);
+
+struct ColorProfile {
+    std::string name;  ///< UTF-8
+    DWORD flags;       ///< QCP_PROFILE*
+};
+
+/// The colour profile that the plug-in names for a printer's output.
+ColorProfile QueryProfile(const std::string& printerName);
+
+}  // namespace host

@@ -1,0 +1,33 @@
+/// The user of the text mode: messages and help are printed, message boxes get the answer that
+/// changes nothing or the script's, dialogs are worked in by the script.
+#pragma once
+
+#include <iosfwd>
+
+#include "host/page/edit_script.h"
+#include "platform/user/user.h"
+
+namespace host {
+
+class TerminalUser final : public platform::User {
+public:
+    /// \param out  for the messages. \param script  may be null: dialogs are closed again then.
+    /// Both
+    ///        must live as long as the user.
+    explicit TerminalUser(std::ostream& out, EditScript* script = nullptr)
+        : out_(out), script_(script) {}
+
+    int AnswerMessageBox(const platform::MessageBoxRequest& request) override;
+    void WorkInDialog(HWND dialog) override;
+    void ReadHelp(const platform::HelpRequest& request) override;
+
+    /// How many dialogs came up.
+    int Dialogs() const { return dialogs_; }
+
+private:
+    std::ostream& out_;
+    EditScript* script_;
+    int dialogs_ = 0;
+};
+
+}  // namespace host

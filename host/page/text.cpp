@@ -1,0 +1,79 @@
+#include "host/page/text.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "platform/text/text_encoding.h"
+
+namespace host {
+namespace {
+
+constexpr std::size_t kValueColumn = 34;
+
+void PrintChoices(const PageItem& item, std::ostream& out) {
+    for (std::size_t i = 0; i < item.ChoiceCount(); ++i) {
+        if (!item.ChoiceVisible(i)) continue;
+        const bool current = item.Record().Sel == static_cast<LONG>(i);
+        const bool usable = item.ChoiceEnabled(i) && !item.ChoiceStopped(i);
+        const std::string keyword = (current ? "*" : "") + item.ChoiceKeyword(i);
+        out << ' ' << (usable ? keyword : "[" + keyword + "]");
+    }
+}
+
+void PrintNumber(const PageItem& item, std::ostream& out) {
+    out << ' ' << item.Lowest() << ".." << item.Highest();
+    if (!item.Unit().empty()) out << ' ' << item.Unit();
+    out << " *" << item.Record().Sel;
+}
+
+std::string Notes(const PageItem& item) {
+    std::string notes;
+    if (item.HasButton()) {
+        const WCHAR* title = item.Record().pExtPush->pTitle;
+        if (title) notes += "  <" + platform::Utf8(title) + ">";
+    }
+    const auto selection = static_cast<std::size_t>(item.Record().Sel);
+    if (item.Kind() == ItemKind::List && selection < item.ChoiceCount() &&
+        item.ChoiceStopped(selection)) {
+        notes += "  (stop: not installed)";
+    }
+    if (!item.Enabled()) notes += "  (not available)";
+    return notes;
+}
+
+void PrintTreeItem(const PageItem& item, std::ostream& out) {
+    std::string line(std::size_t{2} * item.Record().Level + 2, ' ');
+    line += item.Name();
+    if (item.Kind() != ItemKind::Group) {
+        line.resize(std::max(line.size() + 2, kValueColumn), ' ');
+        line += item.SelectionText() + Notes(item);
+    }
+    out << line << '\n';
+}
+
+}  // namespace
+
+void PrintPage(PageSession& page, std::ostream& out) {
+    out << platform::Utf8(page.Printer().name) << " (" << platform::Utf8(page.Printer().driver)
+        << ", model " << page.PrinterModel().letter << "), "
+        << (page.Kind() == PageKind::Document ? "document settings" : "printer settings") << '\n';
+    for (const PageItem& item : page.Items()) {
+        if (item.Visible()) PrintTreeItem(item, out);
+    }
+}
+
+void PrintItemLines(PageSession& page, std::ostream& out) {
+    for (const PageItem& item : page.Items()) {
+        if (!item.Visible() || item.Kind() == ItemKind::Group) continue;
+        out << item.Keyword() << '/' << item.Name() << ':';
+        if (item.Kind() == ItemKind::Number) {
+            PrintNumber(item, out);
+        } else {
+            PrintChoices(item, out);
+        }
+        if (!item.Enabled()) out << " (disabled)";
+        out << '\n';
+    }
+}
+
+}  // namespace host

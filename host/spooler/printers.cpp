@@ -1,0 +1,159 @@
+#include "host/spooler/printers.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstring>
+
+#include "host/errors/failure.h"
+#include "host/errors/suggestions.h"
+#include "host/spooler/records.h"
+#include "platform/text/text_encoding.h"
+
+namespace host {
+namespace {
+
+// The longest text that the host keeps in a printer's data, in bytes.
+constexpr DWORD kMostDataBytes = 1024;
+
+PrinterSummary Summarize(const PRINTER_INFO_2W& record) {
+    return {RecordText(record.pPrinterName), RecordText(record.pPortName),
+            RecordText(record.pDriverName), RecordText(record.pPrintProcessor),
+            (record.Attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0};
+}
+
+std::vector<std::string> PrinterNames() {
+    std::vector<std::string> names;
+    for (const PrinterSummary& printer : ListPrinters())
+        names.push_back(platform::Utf8(printer.name));
+    return names;
+}
+
+// Thousandths of a millimetre; anything but a number from 1 mm to 100 m is refused.
+LONG ParseMillimetres(std::string_view text, const std::string& definition) {
+    double millimetres = 0;
+    const char* end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, millimetres);
+    if (error != std::errc() || rest != end || !(millimetres >= 1 && millimetres <= 100'000)) {
+        throw UsageFailure("\"" + definition +
+                           "\" is no form: expected Name=WIDTHxHEIGHT in millimetres");
+    }
+    return static_cast<LONG>(std::lround(millimetres * 1000));
+}
+
+}  // namespace
+
+std::vector<PrinterSummary> ListPrinters() {
+    DWORD count = 0;
+    const RecordBlock<PRINTER_INFO_2W> block(
+        "the printers cannot be listed", [&](LPBYTE buffer, DWORD size, LPDWORD needed) {
+            return ::EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 2, buffer, size, needed, &count);
+        });
+    std::vector<PrinterSummary> printers;
+    for (DWORD i = 0; i < count; ++i) printers.push_back(Summarize(block.Records()[i]));
+    return printers;
+}
+
+PrinterHandle OpenNamedPrinter(const std::string& name, DWORD access) {
+    std::u16string wideName = platform::Utf16(name);
+    PRINTER_DEFAULTSW defaults{nullptr, nullptr, access};
+    HANDLE printer = nullptr;
+    if (!::OpenPrinterW(wideName.data(), &printer, &defaults)) {
+        const DWORD error = ::GetLastError();
+        if (error != ERROR_INVALID_PRINTER_NAME) {
+            FailWith("printer \"" + name + "\" cannot be opened", error);
+        }
+        throw Failure(UnknownName("printer", name, PrinterNames()));
+    }
+    return PrinterHandle(printer);
+}
+
+PrinterSummary SummaryOf(HANDLE printer) {
+    const RecordBlock<PRINTER_INFO_2W> block(
+        "the printer cannot be read", [&](LPBYTE buffer, DWORD size, LPDWORD needed) {
+            return ::GetPrinterW(printer, 2, buffer, size, needed);
+        });
+    return Summarize(*block.Records());
+}
+
+std::vector<Form> ListForms(HANDLE printer) {
+    DWORD count = 0;
+    const RecordBlock<FORM_INFO_1W> block(
+        "the forms cannot be listed", [&](LPBYTE buffer, DWORD size, LPDWORD needed) {
+            return ::EnumFormsW(printer, 1, buffer, size, needed, &count);
+        });
+    std::vector<Form> forms;
+    for (DWORD i = 0; i < count; ++i) {
+        const FORM_INFO_1W& record = block.Records()[i];
+        forms.push_back(
+            {RecordText(record.pName), record.Size, (record.Flags & FORM_BUILTIN) == 0});
+    }
+    return forms;
+}
+
+void AddForm(HANDLE printer, const std::string& definition) {
+    const std::size_t equals = definition.rfind('=');
+    const std::size_t cross = definition.find('x', equals == std::string::npos ? 0 : equals);
+    if (equals == std::string::npos || cross == std::string::npos || equals == 0) {
+        throw UsageFailure("\"" + definition +
+                           "\" is no form: expected Name=WIDTHxHEIGHT in millimetres");
+    }
+    const std::string_view text = definition;
+    std::u16string name = platform::Utf16(text.substr(0, equals));
+    FORM_INFO_1W form{};
+    form.Flags = FORM_USER;
+    form.pName = name.data();
+    form.Size.cx = ParseMillimetres(text.substr(equals + 1, cross - equals - 1), definition);
+    form.Size.cy = ParseMillimetres(text.substr(cross + 1), definition);
+    form.ImageableArea = {0, 0, form.Size.cx, form.Size.cy};
+    if (!::AddFormW(printer, 1, reinterpret_cast<LPBYTE>(&form))) {
+        FailWithLastError("form \"" + definition + "\" cannot be added");
+    }
+}
+
+std::u16string DriverModulePath(HANDLE printer) {
+    const RecordBlock<DRIVER_INFO_2W> block(
+        "the printer's driver cannot be read", [&](LPBYTE buffer, DWORD size, LPDWORD needed) {
+            return ::GetPrinterDriverW(printer, nullptr, 2, buffer, size, needed);
+        });
+    return RecordText(block.Records()->pConfigFile);
+}
+
+std::u16string PrinterDataText(HANDLE printer, const char16_t* name) {
+    BYTE bytes[kMostDataBytes] = {};
+    DWORD type = REG_NONE;
+    DWORD size = 0;
+    const DWORD status =
+        ::GetPrinterDataW(printer, const_cast<LPWSTR>(name), &type, bytes, sizeof(bytes), &size);
+    if (status != ERROR_SUCCESS || type != REG_SZ || size > sizeof(bytes)) return {};
+    std::u16string text(size / sizeof(char16_t), u'\0');
+    std::memcpy(text.data(), bytes, text.size() * sizeof(char16_t));
+    return text.substr(0, text.find(u'\0'));
+}
+
+bool PrinterDataNumber(HANDLE printer, const char16_t* name, DWORD* number) {
+    DWORD type = REG_NONE;
+    DWORD size = 0;
+    DWORD value = 0;
+    const DWORD status = ::GetPrinterDataW(printer, const_cast<LPWSTR>(name), &type,
+                                           reinterpret_cast<LPBYTE>(&value), sizeof(value), &size);
+    if (status != ERROR_SUCCESS || type != REG_DWORD || size != sizeof(value)) return false;
+    *number = value;
+    return true;
+}
+
+DWORD PrinterDataSize(HANDLE printer, const char16_t* name) {
+    DWORD size = 0;
+    const DWORD status =
+        ::GetPrinterDataW(printer, const_cast<LPWSTR>(name), nullptr, nullptr, 0, &size);
+    return status == ERROR_SUCCESS || status == ERROR_MORE_DATA ? size : 0;
+}
+
+void SetPrinterDataText(HANDLE printer, const char16_t* name, const std::u16string& text) {
+    std::u16string terminated = text + u'\0';
+    const DWORD status = ::SetPrinterDataW(
+        printer, const_cast<LPWSTR>(name), REG_SZ, reinterpret_cast<LPBYTE>(terminated.data()),
+        static_cast<DWORD>(terminated.size() * sizeof(char16_t)));
+    if (status != ERROR_SUCCESS) FailWith("the printer's settings cannot be stored", status);
+}
+
+}  // namespace host

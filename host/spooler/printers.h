@@ -1,0 +1,57 @@
+/// Printers and forms of the machine, read from the spooler into values.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "host/spooler/handles.h"
+
+namespace host {
+
+struct PrinterSummary {
+    std::u16string name;
+    std::u16string port;
+    std::u16string driver;
+    std::u16string printProcessor;
+    bool bidirectional = false;
+};
+
+struct Form {
+    std::u16string name;
+    SIZEL size;      ///< thousandths of a millimetre
+    bool ownToUser;  ///< added by a user of the machine, not one of the platform's
+};
+
+/// All printers, in the spooler's order. Throws `Failure` when the store cannot be read.
+std::vector<PrinterSummary> ListPrinters();
+
+/// Opens a printer by its name (UTF-8); an unknown name is a `Failure` that tells the near ones.
+/// \param access  PRINTER_ACCESS_USE, PRINTER_ALL_ACCESS...
+PrinterHandle OpenNamedPrinter(const std::string& name, DWORD access);
+
+PrinterSummary SummaryOf(HANDLE printer);
+
+/// The forms of the printer's machine, in the order in which the form item lists them.
+std::vector<Form> ListForms(HANDLE printer);
+
+/// Adds a form of the user's. \param definition  "Name=WIDTHxHEIGHT" in millimetres, decimals
+/// allowed. Throws `UsageFailure` when it is not understood.
+void AddForm(HANDLE printer, const std::string& definition);
+
+/// The platform path of a driver file: the registered driver's module.
+std::u16string DriverModulePath(HANDLE printer);
+
+/// A text value of the printer's data; empty when there is none or when it is no text.
+std::u16string PrinterDataText(HANDLE printer, const char16_t* name);
+
+/// A number of the printer's data. \return false when there is none.
+bool PrinterDataNumber(HANDLE printer, const char16_t* name, DWORD* number);
+
+/// The size in bytes of a value of the printer's data; 0 when there is none.
+DWORD PrinterDataSize(HANDLE printer, const char16_t* name);
+
+void SetPrinterDataText(HANDLE printer, const char16_t* name, const std::u16string& text);
+
+}  // namespace host
