@@ -1,11 +1,11 @@
 // Devmodes from the store are bytes from outside.
-#include "host/devmode.h"
+#include "host/driver/devmode.h"
 #include "platform/text/text_encoding.h"
 
 #include <cstring>
 
-#include "host/page_json.h"
-#include "host/printers.h"
+#include "host/page/json.h"
+#include "host/spooler/printers.h"
 #include "tests/host/host_fixture.h"
 
 namespace host {

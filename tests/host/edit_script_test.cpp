@@ -1,5 +1,5 @@
 // Working in the watermark editor by a script.
-#include "host/edit_script.h"
+#include "host/page/edit_script.h"
 
 #include <fstream>
 

@@ -11,9 +11,9 @@
 #include <thread>
 #include <vector>
 
-#include "host/commands.h"
-#include "host/failure.h"
-#include "host/played_printer.h"
+#include "host/commands/commands.h"
+#include "host/errors/failure.h"
+#include "host/played_printer/printer.h"
 #include "platform/faults/live_objects.h"
 
 namespace host {

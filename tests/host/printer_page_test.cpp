@@ -1,5 +1,5 @@
 // The printer page, and what the document page makes of the installed options.
-#include "host/installed_options.h"
+#include "host/driver/installed_options.h"
 #include "tests/host/host_fixture.h"
 
 namespace host {

@@ -1,4 +1,4 @@
-#include "host/suggestions.h"
+#include "host/errors/suggestions.h"
 
 #include <gtest/gtest.h>
 

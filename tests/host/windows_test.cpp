@@ -9,7 +9,7 @@
 #include <iterator>
 #include <set>
 
-#include "host/item_settings.h"
+#include "host/page/settings.h"
 #include "host/windows/property_sheet.h"
 #include "platform/faults/failure_points.h"
 #include "platform/gui/dialogs/hands.h"
