@@ -42,6 +42,11 @@ bool MustFail(const char* point, DWORD* error) {
     return true;
 }
 
+std::optional<DWORD> InjectedFailure(const char* point) {
+    DWORD error = 0;
+    return MustFail(point, &error) ? std::optional(error) : std::nullopt;
+}
+
 FailurePlan::FailurePlan() {
     Begin({}, -1, 0);
 }

@@ -6,10 +6,17 @@
 
 #include <windef.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace platform {
+
+/// Passed by a function of the layer at its start.
+/// \param point  the function's name, such as "SetPrinterDataW"; a literal.
+/// \return the code that the call must fail with now, in its own way (last error, status, result)
+///         and without doing anything else; nothing when it may go on.
+std::optional<DWORD> InjectedFailure(const char* point);
 
 /// Passed by a function of the layer at its start. True when the call must fail now: the function
 /// then reports `*error` in its own way (last error, status, result) and does nothing else.
