@@ -5,15 +5,13 @@
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <map>
 #include <new>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "bench/limits.h"
-#include "platform/base/machine.h"
+#include "tests/support/test_machine.h"
 
 namespace {
 
@@ -83,14 +81,11 @@ std::size_t Allocations() {
 }  // namespace bench
 
 int main(int count, char** arguments) {
-    const auto machine = std::filesystem::temp_directory_path() /
-                         ("oemui-bench-" + std::to_string(std::random_device{}()));
-    platform::UseMachine(machine);
+    const tests::TestMachine machine;
     benchmark::Initialize(&count, arguments);
     TimesReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     bool holds = true;
     for (const bench::Limit& limit : Limits()) holds = reporter.Check(limit) && holds;
-    std::filesystem::remove_all(machine);
     return holds ? 0 : 1;
 }

@@ -8,6 +8,7 @@
 #include "bench/limits.h"
 #include "common/unique_handle.h"
 #include "printerprops/port_discovery.h"
+#include "tests/support/text.h"
 
 namespace {
 
@@ -15,11 +16,9 @@ constexpr int kPorts = 10000;
 constexpr LPCWSTR kPortsKey =
     TEXT("System\\CurrentControlSet\\Control\\Print\\Monitors\\Standard TCP/IP Port\\Ports");
 
-std::basic_string<WCHAR> PortName(int number) {
-    const std::string text = "IP_127." + std::to_string(number / 65536) + "." +
-                             std::to_string(number / 256 % 256) + "." +
-                             std::to_string(number % 256);
-    return {text.begin(), text.end()};
+tests::Text PortName(int number) {
+    return tests::Wide("IP_127." + std::to_string(number / 65536) + "." +
+                       std::to_string(number / 256 % 256) + "." + std::to_string(number % 256));
 }
 
 // Filling the store costs seconds: once for all benchmarks of the run.

@@ -10,13 +10,12 @@
 #include <string>
 
 #include "bench/limits.h"
-#include "common/model_identity.h"
 #include "common/page_state.h"
-#include "common/plugin_module.h"
 #include "platform/faults/live_objects.h"
 #include "platform/gui/windows/application.h"
 #include "resources/resource_ids.h"
-#include "tests/support/dialog_user.h"
+#include "tests/support/plugin_fixture.h"
+#include "tests/support/scripted_user.h"
 #include "wmeditor/editor_dialog.h"
 #include "wmeditor/editor_state.h"
 #include "wmeditor/watermark_preview.h"
@@ -51,17 +50,16 @@ WatermarkList FullList() {
 /// Runs a piece of work in an open editor.
 template <typename Work>
 void InEditor(Work work) {
-    oemui::RecordPluginModule(::GetModuleHandleW(nullptr));
-    oemui::DeriveModelIdentity(TEXT("C:\\QVRT__UI.DLL"));
+    tests::LoadPlugin();
     oemui::PreviewPaperSize = {2100, 2970};
     WatermarkList list = FullList();
-    tests::DialogUser user;
+    tests::ScriptedUser user;
     user.Open(IDD_WATERMARK_EDITOR, oemui::WatermarkEditorProc, reinterpret_cast<LPARAM>(&list),
               [&] { work(user); });
 }
 
 void RepaintPreview(benchmark::State& state) {
-    InEditor([&](const tests::DialogUser& user) {
+    InEditor([&](const tests::ScriptedUser& user) {
         const WatermarkRecord record = LongDiagonal();
         oemui::PaintWatermarkPreview(user.Dialog(), record, 1);
         const auto before = platform::LiveObjects();
@@ -97,7 +95,7 @@ void DrawBare(HWND control, HDC reference, int brush, const WatermarkRecord* rec
 }
 
 void DrawPreviewBare(benchmark::State& state) {
-    InEditor([&](const tests::DialogUser& user) {
+    InEditor([&](const tests::ScriptedUser& user) {
         const WatermarkRecord record = LongDiagonal();
         const HWND area = ::GetDlgItem(user.Dialog(), IDC_PREVIEW_AREA);
         const HWND page = ::GetDlgItem(user.Dialog(), IDC_PREVIEW_PAGE);
@@ -112,7 +110,7 @@ void DrawPreviewBare(benchmark::State& state) {
 }
 
 void TypeCharacter(benchmark::State& state) {
-    InEditor([&](tests::DialogUser& user) {
+    InEditor([&](tests::ScriptedUser& user) {
         for (auto _ : state) {
             // Selecting what is there is part of the typing, so one key is a little less than this.
             if (!user.TypeText(IDC_TEXT, TEXT("X"))) state.SkipWithError("the edit takes no key");
@@ -153,7 +151,7 @@ void OpenEditor(benchmark::State& state) {
     installed = std::max(installed, wanted);
     LRESULT families = 0;
     for (auto _ : state) {
-        InEditor([&](const tests::DialogUser& user) {
+        InEditor([&](const tests::ScriptedUser& user) {
             families = ::SendDlgItemMessageW(user.Dialog(), IDC_TYPEFACE, CB_GETCOUNT, 0, 0);
         });
     }

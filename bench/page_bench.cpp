@@ -6,9 +6,6 @@
 #include <winspool.h>
 
 #include "bench/limits.h"
-#include "common/model_identity.h"
-#include "common/page_state.h"
-#include "common/plugin_module.h"
 #include "common/unique_handle.h"
 #include "docprops/document_items.h"
 #include "host/driver/devmode.h"
@@ -17,6 +14,7 @@
 #include "platform/base/heap.h"
 #include "resources/resource_ids.h"
 #include "tests/support/document_page.h"
+#include "tests/support/plugin_fixture.h"
 #include "tests/support/test_printer.h"
 #include "watermark/watermark_list.h"
 
@@ -50,8 +48,7 @@ public:
           page_(printer_.Name()),
           devmode_(printer_.Name(), sizeof(oemui::PrivateDevmode)),
           items_(opened_.Get(), *host::FindModel("T"), devmode_) {
-        oemui::RecordPluginModule(::GetModuleHandleW(nullptr));
-        oemui::DeriveModelIdentity(TEXT("C:\\QVRT__UI.DLL"));
+        tests::LoadPlugin();
         page_.MakeRoom();
     }
 

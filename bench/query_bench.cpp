@@ -5,12 +5,10 @@
 
 #include <winsock.h>
 
-#include <string>
-#include <vector>
-
 #include "bench/limits.h"
 #include "printerprops/pjl_query.h"
-#include "tests/printerprops/loopback_printer.h"
+#include "tests/support/loopback_printer.h"
+#include "tests/support/text.h"
 
 namespace {
 
@@ -18,15 +16,13 @@ constexpr int kQuestions = 8;
 constexpr DWORD kPauseBeforeReading = 250;  // milliseconds
 
 void AskPrinterDirectly(benchmark::State& state) {
-    const tests::LoopbackPrinter::Pieces answer = {
+    const tests::LoopbackPrinter::Answer answer = {
         "@PJL INFO CONFIG\r\n\tTRAY2=INSTALLED\r\n\tDUPLEX=INSTALLED\r\n\f"};
     tests::LoopbackPrinter printer({kQuestions, answer});
     oemui::PrinterLink link{};
     link.Found = 1;
     link.Kind = oemui::PortKindShare;
-    oemui::ResolveHost(
-        std::basic_string<WCHAR>(printer.Address().begin(), printer.Address().end()).c_str(),
-        &link.Address);
+    oemui::ResolveHost(tests::Wide(printer.Address()).c_str(), &link.Address);
     for (auto _ : state) {
         UINT32 tray2 = 0;
         UINT32 tray3 = 0;

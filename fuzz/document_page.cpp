@@ -1,31 +1,15 @@
 // The document page with any devmodes and any driver items: building it and every call of its
 // callback, but the button that opens the editor, keep the settings that are indexed in range.
 
-#include <array>
-#include <filesystem>
-#include <iterator>
+#include <gtest/gtest.h>
 
-#include "common/model_identity.h"
-#include "common/plugin_module.h"
-#include "devmode/private_devmode.h"
-#include "docprops/document_callback.h"
-#include "docprops/document_items.h"
 #include "fuzz/fuzz_text.h"
-#include "platform/base/machine.h"
 #include "platform/faults/live_objects.h"
-#include "platform/user/user.h"
+#include "tests/support/document_page.h"
+#include "tests/support/plugin_fixture.h"
+#include "tests/support/scripted_user.h"
 
 namespace {
-
-/// Agrees to every message.
-class Reader : public platform::User {
-public:
-    int AnswerMessageBox(const platform::MessageBoxRequest& request) override {
-        return request.type == MB_YESNO ? IDYES : IDOK;
-    }
-    void WorkInDialog(HWND) override {}
-    void ReadHelp(const platform::HelpRequest&) override {}
-};
 
 /// Takes the input apart from its front; zeros once it is used up.
 class Input {
@@ -47,106 +31,31 @@ private:
     std::size_t left_;
 };
 
-BOOL APIENTRY UpdateSetting(PVOID, PVOID, DWORD, DWORD) {
-    return TRUE;
+/// A driver that answers all questions alike, with one item for each public ID that the plug-in
+/// looks for.
+void Fill(tests::DocumentPage* page, Input input) {
+    // The last one ends at once; one of eight drivers knows no feature.
+    const std::string answers[] = {"OFF", "Yes", "No", std::string(1, '\0')};
+    const BYTE answer = input.Take<BYTE>();
+    for (const char* feature : {"AutoConfig", "Tray2", "DuplexUnit", "Tray3"})
+        page->Setting(feature, answer % 8 == 7 ? "" : answers[answer % std::size(answers)]);
+    page->privateDevmode = input.Take<oemui::PrivateDevmode>();
+    page->publicDevmode = input.Take<DEVMODEW>();
+    page->publicDevmode.dmSize = sizeof page->publicDevmode;
+    for (const BYTE publicId :
+         {DMPUB_NUP, DMPUB_DUPLEX, DMPUB_FORMNAME, DMPUB_ORIENTATION, DMPUB_ICMMETHOD,
+          DMPUB_ICMINTENT, DMPUB_DEFSOURCE, DMPUB_MEDIATYPE}) {
+        page->With(publicId, input.Take<LONG>(), std::vector<std::string>(7, "Choice"));
+        page->Driver(publicId).Flags = input.Take<DWORD>();
+    }
 }
 
-/// A page with one item for each public ID that the plug-in looks for.
-class Page {
-public:
-    explicit Page(Input input) {
-        answer_ = input.Take<BYTE>();
-        devmode_ = input.Take<oemui::PrivateDevmode>();
-        TakePublicFields(&input);
-        for (std::size_t i = 0; i < items_.size(); ++i) TakeItem(&input, i);
-        driver_.cbSize = sizeof(OEMUIOBJ);
-        driver_.pOemUIProcs = &functions_;
-        driver_.page = this;
-        params_.cbSize = sizeof params_;
-        params_.poemuiobj = &driver_;
-        params_.pPrinterName = printer_;
-        params_.hModule = oemui::PluginModule();
-        params_.hOEMHeap = ::HeapCreate(0, 0, 0);
-        params_.pPublicDM = &public_;
-        params_.pOEMDM = &devmode_;
-        params_.pDrvOptItems = items_.data();
-        params_.cDrvOptItems = static_cast<DWORD>(items_.size());
-    }
-    ~Page() { ::HeapDestroy(params_.hOEMHeap); }
-    Page(const Page&) = delete;
-    Page& operator=(const Page&) = delete;
-
-    void Build() {
-        oemui::BuildDocumentItems(OEMCUIP_DOCPROP, &params_);
-        fuzz::Require(params_.cOEMOptItems == own_.size());
-        params_.pOEMOptItems = own_.data();
-        oemui::BuildDocumentItems(OEMCUIP_DOCPROP, &params_);
-        fuzz::Require(oemui::IsValidScaling(devmode_.Scaling));
-    }
-
-    void Report(WORD reason, Input* input) {
-        for (OPTITEM& item : own_) item.Sel = input->Take<LONG>();
-        CPSUICBPARAM callback = {};
-        callback.cbSize = sizeof callback;
-        callback.Reason = reason;
-        callback.pCurItem = own_.data();
-        oemui::DocumentPropertyCallback(&callback, &params_);
-        if (reason == CPSUICB_REASON_APPLYNOW) fuzz::Require(devmode_.PagesPerSheet <= 16);
-    }
-
-private:
-    struct DriverObject : OEMUIOBJ {
-        Page* page;
-    };
-
-    void TakePublicFields(Input* input) {
-        public_ = input->Take<DEVMODEW>();
-        public_.dmSize = sizeof public_;
-    }
-
-    void TakeItem(Input* input, std::size_t place) {
-        static constexpr BYTE kPublicIds[] = {DMPUB_NUP,         DMPUB_DUPLEX,    DMPUB_FORMNAME,
-                                              DMPUB_ORIENTATION, DMPUB_ICMMETHOD, DMPUB_ICMINTENT,
-                                              DMPUB_DEFSOURCE,   DMPUB_MEDIATYPE};
-        OPTITEM& item = items_[place];
-        item.cbSize = sizeof item;
-        item.DMPubID = kPublicIds[place % std::size(kPublicIds)];
-        item.Sel = input->Take<LONG>();
-        item.Flags = input->Take<DWORD>();
-        for (OPTPARAM& choice : choices_[place]) {
-            choice.cbSize = sizeof choice;
-            choice.pData = choiceName_;
-        }
-        types_[place].Count = static_cast<WORD>(choices_[place].size());
-        types_[place].pOptParam = choices_[place].data();
-        item.pOptType = &types_[place];
-    }
-
-    static BOOL APIENTRY GetSetting(PVOID driver, PCSTR, PVOID output, DWORD size, PDWORD, PDWORD) {
-        static constexpr const char* kAnswers[] = {"OFF", "Yes", "No", ""};
-        const Page& page = *static_cast<DriverObject*>(static_cast<OEMUIOBJ*>(driver))->page;
-        if (page.answer_ % 8 == 7) return static_cast<BOOL>(E_NOTIMPL);
-        const char* answer = kAnswers[page.answer_ % std::size(kAnswers)];
-        fuzz::Require(std::strlen(answer) < size);
-        std::memcpy(output, answer, std::strlen(answer) + 1);
-        return TRUE;
-    }
-
-    static constexpr std::size_t kItems = 8;
-
-    WCHAR printer_[16] = TEXT("No such printer");
-    WCHAR choiceName_[8] = TEXT("Choice");
-    BYTE answer_ = 0;
-    oemui::PrivateDevmode devmode_{};
-    DEVMODEW public_{};
-    std::array<OPTITEM, kItems> items_{};
-    std::array<OPTTYPE, kItems> types_{};
-    std::array<std::array<OPTPARAM, 7>, kItems> choices_{};
-    std::array<OPTITEM, oemui::kDocumentItemCount> own_{};
-    OEMUIPROCS functions_ = {GetSetting, UpdateSetting};
-    DriverObject driver_{};
-    OEMCUIPPARAM params_{};
-};
+void Report(tests::DocumentPage* page, WORD reason, Input* input) {
+    for (DWORD place = 0; place < oemui::kDocumentItemCount; ++place)
+        page->Own(static_cast<oemui::DocumentItem>(place)).Sel = input->Take<LONG>();
+    page->Report(reason, &page->Own(oemui::DocumentItem{}));
+    if (reason == CPSUICB_REASON_APPLYNOW) fuzz::Require(page->privateDevmode.PagesPerSheet <= 16);
+}
 
 constexpr WORD kUnknownReason = 77;
 constexpr WORD kReasons[] = {CPSUICB_REASON_SETACTIVE, CPSUICB_REASON_SEL_CHANGED,
@@ -156,21 +65,24 @@ constexpr WORD kReasons[] = {CPSUICB_REASON_SETACTIVE, CPSUICB_REASON_SEL_CHANGE
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    platform::UseMachine(std::filesystem::temp_directory_path() / "oemui-fuzz-document-page");
-    oemui::RecordPluginModule(::GetModuleHandleW(nullptr));
-    oemui::DeriveModelIdentity(TEXT("C:\\driver\\QVRT__UI.DLL"));
+    testing::FLAGS_gtest_break_on_failure = true;
+    static const tests::TestMachine machine;
+    tests::LoadPlugin();
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) {
-    Reader reader;
-    const platform::UserScope scope(reader);
+    tests::ScriptedUser user;
+    user.WillAnswer([](const tests::ShownBox& box) { return box.type == MB_YESNO ? IDYES : IDOK; });
     const auto held = platform::LiveObjects();
     {
-        Page page(Input(bytes, size));
+        tests::DocumentPage page;
+        Fill(&page, Input(bytes, size));
         page.Build();
+        fuzz::Require(page.Params().cOEMOptItems == oemui::kDocumentItemCount);
+        fuzz::Require(oemui::IsValidScaling(page.privateDevmode.Scaling));
         Input selections(bytes, size);
-        for (const WORD reason : kReasons) page.Report(reason, &selections);
+        for (const WORD reason : kReasons) Report(&page, reason, &selections);
     }
     fuzz::Require(platform::LiveObjects() == held);
     return 0;

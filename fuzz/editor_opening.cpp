@@ -2,70 +2,54 @@
 // the input says and leaves by one of the buttons: the caller's list can be indexed after OK and is
 // untouched after Cancel, and nothing stays open.
 
-#include <filesystem>
-
 #include "common/page_state.h"
-#include "common/plugin_module.h"
 #include "fuzz/fuzz_text.h"
-#include "platform/base/machine.h"
 #include "platform/faults/live_objects.h"
-#include "platform/gui/dialogs/hands.h"
-#include "platform/user/user.h"
 #include "resources/resource_ids.h"
+#include "tests/support/plugin_fixture.h"
+#include "tests/support/scripted_user.h"
 #include "watermark/watermark_list.h"
 #include "wmeditor/editor_dialog.h"
 
 namespace {
 
-/// Does what a byte says: each of its bits is a step.
-class Walker : public platform::User {
-public:
-    explicit Walker(unsigned steps) : steps_(steps) {}
-
-    int AnswerMessageBox(const platform::MessageBoxRequest& request) override {
-        if (Says(kClosesUnderQuestions)) platform::hands::Close(dialog_);
-        if (request.type == MB_YESNO) return Says(kAgrees) ? IDYES : IDNO;
-        return request.type == MB_OK || Says(kAgrees) ? IDOK : IDCANCEL;
-    }
-
-    void WorkInDialog(HWND dialog) override {
-        dialog_ = dialog;
-        for (WPARAM i = 0; i < oemui::kWatermarkCapacity; ++i) {
-            ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_SETCURSEL, i, 0);
-            ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_WATERMARK_LIST, CBN_SELCHANGE), 0);
-        }
-        if (Says(kGoesToFirst)) platform::hands::PressKey(dialog, VK_HOME);
-        if (Says(kDeletes)) platform::hands::Click(dialog, IDC_DELETE);
-        if (Says(kTypesSize)) platform::hands::TypeText(dialog, IDC_POINT_SIZE, u"7");
-        if (Says(kAdds)) platform::hands::Click(dialog, IDC_NEW);
-        if (Says(kConfirms)) platform::hands::Click(dialog, IDOK);
-    }
-
-    void ReadHelp(const platform::HelpRequest&) override {}
-
-private:
-    enum Step : unsigned {
-        kConfirms = 1,
-        kAgrees = 2,
-        kDeletes = 4,
-        kTypesSize = 8,
-        kAdds = 16,
-        kGoesToFirst = 32,
-        kClosesUnderQuestions = 64,
-    };
-
-    bool Says(Step step) const { return (steps_ & step) != 0; }
-
-    unsigned steps_;
-    HWND dialog_ = nullptr;
+/// Each bit of a byte is a step of the user's.
+enum Step : unsigned {
+    kConfirms = 1,
+    kAgrees = 2,
+    kDeletes = 4,
+    kTypesSize = 8,
+    kAdds = 16,
+    kGoesToFirst = 32,
+    kClosesUnderQuestions = 64,
 };
+
+int Answer(tests::ScriptedUser* user, unsigned steps, UINT type) {
+    if ((steps & kClosesUnderQuestions) != 0) user->Close();
+    const bool agrees = (steps & kAgrees) != 0;
+    if (type == MB_YESNO) return agrees ? IDYES : IDNO;
+    return type == MB_OK || agrees ? IDOK : IDCANCEL;
+}
+
+void Work(tests::ScriptedUser* user, unsigned steps) {
+    const HWND dialog = user->Dialog();
+    for (WPARAM i = 0; i < oemui::kWatermarkCapacity; ++i) {
+        ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_SETCURSEL, i, 0);
+        ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_WATERMARK_LIST, CBN_SELCHANGE), 0);
+    }
+    if ((steps & kGoesToFirst) != 0) user->PressKey(VK_HOME);
+    if ((steps & kDeletes) != 0) user->Click(IDC_DELETE);
+    if ((steps & kTypesSize) != 0) user->TypeText(IDC_POINT_SIZE, TEXT("7"));
+    if ((steps & kAdds) != 0) user->Click(IDC_NEW);
+    if ((steps & kConfirms) != 0) user->Click(IDOK);
+}
 
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    platform::UseMachine(std::filesystem::temp_directory_path() / "oemui-fuzz-editor");
-    oemui::RecordPluginModule(::GetModuleHandleW(nullptr));
+    static const tests::TestMachine machine;
+    tests::LoadPlugin();
     return 0;
 }
 
@@ -77,14 +61,11 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
     oemui::CurrentPrinterName = TEXT("No such printer");
     oemui::PreviewPaperSize = {before.Selected, before.Count};
     const auto held = platform::LiveObjects();
-    INT_PTR result = 0;
-    {
-        Walker walker(size > 0 ? bytes[0] : 0);
-        const platform::UserScope scope(walker);
-        result =
-            ::DialogBoxParamW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_WATERMARK_EDITOR),
-                              nullptr, oemui::WatermarkEditorProc, reinterpret_cast<LPARAM>(&list));
-    }
+    tests::ScriptedUser user;
+    const unsigned steps = size > 0 ? bytes[0] : 0;
+    user.WillAnswer([&](const tests::ShownBox& box) { return Answer(&user, steps, box.type); });
+    const INT_PTR result = user.Open(IDD_WATERMARK_EDITOR, oemui::WatermarkEditorProc,
+                                     reinterpret_cast<LPARAM>(&list), [&] { Work(&user, steps); });
     fuzz::Require(platform::LiveObjects() == held);
     fuzz::Require(result == 0 || result == 1);
     if (result == 0) fuzz::Require(std::memcmp(&before, &list, sizeof list) == 0);

@@ -1,13 +1,11 @@
 // A port's name: it is classified without reading past its end, and a host comes with a kind.
 
-#include <filesystem>
-
 #include "fuzz/fuzz_text.h"
-#include "platform/base/machine.h"
 #include "printerprops/port_discovery.h"
+#include "tests/support/test_machine.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    platform::UseMachine(std::filesystem::temp_directory_path() / "oemui-fuzz-port-name");
+    static const tests::TestMachine machine;
     return 0;
 }
 

@@ -5,11 +5,12 @@
 
 #include "platform/base/heap.h"
 #include "platform/faults/failure_points.h"
+#include "platform/faults/live_objects.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {
 
-using HeapTest = MachineTest;
+using HeapTest = tests::MachineTest;
 
 TEST_F(HeapTest, BlocksGrowShrinkAndGoWithTheirHeap) {
     const HANDLE heap = HeapCreate(0, 0, 0);

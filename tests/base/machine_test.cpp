@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include "platform/base/machine.h"
 #include "platform/text/text_encoding.h"
 #include "tests/support/machine_fixture.h"
 
@@ -7,7 +8,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class MachinePaths : public MachineTest {
+class MachinePaths : public tests::MachineTest {
 protected:
     /// Below the machine's folder, with slashes; the text of another path as it is.
     std::string Below(std::u16string_view path) const {
@@ -43,12 +44,12 @@ TEST_F(MachinePaths, LookedUpInAnyCaseAndNeverOutside) {
 
 TEST_F(MachinePaths, FilesHavePlatformNames) {
     const fs::path inside = WriteFile("Windows/Settings.ini", "");
-    EXPECT_TRUE(platform::PlatformPath(inside) == u"C:\\Windows\\Settings.ini");
-    EXPECT_TRUE(platform::PlatformPath(Folder()) == u"C:\\");
-    EXPECT_TRUE(platform::PlatformPath("/usr/../etc/hosts") == u"Z:\\etc\\hosts");
+    EXPECT_EQ(platform::PlatformPath(inside), u"C:\\Windows\\Settings.ini");
+    EXPECT_EQ(platform::PlatformPath(Folder()), u"C:\\");
+    EXPECT_EQ(platform::PlatformPath("/usr/../etc/hosts"), u"Z:\\etc\\hosts");
     const fs::path link = Folder() / "link";
     fs::create_symlink(Folder(), link);
-    EXPECT_TRUE(platform::PlatformPath(link / "Windows/x") == u"C:\\link\\Windows\\x");
+    EXPECT_EQ(platform::PlatformPath(link / "Windows/x"), u"C:\\link\\Windows\\x");
     EXPECT_EQ(platform::DriverFolder(), Folder() / "Windows/System32/spool/drivers/x64/3");
 }
 
@@ -63,9 +64,9 @@ TEST_F(MachinePaths, AFolderThatCannotBeMadeIsAnError) {
 
 TEST(Encoding, Utf8AndBack) {
     EXPECT_EQ(platform::Utf8(u"a\u20AC\U0001F600"), "a\xE2\x82\xAC\xF0\x9F\x98\x80");
-    EXPECT_TRUE(platform::Utf16("a\xE2\x82\xAC\xF0\x9F\x98\x80") == u"a\u20AC\U0001F600");
+    EXPECT_EQ(platform::Utf16("a\xE2\x82\xAC\xF0\x9F\x98\x80"), u"a\u20AC\U0001F600");
     EXPECT_EQ(platform::Utf8(std::u16string(1, char16_t{0xDC00})), "\xEF\xBF\xBD");
-    EXPECT_TRUE(platform::Utf16("\xC3(\xED\xA0\x80") == u"\uFFFD(\uFFFD\uFFFD\uFFFD");
+    EXPECT_EQ(platform::Utf16("\xC3(\xED\xA0\x80"), u"\uFFFD(\uFFFD\uFFFD\uFFFD");
 }
 
 }  // namespace

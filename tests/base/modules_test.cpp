@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/base/machine.h"
 #include "platform/faults/failure_points.h"
 #include "platform/modules/resources.h"
 #include "tests/support/machine_fixture.h"
@@ -10,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class ModuleTest : public MachineTest {
+class ModuleTest : public tests::MachineTest {
 protected:
     static void Install(const fs::path& folder, const char* name) {
         fs::copy_file(SAMPLE_MODULE, folder / name);
@@ -28,11 +29,12 @@ TEST_F(ModuleTest, FoundInItsPlacesAttachedOnceAndDetachedAtTheLastUse) {
     Install(Folder() / "Windows", "SAMPLE_B.DLL");
     const HMODULE first = LoadLibraryW(u"sample_a.dll");
     const HMODULE other = LoadLibraryW(u"Sample_B");
-    ASSERT_TRUE(first != nullptr && other != nullptr);
+    ASSERT_NE(first, nullptr);
+    ASSERT_NE(other, nullptr);
     EXPECT_NE(first, other) << "copies under two names share nothing";
     EXPECT_EQ(Call<HINSTANCE>(first, "AttachedAs"), first);
     EXPECT_EQ(Call<HINSTANCE>(other, "AttachedAs"), other);
-    EXPECT_TRUE(std::u16string(Call<LPCWSTR>(other, "OwnFile")) == u"C:\\Windows\\SAMPLE_B.DLL");
+    EXPECT_EQ(std::u16string(Call<LPCWSTR>(other, "OwnFile")), u"C:\\Windows\\SAMPLE_B.DLL");
     EXPECT_EQ(LoadLibraryW(u"C:\\Windows\\System32\\spool\\drivers\\x64\\3\\SAMPLE_A.DLL"), first);
     SetLastError(0);
     EXPECT_TRUE(FreeLibrary(first));
@@ -73,7 +75,7 @@ TEST_F(ModuleTest, FileNameIsCutTerminatedAndReported) {
         const DWORD copied = GetModuleFileNameW(module, name.data(), size);
         const DWORD kept = std::min(length, size - 1);
         EXPECT_EQ(copied, size > length ? length : size);
-        EXPECT_TRUE(std::u16string(name.data()) == path.substr(0, kept)) << size;
+        EXPECT_EQ(std::u16string(name.data()), path.substr(0, kept)) << size;
         EXPECT_EQ(GetLastError(), size > length ? 0u : DWORD{ERROR_INSUFFICIENT_BUFFER});
     }
     FreeLibrary(module);
@@ -100,7 +102,7 @@ TEST_F(ModuleTest, TextsOfTheStringTable) {
     for (const auto& row : rows) {
         std::vector<WCHAR> text(static_cast<std::size_t>(row.size), u'!');
         EXPECT_EQ(LoadStringW(module, row.id, text.data(), row.size), lstrlenW(row.text));
-        EXPECT_TRUE(std::u16string(text.data()) == row.text) << row.id << " in " << row.size;
+        EXPECT_EQ(std::u16string(text.data()), row.text) << row.id << " in " << row.size;
     }
     WCHAR text[4];
     EXPECT_EQ(LoadStringW(module, 999, text, 4), 0);

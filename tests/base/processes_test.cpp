@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class ProcessTest : public MachineTest {
+class ProcessTest : public tests::MachineTest {
 protected:
     ProcessTest() { mkfifo(Pipe().c_str(), 0600); }
 
@@ -23,7 +23,6 @@ protected:
 
     /// A script that tells its name and its arguments through the pipe.
     void InstallScript(const std::string& path) const {
-        fs::create_directories((Folder() / path).parent_path());
         const fs::path script = WriteFile(
             path, "#!/bin/sh\necho logged\nprintf '%s|' \"${0##*/}\" \"$@\" > '" + Pipe() + "'\n");
         fs::permissions(script, fs::perms::owner_all);

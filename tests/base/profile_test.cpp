@@ -24,7 +24,7 @@ constexpr const char kFile[] =
     "[WatermarkInfo]\nonly=second\n"
     "[Last]\nend=without newline";
 
-class ProfileTest : public MachineTest {
+class ProfileTest : public tests::MachineTest {
 protected:
     ProfileTest() { WriteFile("Windows/Test.INI", kFile); }
 
@@ -51,9 +51,9 @@ TEST_F(ProfileTest, ValuesAsTheyAreRead) {
                 {u"; NUM", u"default"}, {u"semi", u"a;b"},
                 {u"dup", u"1"},         {u"euro", u"\u20AC"},
                 {u"only", u"default"}};
-    for (const auto& row : rows) EXPECT_TRUE(Read(row.key) == row.value) << platform::Utf8(row.key);
-    EXPECT_TRUE(Read(u"num", u"C:\\WINDOWS\\test.ini") == u"3,x");
-    EXPECT_TRUE(Read(u"num", u"none.ini") == u"default");
+    for (const auto& row : rows) EXPECT_EQ(Read(row.key), row.value) << platform::Utf8(row.key);
+    EXPECT_EQ(Read(u"num", u"C:\\WINDOWS\\test.ini"), u"3,x");
+    EXPECT_EQ(Read(u"num", u"none.ini"), u"default");
     EXPECT_EQ(GetLastError(), DWORD{ERROR_FILE_NOT_FOUND});
     WCHAR value[32];
     EXPECT_EQ(GetPrivateProfileStringW(u"Last", u"end", nullptr, value, 32, u"test.ini"), 15u);
@@ -73,22 +73,22 @@ TEST_F(ProfileTest, NumbersAsTheyAreRead) {
 }
 
 TEST_F(ProfileTest, NeverMoreThanTheBuffer) {
-    EXPECT_TRUE(Read(u"dat0", u"test.ini", 5) == u"0,<N");
-    EXPECT_TRUE(Read(u"missing", u"test.ini", 4) == u"def");
+    EXPECT_EQ(Read(u"dat0", u"test.ini", 5), u"0,<N");
+    EXPECT_EQ(Read(u"missing", u"test.ini", 4), u"def");
     EXPECT_TRUE(Read(u"dat0", u"test.ini", 1).empty());
     EXPECT_EQ(GetPrivateProfileStringW(u"x", u"y", u"z", nullptr, 0, u"test.ini"), 0u);
 }
 
 TEST_F(ProfileTest, EncodingsByTheirMarks) {
     WriteFile("Windows/utf8.ini", "\xEF\xBB\xBF[WatermarkInfo]\nk=\xE2\x82\xAC\xF0\x9F\x98\x80\n");
-    EXPECT_TRUE(Read(u"k", u"utf8.ini") == u"\u20AC\U0001F600");
+    EXPECT_EQ(Read(u"k", u"utf8.ini"), u"\u20AC\U0001F600");
     const std::u16string text = u"\uFEFF[WatermarkInfo]\r\n\u00C4 = \u4E2D\r\n";
     std::string little(reinterpret_cast<const char*>(text.data()), text.size() * 2);
     WriteFile("Windows/utf16.ini", little);
-    EXPECT_TRUE(Read(u"\u00E4", u"utf16.ini") == u"\u4E2D");
+    EXPECT_EQ(Read(u"\u00E4", u"utf16.ini"), u"\u4E2D");
     for (std::size_t i = 0; i < little.size(); i += 2) std::swap(little[i], little[i + 1]);
     WriteFile("Windows/utf16be.ini", little);
-    EXPECT_TRUE(Read(u"\u00E4", u"utf16be.ini") == u"\u4E2D");
+    EXPECT_EQ(Read(u"\u00E4", u"utf16be.ini"), u"\u4E2D");
 }
 
 TEST_F(ProfileTest, WildFilesAreRead) {
@@ -96,14 +96,14 @@ TEST_F(ProfileTest, WildFilesAreRead) {
     WriteFile("Windows/wild.ini", "[WatermarkInfo]\nlong=" + std::string(10000, 'x') +
                                       "\nnul=ab\0cd\n"s + "[unclosed\n]=odd\n=nothing\nafter=yes");
     EXPECT_EQ(Read(u"long", u"wild.ini").size(), 511u);
-    EXPECT_TRUE(Read(u"nul", u"wild.ini") == u"ab");
-    EXPECT_TRUE(Read(u"after", u"wild.ini") == u"yes");
+    EXPECT_EQ(Read(u"nul", u"wild.ini"), u"ab");
+    EXPECT_EQ(Read(u"after", u"wild.ini"), u"yes");
     WriteFile("Windows/odd.ini", "\xFF\xFE[");
-    EXPECT_TRUE(Read(u"after", u"odd.ini") == u"default");
+    EXPECT_EQ(Read(u"after", u"odd.ini"), u"default");
     WriteFile("Windows/empty.ini", "");
-    EXPECT_TRUE(Read(u"after", u"empty.ini") == u"default");
+    EXPECT_EQ(Read(u"after", u"empty.ini"), u"default");
     const platform::FailurePlan plan("GetPrivateProfileStringW", 1, ERROR_ACCESS_DENIED);
-    EXPECT_TRUE(Read(u"num") == u"default");
+    EXPECT_EQ(Read(u"num"), u"default");
     EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
 }
 

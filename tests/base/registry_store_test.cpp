@@ -9,13 +9,14 @@
 #include <thread>
 #include <vector>
 
+#include "platform/base/machine.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {
 
 constexpr DWORD kValueSize = 200'000;
 
-class StoreTest : public MachineTest {
+class StoreTest : public tests::MachineTest {
 protected:
     static LSTATUS Open(HKEY* key) {
         return RegCreateKeyExW(HKEY_LOCAL_MACHINE, u"Printers\\Office", 0, nullptr, 0,
@@ -24,6 +25,13 @@ protected:
     static LSTATUS Write(HKEY key, BYTE fill) {
         const std::vector<BYTE> bytes(kValueSize, fill);
         return RegSetValueExW(key, u"List", 0, REG_BINARY, bytes.data(), kValueSize);
+    }
+    /// The key with a value that is filled so.
+    static HKEY OpenWith(BYTE fill) {
+        HKEY key = nullptr;
+        EXPECT_EQ(Open(&key), ERROR_SUCCESS);
+        EXPECT_EQ(Write(key, fill), ERROR_SUCCESS);
+        return key;
     }
     /// What the value is filled with; -1 when it is not whole.
     static int Read(HKEY key) {
@@ -142,9 +150,7 @@ TEST_F(StoreTest, ThreadsShareTheMachine) {
 }
 
 TEST_F(StoreTest, ADamagedFileIsReportedAndLeftAlone) {
-    HKEY key = nullptr;
-    ASSERT_EQ(Open(&key), ERROR_SUCCESS);
-    ASSERT_EQ(Write(key, 7), ERROR_SUCCESS);
+    HKEY key = OpenWith(7);
     RegCloseKey(key);
     CloseStore();
     const std::string good = ReadFile("registry.sqlite");
@@ -160,7 +166,7 @@ TEST_F(StoreTest, ADamagedFileIsReportedAndLeftAlone) {
         EXPECT_EQ(Open(&key), ERROR_BADDB);
         EXPECT_EQ(RegOpenKeyW(HKEY_LOCAL_MACHINE, u"Printers", &key), ERROR_BADDB);
         CloseStore();
-        EXPECT_TRUE(ReadFile("registry.sqlite") == damaged) << "left as it was";
+        EXPECT_EQ(ReadFile("registry.sqlite"), damaged) << "left as it was";
     }
     WriteFile("registry.sqlite", good);
     ASSERT_EQ(Open(&key), ERROR_SUCCESS) << "whole again";
@@ -169,9 +175,7 @@ TEST_F(StoreTest, ADamagedFileIsReportedAndLeftAlone) {
 }
 
 TEST_F(StoreTest, ALockedFileIsReportedAfterAWhile) {
-    HKEY key = nullptr;
-    ASSERT_EQ(Open(&key), ERROR_SUCCESS);
-    ASSERT_EQ(Write(key, 7), ERROR_SUCCESS);
+    HKEY key = OpenWith(7);
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open((Folder() / "registry.sqlite").c_str(), &other), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);

@@ -34,7 +34,7 @@ TEST(SystemDirectory, LengthOrTheRoomNeeded) {
     EXPECT_EQ(GetSystemDirectoryW(path, 19), 20u);
     EXPECT_EQ(path[0], 0);
     EXPECT_EQ(GetSystemDirectoryW(path, 20), 19u);
-    EXPECT_TRUE(std::u16string(path) == u"C:\\Windows\\System32");
+    EXPECT_EQ(std::u16string(path), u"C:\\Windows\\System32");
 }
 
 TEST(Clock, SleepReturnsAtOnceAndIsCounted) {

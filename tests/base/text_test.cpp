@@ -47,30 +47,30 @@ String Formatted(const WCHAR* format, Arguments... arguments) {
 }
 
 TEST(Formatting, AsTheFormatSays) {
-    EXPECT_TRUE(Formatted(TEXT("%s - #%ld %d%%"), TEXT("Watermark"), LONG{12}, -5) ==
-                TEXT("Watermark - #12 -5%"));
-    EXPECT_TRUE(Formatted(TEXT("[%5d|%-5d|%05d|%.3d|%x|%#X|%04x]"), 42, 42, -42, 7, 255, 255, 10) ==
-                TEXT("[   42|42   |-0042|007|ff|0XFF|000a]"));
-    EXPECT_TRUE(Formatted(TEXT("[%u %lu %c %5s %-4s %.2s]"), 4294967295u, DWORD{7}, TEXT('x'),
-                          TEXT("ab"), TEXT("cd"),
-                          TEXT("efgh")) == TEXT("[4294967295 7 x    ab cd   ef]"));
-    EXPECT_TRUE(Formatted(TEXT("%ld"), std::numeric_limits<LONG>::min()) == TEXT("-2147483648"));
+    EXPECT_EQ(Formatted(TEXT("%s - #%ld %d%%"), TEXT("Watermark"), LONG{12}, -5),
+              TEXT("Watermark - #12 -5%"));
+    EXPECT_EQ(Formatted(TEXT("[%5d|%-5d|%05d|%.3d|%x|%#X|%04x]"), 42, 42, -42, 7, 255, 255, 10),
+              TEXT("[   42|42   |-0042|007|ff|0XFF|000a]"));
+    EXPECT_EQ(Formatted(TEXT("[%u %lu %c %5s %-4s %.2s]"), 4294967295u, DWORD{7}, TEXT('x'),
+                        TEXT("ab"), TEXT("cd"), TEXT("efgh")),
+              TEXT("[4294967295 7 x    ab cd   ef]"));
+    EXPECT_EQ(Formatted(TEXT("%ld"), std::numeric_limits<LONG>::min()), TEXT("-2147483648"));
 }
 
 TEST(Formatting, StopsAtTheEndOfThePromisedBuffer) {
     const String text(5000, TEXT('y'));
     EXPECT_EQ(Formatted(TEXT("%s%d"), text.c_str(), 1).size(), 1023u);
     EXPECT_EQ(Formatted(TEXT("%9999999999d"), 1).size(), 1023u);
-    EXPECT_TRUE(Formatted(TEXT("100%")) == TEXT("100"));
+    EXPECT_EQ(Formatted(TEXT("100%")), TEXT("100"));
 }
 
 TEST(Copying, NeverMoreThanTheCapacity) {
     WCHAR text[8] = {9, 9, 9, 9, 9, 9, 9, 9};
     EXPECT_EQ(lstrcpynW(text, TEXT("abcdef"), 4), text);
-    EXPECT_TRUE(String(text) == TEXT("abc"));
+    EXPECT_EQ(String(text), TEXT("abc"));
     EXPECT_EQ(text[4], 9);
     lstrcpynW(text, TEXT("x"), 8);
-    EXPECT_TRUE(String(text) == TEXT("x"));
+    EXPECT_EQ(String(text), TEXT("x"));
     EXPECT_EQ(lstrcpynW(text, nullptr, 8), nullptr);
     EXPECT_EQ(lstrlenW(nullptr), 0);
 }
@@ -93,9 +93,9 @@ TEST(Arithmetic, MulDivRoundsToNearestAwayFromZero) {
 TEST(CodePages, Windows1252AndUtf8BothWays) {
     WCHAR wide[16] = {};
     EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "\x80\x9F\xE9", -1, wide, 16), 4);
-    EXPECT_TRUE(String(wide) == TEXT("\u20AC\u0178\u00E9"));
+    EXPECT_EQ(String(wide), TEXT("\u20AC\u0178\u00E9"));
     EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "\xE2\x82\xAC\xF0\x9F\x98\x80", 7, wide, 16), 3);
-    EXPECT_TRUE(String(wide, 3) == TEXT("\u20AC\U0001F600"));
+    EXPECT_EQ(String(wide, 3), TEXT("\u20AC\U0001F600"));
     char bytes[16] = {};
     BOOL usedDefault = FALSE;
     EXPECT_EQ(

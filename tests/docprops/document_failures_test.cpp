@@ -4,8 +4,8 @@
 #include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
 #include "tests/support/document_page.h"
-#include "tests/support/message_recorder.h"
 #include "tests/support/plugin_fixture.h"
+#include "tests/support/scripted_user.h"
 #include "tests/support/test_printer.h"
 #include "watermark/watermark_list.h"
 
@@ -21,9 +21,9 @@ class DocumentFailures : public tests::PluginTest {
 protected:
     DocumentFailures() {
         tests::BecomeModel('U');
-        tests::WriteIniFile(TEXT("QVRU__WM.INI"),
-                            "[WatermarkInfo]\r\nNUM=2\r\ndat0=0,<NONE>,,Arial,72\r\n"
-                            "dat1=1,Copy,COPY,Arial,72\r\n");
+        WriteFile("Windows/QVRU__WM.INI",
+                  "[WatermarkInfo]\r\nNUM=2\r\ndat0=0,<NONE>,,Arial,72\r\n"
+                  "dat1=1,Copy,COPY,Arial,72\r\n");
     }
 };
 
@@ -31,17 +31,19 @@ protected:
 void ExpectItemUsable(const OPTITEM& item) {
     EXPECT_EQ(item.cbSize, 88);
     if (item.pOptType == nullptr) {
-        EXPECT_TRUE(item.Flags == 0 && item.pName == nullptr);
+        EXPECT_EQ(item.Flags, 0U);
+        EXPECT_EQ(item.pName, nullptr);
         return;
     }
-    EXPECT_TRUE(item.pOptType->Count == 2 && item.pOptType->pOptParam != nullptr);
+    EXPECT_EQ(item.pOptType->Count, 2U);
+    EXPECT_NE(item.pOptType->pOptParam, nullptr);
     EXPECT_EQ((item.Flags & OPTIF_HAS_POIEXT) != 0, item.pOIExt != nullptr);
 }
 
 /// Builds a printer's first page, with the n-th call failing. \return the calls made, by name.
 std::vector<std::string> BuildWithFailure(int failing, DWORD error) {
     tests::TestPrinter printer(TEXT("Failures Test"));
-    const tests::MessageRecorder recorder;
+    const tests::ScriptedUser user;
     std::vector<std::string> calls;
     {
         DocumentPage page(printer.Name());
@@ -52,8 +54,8 @@ std::vector<std::string> BuildWithFailure(int failing, DWORD error) {
         for (const DocumentItem place : kAllItems) ExpectItemUsable(page.Own(place));
     }
     const std::string stored = printer.StoredValue(TEXT("WaterMarkList"));
-    EXPECT_TRUE(stored.empty() || stored.size() == sizeof(WatermarkList)) << stored.size();
-    EXPECT_LE(recorder.Messages().size(), 1U);
+    EXPECT_EQ(stored.size(), stored.empty() ? 0 : sizeof(WatermarkList));
+    EXPECT_LE(user.Boxes().size(), 1U);
     return calls;
 }
 

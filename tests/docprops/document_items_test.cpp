@@ -20,7 +20,7 @@ constexpr DocumentItem kAllItems[] = {kScalingItem, kWatermarkItem, kTransmitOnc
 
 class DocumentItems : public tests::PluginTest {
 protected:
-    ~DocumentItems() override { tests::WriteIniFile(TEXT("QVRT__WM.INI"), ""); }
+    ~DocumentItems() override { WriteFile("Windows/QVRT__WM.INI", ""); }
 
     tests::TestPrinter printer_{TEXT("Items Test")};
     DocumentPage page_{printer_.Name()};
@@ -65,7 +65,7 @@ TEST_F(DocumentItems, FourItemsAsTheDriverShowsThem) {
     EXPECT_EQ(Shown(button->pTitle), "Edit");
     EXPECT_EQ(button->cbSize, 64);
     EXPECT_EQ(button->IconID, 1002U);
-    EXPECT_TRUE(page_.Params().OEMCUIPCallback == DocumentPropertyCallback);
+    EXPECT_EQ(page_.Params().OEMCUIPCallback, DocumentPropertyCallback);
     EXPECT_EQ(Narrow(CurrentPrinterName), "Items Test");
 }
 
@@ -100,13 +100,13 @@ TEST_F(DocumentItems, DevmodeDecidesWhatIsSelected) {
 }
 
 TEST_F(DocumentItems, FirstPageOfAPrinterStoresTheDefaultList) {
-    tests::WriteIniFile(TEXT("QVRT__WM.INI"),
-                        "[WatermarkInfo]\r\nNUM=1\r\ndat0=0,<NONE>,,Arial,72,0,0,0,0,0,0,0,0,0,0");
+    WriteFile("Windows/QVRT__WM.INI",
+              "[WatermarkInfo]\r\nNUM=1\r\ndat0=0,<NONE>,,Arial,72,0,0,0,0,0,0,0,0,0,0");
     page_.Build();
     EXPECT_EQ(printer_.StoredValue(TEXT("WaterMarkList")).size(), 4816U);
     EXPECT_EQ(Narrow(TextIn(page_.privateDevmode.Watermark.Name)), "<NONE>");
 
-    tests::WriteIniFile(TEXT("QVRT__WM.INI"), "");
+    WriteFile("Windows/QVRT__WM.INI", "");
     // An index that cannot be one counts as none.
     for (const UINT32 index : {15U, 16U, 0U}) {
         page_.privateDevmode.WatermarkIndex = index;

@@ -5,18 +5,16 @@
 #include "docprops/document_callback.h"
 #include "docprops/paper_constraints.h"
 #include "platform/base/machine.h"
-#include "platform/gui/dialogs/hands.h"
-#include "platform/user/user.h"
 #include "resources/resource_ids.h"
 #include "tests/support/document_page.h"
-#include "tests/support/message_recorder.h"
 #include "tests/support/plugin_fixture.h"
+#include "tests/support/scripted_user.h"
 #include "tests/support/test_printer.h"
 #include "watermark/watermark_store.h"
 
 using namespace oemui;
 using tests::DocumentPage;
-using tests::ShownMessage;
+using tests::ShownBox;
 using Texts = std::vector<std::string>;
 
 namespace {
@@ -47,7 +45,7 @@ protected:
     }
     /// Builds the page, selects media and sides, applies, and tells what was said meanwhile.
     Texts Apply(LONG media, LONG duplex) {
-        const tests::MessageRecorder recorder;
+        const tests::ScriptedUser user;
         page_.Build();
         page_.Driver(DMPUB_MEDIATYPE).Sel = media;
         page_.Driver(DMPUB_DUPLEX).Sel = duplex;
@@ -55,7 +53,7 @@ protected:
         page_.toldAbout.clear();
         EXPECT_EQ(page_.Report(CPSUICB_REASON_APPLYNOW), CPSUICB_ACTION_ITEMS_APPLIED);
         Texts texts;
-        for (const ShownMessage& message : recorder.Messages()) {
+        for (const ShownBox& message : user.Boxes()) {
             EXPECT_EQ(message.caption, "Conflict!");
             texts.push_back(message.text);
         }
@@ -131,34 +129,14 @@ TEST_F(DocumentMessages, ScalingConflictComesFirstAndDropsABookletSilently) {
     page_.Build();
     page_.Driver(DMPUB_NUP).Sel = 6;
     page_.Own(kScalingItem).Sel = 150;
-    const tests::MessageRecorder recorder;
+    const tests::ScriptedUser user;
     page_.Report(CPSUICB_REASON_APPLYNOW);
-    EXPECT_EQ(recorder.Messages(),
-              (std::vector<ShownMessage>{{"Scaling cannot be used with N-up and Booklet. Scaling "
-                                          "will be reset to default value (100%). ",
-                                          "Conflict!"}}));
+    EXPECT_EQ(user.Boxes(),
+              (tests::ShownBoxes{{"Scaling cannot be used with N-up and Booklet. Scaling "
+                                  "will be reset to default value (100%). ",
+                                  "Conflict!"}}));
     EXPECT_EQ(page_.privateDevmode.PagesPerSheet, 0U);
 }
-
-/// Chooses the last entry of the editor's list and closes it.
-class EditorUser : public platform::User {
-public:
-    explicit EditorUser(int button) : button_(button) {}
-    ~EditorUser() override { EXPECT_EQ(opened_, 1); }
-
-    int AnswerMessageBox(const platform::MessageBoxRequest& /*request*/) override { return IDOK; }
-    void WorkInDialog(HWND dialog) override {
-        ++opened_;
-        EXPECT_TRUE(platform::hands::Choose(dialog, IDC_WATERMARK_LIST, u"Draft"));
-        EXPECT_TRUE(platform::hands::Click(dialog, button_));
-    }
-    void ReadHelp(const platform::HelpRequest& /*request*/) override {}
-
-private:
-    int button_;
-    int opened_ = 0;
-    platform::UserScope scope_{*this};
-};
 
 TEST_F(DocumentMessages, EditorsChoiceReachesTheDevmodeOnlyWithOk) {
     WatermarkList list = {};
@@ -175,13 +153,19 @@ TEST_F(DocumentMessages, EditorsChoiceReachesTheDevmodeOnlyWithOk) {
     page_.Own(kWatermarkItem).Sel = 0;
     page_.privateDevmode.WatermarkIndex = 99;
     const PrivateDevmode before = page_.privateDevmode;
-    {
-        const EditorUser user(IDC_CANCEL);
-        EXPECT_EQ(page_.Report(CPSUICB_REASON_EXTPUSH, &page_.Own(kWatermarkItem)),
-                  CPSUICB_ACTION_NONE);
-        EXPECT_EQ(std::memcmp(&before, &page_.privateDevmode, sizeof before), 0);
-    }
-    const EditorUser user(IDOK);
+    // Chooses the last entry of the editor's list and closes it.
+    tests::ScriptedUser user;
+    const auto willClose = [&user](int button) {
+        user.InDialog([&user, button] {
+            EXPECT_TRUE(user.Choose(IDC_WATERMARK_LIST, TEXT("Draft")));
+            EXPECT_TRUE(user.Click(button));
+        });
+    };
+    willClose(IDC_CANCEL);
+    EXPECT_EQ(page_.Report(CPSUICB_REASON_EXTPUSH, &page_.Own(kWatermarkItem)),
+              CPSUICB_ACTION_NONE);
+    EXPECT_EQ(std::memcmp(&before, &page_.privateDevmode, sizeof before), 0);
+    willClose(IDOK);
     EXPECT_EQ(page_.Report(CPSUICB_REASON_EXTPUSH, &page_.Own(kWatermarkItem)),
               CPSUICB_ACTION_ITEMS_APPLIED);
     EXPECT_EQ(page_.privateDevmode.WatermarkIndex, 2U);

@@ -13,7 +13,7 @@ public:
     explicit FakeDriver(HRESULT answer) : answer_(answer) {}
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-        EXPECT_TRUE(iid == IID_IPrintOemDriverUI);
+        EXPECT_EQ(iid, IID_IPrintOemDriverUI);
         ++asked;
         if (answer_ == S_OK) ++references;
         *object = answer_ == S_OK ? this : nullptr;

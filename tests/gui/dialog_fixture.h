@@ -76,10 +76,7 @@ protected:
         onCommand = nullptr;
     }
 
-    void TearDown() override {
-        EXPECT_EQ(user_.Surprises(), "");
-        EXPECT_EQ(platform::LiveObjects().count("window"), 0u);
-    }
+    void TearDown() override { EXPECT_EQ(platform::LiveObjects().count("window"), 0u); }
 
     static void FillLists(HWND dialog) {
         for (const WCHAR* text : {u"aa", u"bb", u"cc", u"dd"})
@@ -89,9 +86,7 @@ protected:
     }
 
     INT_PTR Open(const Work& work, int dialog = IDD_CONTROLS) {
-        const platform::UserScope scope(user_.InDialog(work));
-        return DialogBoxParamW(nullptr, MAKEINTRESOURCEW(dialog), nullptr, Procedure, 0);
+        tests::ScriptedUser user;
+        return user.Open(dialog, Procedure, 0, [&] { work(user.Dialog()); });
     }
-
-    platform::ScriptedUser user_;
 };

@@ -1,9 +1,12 @@
+#include <gtest/gtest-spi.h>
+
 #include <QApplication>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QTimer>
 #include <chrono>
+#include <memory>
 
 #include "platform/faults/failure_points.h"
 #include "platform/gui/dialogs/dialog.h"
@@ -39,7 +42,7 @@ void ClickSoon(const QString& name) {
 }
 
 TEST_F(DialogTest, PersonAtTheScreenWorksInTheWindowsThemselves) {
-    platform::Watchdog watchdog(std::chrono::seconds(20));
+    tests::Watchdog watchdog(std::chrono::seconds(20));
     onCommand = [](int control, int) {
         if (control != IDOK) return;
         PressSoon(Qt::Key_Escape, {});  // a question has to be answered
@@ -57,20 +60,20 @@ TEST_F(DialogTest, PersonAtTheScreenWorksInTheWindowsThemselves) {
 }
 
 TEST(ScriptedUser, ReportsWhatItWasNotToldAbout) {
-    platform::ScriptedUser user;
-    user.Answer(IDYES);  // no button of the box below
-    const platform::UserScope scope(user);
-    EXPECT_EQ(MessageBoxW(nullptr, u"a", nullptr, MB_OKCANCEL), IDCANCEL) << "the safe answer";
-    EXPECT_EQ(user.Boxes()[0].request.caption, u"Error");
-    EXPECT_NE(user.Surprises().find("box without an answer: a"), std::string::npos);
-    EXPECT_NE(user.Surprises().find("1 answers left over"), std::string::npos);
+    auto user = std::make_unique<tests::ScriptedUser>();
+    user->WillAnswer({IDYES});  // no button of the box below
+    int answer = 0;
+    EXPECT_NONFATAL_FAILURE(answer = MessageBoxW(nullptr, u"a", nullptr, MB_OKCANCEL),
+                            "without an answer: Error (1): a");
+    EXPECT_EQ(answer, IDCANCEL) << "the safe answer";
+    EXPECT_NONFATAL_FAILURE(user.reset(), "answers left over");
 }
 
 TEST(WatchdogDeathTest, EndsAHungRunAndSaysWhere) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_DEATH(
         {
-            platform::Watchdog watchdog(std::chrono::milliseconds(50));
+            tests::Watchdog watchdog(std::chrono::milliseconds(50));
             watchdog.Report("in the dialog");
             std::this_thread::sleep_for(std::chrono::seconds(20));
         },

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/faults/failure_points.h"
+#include "platform/faults/live_objects.h"
 #include "platform/gui/windows/window.h"
 #include "tests/support/test_printer.h"
 
@@ -134,7 +135,7 @@ TEST_F(Drawing, AWindowsContextDrawsIntoItsImageWhileTheWindowLives) {
     EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_WINDOW_HANDLE});
 }
 
-using PrinterContext = MachineTest;
+using PrinterContext = tests::MachineTest;
 
 TEST_F(PrinterContext, MeasuresTheDefaultPageInDotsAndTurnsItForLandscape) {
     constexpr const char16_t* kKey = u"System\\CurrentControlSet\\Control\\Print\\Printers\\Office";

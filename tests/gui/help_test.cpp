@@ -16,24 +16,14 @@
 #include "platform/gui/help/help_file.h"
 #include "platform/gui/help/help_viewer.h"
 #include "platform/gui/windows/application.h"
-#include "platform/user/user.h"
 #include "tests/support/machine_fixture.h"
+#include "tests/support/scripted_user.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-/// Remembers what it was given to read.
-class Reader : public platform::User {
-public:
-    int AnswerMessageBox(const platform::MessageBoxRequest&) override { return IDCANCEL; }
-    void WorkInDialog(HWND) override {}
-    void ReadHelp(const platform::HelpRequest& request) override { read.push_back(request); }
-
-    std::vector<platform::HelpRequest> read;
-};
-
-class Help : public MachineTest {
+class Help : public tests::MachineTest {
 protected:
     std::u16string Topic(const std::string& content, DWORD topic) const {
         return platform::ReadHelpTopic(WriteFile("Windows/x.hlp", content), topic);
@@ -66,8 +56,7 @@ TEST_F(Help, TheUserIsGivenTheTopicOrToldThatThereIsNone) {
     WriteFile("Windows/System32/spool/drivers/x64/3/QVRT_HLP.HLP",
               "[1302] Settings\nAll of them.\n");
     const char16_t* file = u"C:\\Windows\\System32\\spool\\DRIVERS\\x64\\3\\QVRT_HLP.HLP";
-    Reader reader;
-    const platform::UserScope scope(reader);
+    const tests::ScriptedUser reader;
     EXPECT_TRUE(WinHelpW(nullptr, file, HELP_CONTEXTPOPUP, 1302));
     EXPECT_TRUE(WinHelpW(nullptr, file, HELP_CONTEXT, 1114));
     EXPECT_TRUE(WinHelpW(nullptr, u"C:\\Windows\\NONE.HLP", HELP_CONTEXT, 1302));
@@ -75,12 +64,12 @@ TEST_F(Help, TheUserIsGivenTheTopicOrToldThatThereIsNone) {
     EXPECT_FALSE(WinHelpW(nullptr, nullptr, HELP_CONTEXT, 1302));
     const platform::FailurePlan plan("WinHelpW", 1, ERROR_NOT_ENOUGH_MEMORY);
     EXPECT_FALSE(WinHelpW(nullptr, file, HELP_CONTEXT, 1302));
-    ASSERT_EQ(reader.read.size(), 3u);
-    EXPECT_EQ(reader.read[0].text, u"Settings\n\nAll of them.");
-    EXPECT_EQ(reader.read[0].command, UINT{HELP_CONTEXTPOPUP});
-    EXPECT_EQ(reader.read[1].topic, 1114u);
-    EXPECT_EQ(reader.read[1].text, u"");
-    EXPECT_EQ(reader.read[2].text, u"");
+    ASSERT_EQ(reader.Help().size(), 3u);
+    EXPECT_EQ(reader.Help()[0].text, u"Settings\n\nAll of them.");
+    EXPECT_EQ(reader.Help()[0].command, UINT{HELP_CONTEXTPOPUP});
+    EXPECT_EQ(reader.Help()[1].topic, 1114u);
+    EXPECT_EQ(reader.Help()[1].text, u"");
+    EXPECT_EQ(reader.Help()[2].text, u"");
 }
 
 TEST_F(Help, EveryModelShipsEveryTopic) {

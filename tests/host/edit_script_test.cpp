@@ -1,8 +1,6 @@
 // Working in the watermark editor by a script.
 #include "host/page/edit_script.h"
 
-#include <fstream>
-
 #include "tests/host/host_fixture.h"
 
 namespace host {
@@ -11,8 +9,7 @@ namespace {
 class EditorScript : public HostTest {
 protected:
     CommandResult Edit(const std::string& script, std::vector<std::string> more = {}) {
-        const std::filesystem::path file = machine_ / "script.txt";
-        std::ofstream(file) << script;
+        const std::filesystem::path file = WriteFile("script.txt", script);
         std::vector<std::string> command = {"document",          "Office", "-o",
                                             "Watermark=Enabled", "--edit", file.native()};
         command.insert(command.end(), more.begin(), more.end());

@@ -1,10 +1,8 @@
-/// A fresh machine for every test, and the program's commands run in it.
+/// The program's commands run in a fresh machine.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
@@ -14,7 +12,7 @@
 #include "host/commands/commands.h"
 #include "host/errors/failure.h"
 #include "host/played_printer/printer.h"
-#include "platform/faults/live_objects.h"
+#include "tests/support/machine_fixture.h"
 
 namespace host {
 
@@ -26,24 +24,12 @@ struct CommandResult {
     nlohmann::json Json() const { return nlohmann::json::parse(out); }
 };
 
-class HostTest : public ::testing::Test {
+class HostTest : public tests::MachineTest {
 protected:
-    HostTest() {
-        std::string name = (std::filesystem::temp_directory_path() / "host-XXXXXX").native();
-        machine_ = ::mkdtemp(name.data());
-    }
-    ~HostTest() override {
-        std::error_code error;
-        std::filesystem::remove_all(machine_, error);
-        // Whatever a command opened is closed when it ends.
-        EXPECT_TRUE(platform::LiveObjects().empty())
-            << "still alive: " << platform::LiveObjects().begin()->first;
-    }
-
     CommandResult Run(std::vector<std::string> arguments) {
         std::ostringstream out;
         std::ostringstream err;
-        arguments.insert(arguments.end(), {"--machine", machine_.native()});
+        arguments.insert(arguments.end(), {"--machine", Folder().native()});
         const int code = RunHost(arguments, out, err, source_);
         return {code, out.str(), err.str()};
     }
@@ -60,7 +46,6 @@ protected:
         Do({"install", name, "--model", model, "--port", port, "--bidi", bidi});
     }
 
-    std::filesystem::path machine_;
     PackageSource source_ = OwnPackageSource();
 };
 

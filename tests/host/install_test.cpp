@@ -17,11 +17,6 @@ namespace fs = std::filesystem;
 
 using Installation = HostTest;
 
-std::string ReadFile(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(stream), {});
-}
-
 TEST_F(Installation, ListsThePrinterWithWhatTheEventWrote) {
     Install("\\\\server\\Office", "T", "USB001", "on");
     const nlohmann::json printers = Do({"list", "--json"}).Json();
@@ -37,7 +32,6 @@ TEST_F(Installation, ListsThePrinterWithWhatTheEventWrote) {
 }
 
 TEST_F(Installation, KeepsTheUninstallerFromAPendingDeletion) {
-    platform::UseMachine(machine_);
     std::u16string pending(u"C:\\Windows\\System32\\UNINST.EXE\0\0\0", 33);
     const auto size = static_cast<DWORD>(pending.size() * sizeof(WCHAR));
     HKEY key = nullptr;
@@ -55,7 +49,9 @@ TEST_F(Installation, KeepsTheUninstallerFromAPendingDeletion) {
                        &storedSize);
     ::RegCloseKey(key);
     pending.replace(pending.find(u".EXE") + 1, 1, u"_");
-    EXPECT_TRUE(stored == pending && storedSize == size && type == REG_MULTI_SZ);
+    EXPECT_EQ(stored, pending);
+    EXPECT_EQ(storedSize, size);
+    EXPECT_EQ(type, DWORD{REG_MULTI_SZ});
 }
 
 TEST_F(Installation, RegistersPortsOfEveryKind) {
@@ -118,7 +114,7 @@ TEST_F(Installation, RefusesWhatCannotBeInstalled) {
     // Refused before anything was written.
     EXPECT_FALSE(fs::exists(platform::DriverFolder() / "QVRU__UI.DLL"));
     EXPECT_FALSE(platform::spooler::FindPortAddress(u"P").has_value());
-    source_.packages = machine_ / "nowhere";
+    source_.packages = Folder() / "nowhere";
     EXPECT_EQ(Run({"install", "New", "--model", "T", "--port", "P"}).code, 1);
 }
 
@@ -144,13 +140,13 @@ TEST_F(Installation, RemovesPrinterAndDriver) {
     ASSERT_EQ(left.size(), 1u);
     EXPECT_EQ(left[0]["name"], "Studio");
     // The uninstaller is a process of its own.
-    const fs::path module = machine_ / "Windows/System32/spool/drivers/x64/3/QVRT__UI.DLL";
+    const fs::path module = Folder() / "Windows/System32/spool/drivers/x64/3/QVRT__UI.DLL";
     for (int wait = 0; wait < 100 && fs::exists(module); ++wait) {
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
     EXPECT_FALSE(fs::exists(module));
     EXPECT_TRUE(fs::exists(module.parent_path() / "QVRU__UI.DLL"));
-    const std::string log = ReadFile(machine_ / "machine.log");
+    const std::string log = ReadFile("machine.log");
     EXPECT_EQ(log.find("UNINST.EXE QVRT_UNI.INI \n"), 0u) << log;
     EXPECT_EQ(log.rfind("UNINST.EXE QVRT_UNI.INI \n"), 0u) << log;
     EXPECT_EQ(Run({"uninstall", "--model", "T"}).code, 1);
@@ -158,10 +154,9 @@ TEST_F(Installation, RemovesPrinterAndDriver) {
 
 TEST_F(Installation, DamagedStoreIsToldAndLeftAlone) {
     Install("Office", "T");
-    platform::UseMachine(machine_ / "another");  // the store is closed
-    const fs::path store = machine_ / "registry.sqlite";
+    platform::UseMachine(Folder() / "another");  // the store is closed
     const std::string damage = "this is no store" + std::string(8192, 'x');
-    std::ofstream(store, std::ios::binary | std::ios::trunc) << damage;
+    WriteFile("registry.sqlite", damage);
     for (const char* command : {"list", "document", "printer"}) {
         const CommandResult result = std::string(command) == "list"
                                          ? Run({command})
@@ -169,12 +164,12 @@ TEST_F(Installation, DamagedStoreIsToldAndLeftAlone) {
         EXPECT_EQ(result.code, 1) << command;
         EXPECT_NE(result.err.find("damaged"), std::string::npos) << result.err;
     }
-    EXPECT_TRUE(ReadFile(store) == damage);
+    EXPECT_EQ(ReadFile("registry.sqlite"), damage);
 }
 
 TEST_F(Installation, DemoMakesAPrinterOfEachModelOnce) {
     for (int run = 0; run < 2; ++run) {
-        const std::string pages = Do({"demo", (machine_ / "demo").native()}).out;
+        const std::string pages = Do({"demo", (Folder() / "demo").native()}).out;
         for (const char* model : {"model U", "model T", "model V"}) {
             EXPECT_NE(pages.find(model), std::string::npos);
         }

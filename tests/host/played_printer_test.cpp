@@ -85,12 +85,15 @@ TEST(PlayedPrinter, HasFaultsToOrder) {
     EXPECT_EQ(answer.bytes.size(), whole.size() + 1'000'000);
     EXPECT_EQ(answer.bytes.find('\f'), answer.bytes.size() - 1);
     answer = AskPrinter(with([](auto& options) { options.resetAfter = 40; }));
-    EXPECT_TRUE(answer.bytes.size() <= 40u && answer.reset);
+    EXPECT_LE(answer.bytes.size(), 40u);
+    EXPECT_TRUE(answer.reset);
     answer = AskPrinter(with([](auto& options) { options.split = 3; }));
-    EXPECT_TRUE(answer.bytes == whole && answer.pieces == 3);
+    EXPECT_EQ(answer.bytes, whole);
+    EXPECT_EQ(answer.pieces, 3);
     EXPECT_EQ(AskPrinter(with([](auto& options) { options.slowDrip = true; })).bytes, "@");
     answer = AskPrinter(with([](auto& options) { options.silent = true; }));
-    EXPECT_TRUE(answer.connected && answer.bytes.empty());
+    EXPECT_TRUE(answer.connected);
+    EXPECT_EQ(answer.bytes, "");
     EXPECT_FALSE(AskPrinter(with([](auto& options) { options.refuse = true; })).connected);
 }
 
@@ -110,7 +113,7 @@ TEST(PlayedPrinter, StaysOnLoopbackAndTellsATakenPort) {
 using PlayCommand = HostTest;
 
 TEST_F(PlayCommand, WritesItsLogAndEndsByItself) {
-    const std::string log = (machine_ / "log.txt").native();
+    const std::string log = (Folder() / "log.txt").native();
     const auto begin = std::chrono::steady_clock::now();
     Do({"play-printer", "--address", PrinterThread::Address(), "--for", "1", "--log", log});
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));

@@ -12,7 +12,6 @@
 #include "host/page/settings.h"
 #include "host/windows/property_sheet.h"
 #include "platform/faults/failure_points.h"
-#include "platform/gui/dialogs/hands.h"
 #include "platform/gui/windows/application.h"
 #include "resources/resource_ids.h"
 #include "tests/host/host_fixture.h"
@@ -78,8 +77,7 @@ protected:
         return ItemNamed(Do({"document", "Office", "--json"}).Json(), item)["selection"];
     }
 
-    platform::ScriptedUser user_;
-    platform::UserScope scope_{user_};
+    tests::ScriptedUser user_;
 };
 
 TEST_F(PageWindow, KeepsATypedNumberWhenAppliedAndDropsALaterOneOnEscape) {
@@ -102,11 +100,10 @@ TEST_F(PageWindow, KeepsATypedNumberWhenAppliedAndDropsALaterOneOnEscape) {
     sheet.Press(Qt::Key_Escape);
     EXPECT_FALSE(sheet.Window().isVisible());
     EXPECT_EQ(Kept("Scaling"), 150);
-    EXPECT_EQ(user_.Surprises(), "");
+    EXPECT_EQ(user_.Boxes(), tests::ShownBoxes{});
 }
 
 TEST_F(PageWindow, EnterAppliesAndTheConflictIsTold) {
-    user_.Answer(IDOK);
     Sheet sheet(PageKind::Document);
     sheet.GoTo("Scaling");
     sheet.Type("50");
@@ -115,7 +112,7 @@ TEST_F(PageWindow, EnterAppliesAndTheConflictIsTold) {
     sheet.Press(Qt::Key_Return);
     EXPECT_EQ(sheet.Window().result(), QDialog::Accepted);
     ASSERT_EQ(user_.Boxes().size(), 1u);
-    EXPECT_EQ(user_.Boxes()[0].request.caption, u"Conflict!");
+    EXPECT_EQ(user_.Boxes()[0].caption, "Conflict!");
     EXPECT_EQ(sheet.Row("Scaling").text(0), "Scaling: 100 %");
     EXPECT_EQ(Kept("Scaling"), 100);
     EXPECT_EQ(Kept("Pages per Sheet"), 2);
@@ -165,26 +162,23 @@ TEST_F(PageWindow, EditOpensTheEditorWhileTheWatermarkIsEnabled) {
     Sheet sheet(PageKind::Document);
     sheet.GoTo("Watermark");
     QTest::mouseClick(&sheet.Button("Edit"), Qt::LeftButton);
-    EXPECT_EQ(user_.DialogsWorkedIn(), 0);
     EXPECT_FALSE(sheet.Button("Apply").isEnabled());
 
-    user_.InDialog([](HWND dialog) {
-        platform::hands::Choose(dialog, IDC_WATERMARK_LIST, u"Urgent");
-        platform::hands::Click(dialog, IDOK);
-    });
+    bool opened = false;
+    user_.InDialog(
+        [&] { opened = user_.Choose(IDC_WATERMARK_LIST, u"Urgent") && user_.Click(IDOK); });
     sheet.Type("E");  // picks "Enabled"
     QTest::mouseClick(&sheet.Button("Edit"), Qt::LeftButton);
-    EXPECT_EQ(user_.DialogsWorkedIn(), 1);
+    EXPECT_TRUE(opened);
     EXPECT_TRUE(sheet.Button("Apply").isEnabled());
     QTest::mouseClick(&sheet.Button("OK"), Qt::LeftButton);
     const nlohmann::json page = Do({"document", "Office", "--json"}).Json();
     EXPECT_EQ(page["privateDevmode"]["Watermark"]["Name"], "Urgent");
-    EXPECT_EQ(user_.Surprises(), "");
+    EXPECT_EQ(user_.Boxes(), tests::ShownBoxes{});
 }
 
 TEST_F(PageWindow, TellsWhenTheSettingsCannotBeKeptAndStays) {
     Sheet sheet(PageKind::Document);
-    user_.Answer(IDOK);
     sheet.GoTo("Copies");
     sheet.Type("5");
     {
@@ -238,7 +232,7 @@ TEST_F(PageWindow, CannotOpenWithoutAPrinterOrADisplay) {
 
 TEST_F(PageWindow, PicturesComeFromAMachineOfTheirOwn) {
     const std::string before = Do({"list", "--json"}).out;
-    const std::filesystem::path folder = machine_ / "pictures";
+    const std::filesystem::path folder = Folder() / "pictures";
     std::istringstream names(Do({"pictures", folder.native()}).out);
     std::set<std::string> told{std::istream_iterator<std::string>(names), {}};
     for (const char* name : {"document-page.png", "printer-page.png", "editor-diagonal.png",

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <fstream>
 #include <string>
 #include <thread>
 
@@ -35,11 +34,8 @@ constexpr std::string_view kSettings =
 class Installation : public PluginTest {
 protected:
     Installation() {
-        const std::filesystem::path processors =
-            platform::MachineFolder() / "Windows/System32/spool/prtprocs/x64";
-        std::filesystem::create_directories(processors);
-        std::ofstream(processors / "QVRT__PP.DLL") << "a print processor";
-        WriteIniFile(TEXT("QVRT_UNI.INI"), kSettings);
+        WriteFile("Windows/System32/spool/prtprocs/x64/QVRT__PP.DLL", "a print processor");
+        WriteFile("Windows/QVRT_UNI.INI", kSettings);
         StorePending();
     }
 
@@ -57,10 +53,7 @@ protected:
         Text name = TEXT("Office");
         HandlePrinterEvent(name.data(), PRINTER_EVENT_INITIALIZE);
     }
-    std::string Log() const {
-        std::ifstream log(platform::MachineFolder() / "machine.log");
-        return {std::istreambuf_iterator<char>(log), {}};
-    }
+    std::string Log() const { return ReadFile("machine.log"); }
 
     void WaitForLog(std::string_view end) const {
         for (int attempt = 0; attempt < 500 && !Log().ends_with(end); ++attempt) {
@@ -125,26 +118,23 @@ TEST_F(Installation, RemovingTheDriverStartsTheUninstallerWithTheSettingsFile) {
     HandleDriverEvent(DRIVER_EVENT_DELETE);
     HandleDriverEvent(DRIVER_EVENT_INITIALIZE);
     EXPECT_EQ(Log(), "");
-    const std::filesystem::path& machine = platform::MachineFolder();
-    std::filesystem::copy_file(UNINSTALLER, machine / "Windows/System32/UNINST.EXE");
-    std::ofstream(platform::DriverFolder() / "QVRT__UI.DLL") << "the module";
-    std::ofstream(platform::DriverFolder() / "QVRU__UI.DLL") << "another model's";
+    std::filesystem::copy_file(UNINSTALLER, Folder() / "Windows/System32/UNINST.EXE");
+    WriteFile(platform::DriverFolder() / "QVRT__UI.DLL", "the module");
+    WriteFile(platform::DriverFolder() / "QVRU__UI.DLL", "another model's");
     HandleDriverEvent(DRIVER_EVENT_DELETE);
     WaitForLog("done\n");
     EXPECT_EQ(Log().find("UNINST.EXE QVRT_UNI.INI \n"), 0u) << Log();
     EXPECT_EQ(Log().rfind("QVRT_UNI.INI \n"), 11u) << Log();
     EXPECT_FALSE(std::filesystem::exists(platform::DriverFolder() / "QVRT__UI.DLL"));
     EXPECT_FALSE(
-        std::filesystem::exists(machine / "Windows/System32/spool/prtprocs/x64/QVRT__PP.DLL"));
+        std::filesystem::exists(Folder() / "Windows/System32/spool/prtprocs/x64/QVRT__PP.DLL"));
     EXPECT_TRUE(std::filesystem::exists(platform::DriverFolder() / "QVRU__UI.DLL"));
 }
 
 TEST_F(Installation, AProgramWithBlanksIsStartedAsTheSettingsNameIt) {
-    const std::filesystem::path file = platform::MachineFolder() / "Sub Dir" / "A B.EXE";
-    std::filesystem::create_directories(file.parent_path());
-    std::ofstream(file) << "#!/bin/sh\necho started\n";
+    const std::filesystem::path file = WriteFile("Sub Dir/A B.EXE", "#!/bin/sh\necho started\n");
     std::filesystem::permissions(file, std::filesystem::perms::owner_all);
-    WriteIniFile(TEXT("QVRT_UNI.INI"), "[OEMUninstall]\nExecutable=C:\\Sub Dir\\A B.EXE\n");
+    WriteFile("Windows/QVRT_UNI.INI", "[OEMUninstall]\nExecutable=C:\\Sub Dir\\A B.EXE\n");
     HandleDriverEvent(DRIVER_EVENT_DELETE);
     WaitForLog("started\n");
     EXPECT_EQ(Log(), "C:\\Sub Dir\\A B.EXE QVRT_UNI.INI \nstarted\n");

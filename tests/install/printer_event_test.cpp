@@ -87,7 +87,7 @@ TEST_F(PrinterEvent, TheSettingReachesTheDriverDataOfThePrinterByItsShortName) {
     };
     for (const auto& row : rows) {
         const tests::TestPrinter printer(TEXT("Office Printer"));
-        tests::WriteIniFile(TEXT("QVRT_UNI.INI"), row.ini);
+        WriteFile("Windows/QVRT_UNI.INI", row.ini);
         for (int times = 0; times < 2; ++times) {
             EXPECT_EQ(Install(tests::Wide(row.name)), "Office Printer");
             EXPECT_EQ(printer.StoredValue(TEXT("EAIDCDisable")),
@@ -113,7 +113,7 @@ TEST_F(PrinterEvent, OddNamesAndOtherEventsWriteNothing) {
 }
 
 TEST_F(PrinterEvent, APendingDeletionOfTheUninstallerIsSpoiltInPlace) {
-    tests::WriteIniFile(TEXT("QVRT_UNI.INI"), "[OEMUninstall]\r\nExecutable=UNINST.EXE\r\n");
+    WriteFile("Windows/QVRT_UNI.INI", "[OEMUninstall]\r\nExecutable=UNINST.EXE\r\n");
     Text large;
     for (int i = 0; i < 10000; ++i) large += Pairs("C:\\Temp\\old.tmp|!C:\\Temp\\new-name.tmp|");
     large += Pairs("C:\\Windows\\UNINST.EXE|||");
@@ -125,17 +125,17 @@ TEST_F(PrinterEvent, APendingDeletionOfTheUninstallerIsSpoiltInPlace) {
         for (int times = 0; times < 2; ++times) {
             Install(TEXT("Nobody"));
             DWORD storedType = 0;
-            EXPECT_TRUE(tests::ReadRegistryValue(kSessionManager, kPending, &storedType) ==
-                        Bytes(spoilt) + "x");
+            EXPECT_EQ(tests::ReadRegistryValue(kSessionManager, kPending, &storedType),
+                      Bytes(spoilt) + "x");
             EXPECT_EQ(storedType, type);
         }
     }
     for (const char* setting : {"C:\\Windows\\UNINST.EXE", "", "Windows"}) {
         const std::string ini = std::string("[OEMUninstall]\r\nExecutable=") + setting + "\r\n";
-        tests::WriteIniFile(TEXT("QVRT_UNI.INI"), ini);
+        WriteFile("Windows/QVRT_UNI.INI", ini);
         StorePending(REG_MULTI_SZ, Bytes(large));
         Install(TEXT("Nobody"));
-        EXPECT_TRUE(tests::ReadRegistryValue(kSessionManager, kPending) == Bytes(large)) << setting;
+        EXPECT_EQ(tests::ReadRegistryValue(kSessionManager, kPending), Bytes(large)) << setting;
     }
 }
 

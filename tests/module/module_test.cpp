@@ -10,22 +10,20 @@
 
 #include "common/oem_driver_interface.h"
 #include "common/unique_handle.h"
-
-#ifndef _WIN32
-#include "platform/base/machine.h"
-#endif
+#include "tests/support/machine_fixture.h"
+#include "tests/support/text.h"
 
 namespace {
 
 using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
 using CanUnloadNow = HRESULT(STDAPICALLTYPE*)();
-using Text = std::basic_string<WCHAR>;
+using tests::Text;
 
 // The build folder's files, under the drive on which both worlds show the rest of the system.
 Text ModulePath(const std::string& file) {
     std::string path = std::string("Z:") + OEMUI_PACKAGE_FOLDER + "/" + file;
     std::replace(path.begin(), path.end(), '/', '\\');
-    return Text(path.begin(), path.end());
+    return tests::Wide(path);
 }
 
 template <typename Function>
@@ -65,17 +63,7 @@ private:
     oemui::UniqueLibrary library_;
 };
 
-class Module : public ::testing::Test {
-protected:
-    void SetUp() override {
-        scratch_ = std::filesystem::path(OEMUI_PACKAGE_FOLDER) / ".." / "module-test";
-#ifndef _WIN32
-        platform::UseMachine(scratch_ / "machine");
-#endif
-    }
-
-    std::filesystem::path scratch_;
-};
+using Module = tests::MachineTest;
 
 TEST_F(Module, ServesOnePluginPerModelAndUnloadsWhenTheLastObjectIsGone) {
     for (const auto& [letter, signature] :
@@ -95,7 +83,8 @@ TEST_F(Module, ServesOnePluginPerModelAndUnloadsWhenTheLastObjectIsGone) {
 TEST_F(Module, ModelsLoadedTogetherShareNothing) {
     const LoadedModule first(ModulePath("T/QVRT__UI.DLL"));
     const LoadedModule second(ModulePath("V/QVRV__UI.DLL"));
-    ASSERT_TRUE(first && second);
+    ASSERT_TRUE(first);
+    ASSERT_TRUE(second);
     EXPECT_EQ(first.Signature(), 0x51565254u);
     EXPECT_EQ(second.Signature(), 0x51565256u);
     IPrintOemUI* plugin = first.CreatePlugin();

@@ -9,30 +9,27 @@
 #include <thread>
 
 #include "platform/faults/failure_points.h"
-#include "tests/net/played_printer.h"
+#include "platform/faults/live_objects.h"
+#include "tests/support/loopback_printer.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {
 
-using tests::PlayedPrinter;
+using tests::LoopbackPrinter;
 
 // What an operation on sockets comes to: 0, or the error of one that failed.
 int ErrorOf(LONG_PTR result) {
     return result == SOCKET_ERROR ? WSAGetLastError() : 0;
 }
 
-class Sockets : public MachineTest {
+class Sockets : public tests::MachineTest {
 protected:
     void SetUp() override {
-        MachineTest::SetUp();
         WSADATA details = {};
         ASSERT_EQ(WSAStartup(0x0101, &details), 0);
         EXPECT_EQ(details.wVersion, 0x0101);
     }
-    void TearDown() override {
-        EXPECT_EQ(WSACleanup(), 0);
-        MachineTest::TearDown();
-    }
+    void TearDown() override { EXPECT_EQ(WSACleanup(), 0); }
 
     static int Connect(SOCKET stream, const std::string& address) {
         sockaddr_in target = {};
@@ -58,7 +55,7 @@ protected:
 };
 
 TEST_F(Sockets, CarryBytesBothWaysWithAndWithoutWaiting) {
-    const PlayedPrinter printer({{"an answer longer than one block\f"}, 5, true});
+    LoopbackPrinter printer({{"an answer longer ", "than one block\f", LoopbackPrinter::kHangsUp}});
     const SOCKET stream = ConnectedTo(printer.Address());
     ULONG on = 1;
     EXPECT_EQ(ioctlsocket(stream, FIONBIO, &on), 0);
@@ -69,12 +66,12 @@ TEST_F(Sockets, CarryBytesBothWaysWithAndWithoutWaiting) {
     EXPECT_EQ(ioctlsocket(stream, FIONBIO, &on), 0);
     EXPECT_EQ(ReceiveAll(stream), "an answer longer than one block\f");
     EXPECT_EQ(recv(stream, &byte, 1, 0), 0) << "the printer closed";
-    EXPECT_EQ(printer.Received(), std::vector<std::string>{std::string("question\0", 9)});
     EXPECT_EQ(closesocket(stream), 0);
+    EXPECT_EQ(printer.Received(), std::vector<std::string>{std::string("question\0", 9)});
 }
 
 TEST_F(Sockets, ReportResetAndBrokenPipeAsErrorsAndNoSignal) {
-    const PlayedPrinter printer({.answers = {}, .resets = true});
+    const LoopbackPrinter printer({{LoopbackPrinter::kResets}});
     const SOCKET stream = ConnectedTo(printer.Address());
     EXPECT_EQ(send(stream, "\0", 1, 0), 1);
     CHAR byte = 0;
@@ -85,7 +82,7 @@ TEST_F(Sockets, ReportResetAndBrokenPipeAsErrorsAndNoSignal) {
 
 TEST_F(Sockets, RefuseConnectionsWithoutListenerAndLeavingTheMachine) {
     const SOCKET stream = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
-    EXPECT_EQ(ErrorOf(Connect(stream, PlayedPrinter::UnusedAddress())), WSAECONNREFUSED);
+    EXPECT_EQ(ErrorOf(Connect(stream, LoopbackPrinter({}).Address())), WSAECONNREFUSED);
     const auto start = std::chrono::steady_clock::now();
     for (const char* outside : {"10.0.0.5", "128.0.0.1", "126.255.255.255", "3printer"}) {
         EXPECT_EQ(ErrorOf(Connect(stream, outside)), WSAENETUNREACH) << outside;
@@ -133,7 +130,7 @@ TEST_F(Sockets, WaitOverInterruptingSignals) {
     interrupting.sa_handler = [](int) { ++signals; };
     struct sigaction before = {};
     sigaction(SIGUSR1, &interrupting, &before);
-    const PlayedPrinter printer({{"late"}, 0, true});
+    const LoopbackPrinter printer({{"late", LoopbackPrinter::kHangsUp}});
     const SOCKET stream = ConnectedTo(printer.Address());
     const pthread_t waiting = pthread_self();
     std::thread other([&] {
@@ -193,7 +190,6 @@ TEST_F(Sockets, NamesComeFromTheHostsFileAndOnlyLoopbackCounts) {
         return text;
     };
     EXPECT_EQ(address("localhost"), "127 0 0 1 ") << "without a hosts file";
-    std::filesystem::create_directories(Folder() / "Windows/System32/drivers/etc");
     WriteFile("Windows/System32/drivers/etc/hosts",
               "# 127.0.0.9 hidden\r\n127.0.0.5\tprinter  Laser # in the office, 127.0.0.6 desk\r\n"
               "10.0.0.7 outside\r\nnonsense word\r\n127.0.0.8");

@@ -6,7 +6,7 @@
 #include "printerprops/pjl_connection.h"
 #include "printerprops/pjl_exchange.h"
 #include "printerprops/socket_library.h"
-#include "tests/printerprops/loopback_printer.h"
+#include "tests/support/loopback_printer.h"
 #include "tests/support/plugin_fixture.h"
 
 using namespace oemui;
@@ -71,7 +71,8 @@ TEST(PjlReply, OnlyWhatStandsBetweenEchoAndFormFeedCounts) {
 TEST_F(PjlQuery, AskingSendsThirtySixBytesAndJoinsThePiecesOfTheAnswer) {
     LoopbackPrinter printer({{kAnswer.substr(0, 20), kAnswer.substr(20)}});
     EXPECT_EQ(Query(printer.Address()), (Selections{0, 1, 0}));
-    EXPECT_EQ(printer.Received(), kExitLanguage + "@PJL INFO CONFIG\r\n" + kExitLanguage);
+    EXPECT_EQ(printer.Received(),
+              std::vector<std::string>{kExitLanguage + "@PJL INFO CONFIG\r\n" + kExitLanguage});
 }
 
 TEST_F(PjlQuery, NobodyListeningFailsAtOnceAndChangesNothing) {
@@ -92,7 +93,8 @@ TEST_F(PjlQuery, ReceivingNeverPassesItsBufferAndEndsWithTheConnection) {
         LoopbackPrinter printer({{"0123456789"}});
         link = LinkTo(printer.Address());
         ASSERT_TRUE(OpenPrinterConnection(&link));
-        EXPECT_TRUE(ReceiveFromPrinter(&link, reply, 8, &count, &error) && count == 0);
+        EXPECT_TRUE(ReceiveFromPrinter(&link, reply, 8, &count, &error));
+        EXPECT_EQ(count, 0u);
         EXPECT_EQ(error, WSAEWOULDBLOCK);
         EXPECT_TRUE(SendToPrinter(&link, (kExitLanguage + kExitLanguage).data(), 18, &count));
         EXPECT_EQ(count, 18u);
@@ -127,7 +129,7 @@ TEST_F(PjlQuery, CommandsSendTheirTextOnlyAsFirstWordAndOnlyWhenItFits) {
     };
     const SocketLibrary library;
     for (const auto& row : rows) {
-        LoopbackPrinter printer(std::vector<LoopbackPrinter::Pieces>(1));
+        LoopbackPrinter printer(std::vector<LoopbackPrinter::Answer>(1));
         PrinterLink link = LinkTo(printer.Address());
         char reply[16];
         DWORD length = 99;
@@ -138,7 +140,8 @@ TEST_F(PjlQuery, CommandsSendTheirTextOnlyAsFirstWordAndOnlyWhenItFits) {
         EXPECT_EQ(length, 0u);
         std::string wire = row.sentText;
         if (!wire.empty()) wire.insert(0, kExitLanguage).append("\r\n").append(kExitLanguage);
-        EXPECT_EQ(row.connects ? printer.Received() : "", wire) << row.command;
+        if (!row.connects) continue;
+        EXPECT_EQ(printer.Received(), std::vector<std::string>{wire}) << row.command;
     }
 }
 

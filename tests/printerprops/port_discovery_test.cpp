@@ -159,7 +159,8 @@ TEST_F(PortDiscovery, NamesThatDoNotFitTheirBuffersMatchNothing) {
         for (const Text& port : {TEXT("\\\\") + host + TEXT("\\SMB_PRI1"),
                                  TEXT("http://") + host + TEXT("/ipp"), Text(TEXT("Long"))}) {
             const PrinterLink link = Classify(port, PlatformFamily::kNeither);
-            EXPECT_TRUE(link.Found == 0 && link.Kind == PortKindNone) << length;
+            EXPECT_EQ(link.Found, 0u) << length;
+            EXPECT_EQ(link.Kind, PortKindNone) << length;
         }
     }
     EXPECT_FALSE(ResolveHost(TEXT(""), &address));
@@ -216,7 +217,10 @@ TEST_F(PortDiscovery, OnlyDirectKindsAreReachableWithoutBidirectionalCommunicati
     PrinterLink link = {
         .Found = 1, .Address = {}, .Socket = 5, .Kind = PortKindIpp, .OpenCount = 3};
     EXPECT_FALSE(DiscoverPrinterPort(nullptr, &link));
-    EXPECT_TRUE(link.Found == 0 && link.Socket == 0 && link.Kind == 0 && link.OpenCount == 0);
+    EXPECT_EQ(link.Found, 0u);
+    EXPECT_EQ(link.Socket, 0u);
+    EXPECT_EQ(link.Kind, PortKindNone);
+    EXPECT_EQ(link.OpenCount, 0u);
 }
 
 TEST(PlatformFamily, FollowsFromThePlatformIdAndTheVersion) {

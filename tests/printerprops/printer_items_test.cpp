@@ -1,8 +1,8 @@
 #include "printerprops/printer_items.h"
 
 #include "common/unique_handle.h"
-#include "tests/printerprops/loopback_printer.h"
 #include "tests/printerprops/printer_page.h"
+#include "tests/support/loopback_printer.h"
 #include "tests/support/test_printer.h"
 
 using namespace oemui;
@@ -36,7 +36,9 @@ TEST_F(PrinterItems, ThePluginAddsTwoEmptyItems) {
     params.pOEMOptItems = own;
     EXPECT_EQ(BuildPrinterItems(OEMCUIP_PRNPROP, &params), S_OK);
     EXPECT_EQ(params.OEMCUIPCallback, PrinterPropertyCallback);
-    EXPECT_TRUE(own[1].cbSize == 88 && own[1].DMPubID == 0 && own[1].pName == nullptr);
+    EXPECT_EQ(own[1].cbSize, 88);
+    EXPECT_EQ(own[1].DMPubID, 0);
+    EXPECT_EQ(own[1].pName, nullptr);
     EXPECT_EQ(own[2].cbSize, 0xCCCC);
 }
 
@@ -46,7 +48,8 @@ TEST_F(PrinterItems, APrinterThatCannotBeAskedTurnsTheSwitchOffAndOpensTheOption
     EXPECT_EQ(page.Selections(), (Four{1, 5, 5, 5}));
     EXPECT_EQ(page.Flags(), (FourFlags{0x28, 0x0C, 0x0C, 0x0C}));
     for (const PrinterPageItem other : {kGroup, kYesTray2, kNumbered}) {
-        EXPECT_TRUE(page.items[other].Flags == kHidden && page.items[other].Sel == 5) << other;
+        EXPECT_EQ(page.items[other].Flags, kHidden) << other;
+        EXPECT_EQ(page.items[other].Sel, 5) << other;
     }
 }
 
@@ -90,9 +93,11 @@ TEST_F(PrinterItems, OnlyTheSwitchAsksAndOnlyWhatDiffersIsMarkedChanged) {
     PrinterLink link;
     bool isChanged = false;
     ASSERT_TRUE(DiscoverPrinterPort(handle_.Get(), &link));
-    EXPECT_TRUE(AutoConfigure(&page.params, link, &isChanged) && isChanged);
+    EXPECT_TRUE(AutoConfigure(&page.params, link, &isChanged));
+    EXPECT_TRUE(isChanged);
     EXPECT_EQ(page.Selections(), (Four{0, 1, 1, 1}));
-    EXPECT_TRUE(page.items[kTray3].Flags == 0 && page.items[kDuplex].Flags == OPTIF_CHANGED);
+    EXPECT_EQ(page.items[kTray3].Flags, 0u);
+    EXPECT_EQ(page.items[kDuplex].Flags, DWORD{OPTIF_CHANGED});
 }
 
 TEST_F(PrinterItems, OtherReasonsAndMissingItemsChangeNothing) {

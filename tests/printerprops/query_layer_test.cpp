@@ -12,9 +12,9 @@
 #include "printerprops/pjl_exchange.h"
 #include "printerprops/pjl_query.h"
 #include "printerprops/socket_library.h"
-#include "tests/printerprops/loopback_printer.h"
 #include "tests/printerprops/printer_page.h"
 #include "tests/support/document_page.h"
+#include "tests/support/loopback_printer.h"
 #include "tests/support/test_clock.h"
 #include "tests/support/test_printer.h"
 
@@ -43,7 +43,7 @@ std::string Query(const PrinterLink& link) {
     return std::to_string(selections[0] * 100 + selections[1] * 10 + selections[2]);
 }
 
-const std::vector<LoopbackPrinter::Pieces> kSilent(1);
+const std::vector<LoopbackPrinter::Answer> kSilent(1);
 
 class QueryOnTheLayer : public PluginTest {};
 
@@ -61,7 +61,7 @@ TEST_F(QueryOnTheLayer, APrinterThatFellSilentAndThenClosedCountsAsAsked) {
     const SocketLibrary library;
     for (const char* command : {"#GET# x", "READ"}) {
         for (const bool wasSilent : {true, false}) {
-            LoopbackPrinter printer({LoopbackPrinter::kHangsUp});
+            LoopbackPrinter printer({{LoopbackPrinter::kHangsUp}});
             PrinterLink link = LinkTo(printer.Address());
             ASSERT_TRUE(OpenPrinterConnection(&link));
             char reply[34];
@@ -87,7 +87,8 @@ TEST_F(QueryOnTheLayer, AFloodWithoutFormFeedStaysInItsBuffer) {
     DWORD length = 0;
     PrinterLink link = LinkTo(printer.Address());
     ExchangePjl(&link, TEXT("#GET# x"), reply.data(), kReplyCapacity, &length);
-    EXPECT_TRUE(length <= kReplyCapacity && reply[kReplyCapacity] == 0);
+    EXPECT_LE(length, kReplyCapacity);
+    EXPECT_EQ(reply[kReplyCapacity], 0);
 }
 
 TEST_F(QueryOnTheLayer, AQuestionThatCannotGoOutAtOnceHasASubstituteForItsReply) {
@@ -164,7 +165,7 @@ std::vector<std::string> WorkWithFailure(Work work, const std::string& point, in
     }
     EXPECT_EQ(platform::LiveObjects(), before);
     for (const PrinterPageItem option : {kTray2, kTray3, kDuplex}) {
-        EXPECT_TRUE(page.items[option].Sel == 5 || page.items[option].Sel <= 1);
+        EXPECT_LE(page.items[option].Sel == 5 ? 0 : page.items[option].Sel, 1);
     }
     return plan.Passed();
 }

@@ -1,25 +1,23 @@
 #include <chrono>
 
 #include "platform/spooler/ports.h"
-#include "tests/net/played_printer.h"
 #include "tests/spooler/spooler_fixture.h"
+#include "tests/support/loopback_printer.h"
 #include "tests/support/test_clock.h"
+#include "tests/support/text.h"
 
 namespace {
 
 namespace spooler = platform::spooler;
-using tests::PlayedPrinter;
+using tests::LoopbackPrinter;
 using tests::SpoolerTest;
+using tests::Wide;
 
 const std::u16string kStatus = u"#GET#\n@PJL INFO DSTATUS";
 const std::u16string kConfiguration = u"#GET#\n@PJL INFO CONFIG";
 const std::string kStatusAnswer = "@PJL INFO DSTATUS\r\nCODE=10001\r\n\f";
 const std::string kConfigurationAnswer =
     "@PJL INFO CONFIG\r\nTRAY2=INSTALLED\r\n\tDUPLEX\r\nDUPLEX=INSTALLED\r\n\f";
-
-std::u16string Wide(const std::string& text) {
-    return {text.begin(), text.end()};
-}
 
 class PortMonitor : public SpoolerTest {
 protected:
@@ -33,7 +31,9 @@ protected:
 };
 
 TEST_F(PortMonitor, CarriesBothQuestionsAndTheirAnswers) {
-    const PlayedPrinter played({{kStatusAnswer, kConfigurationAnswer}, 7});
+    const std::string front = kConfigurationAnswer.substr(0, 7);
+    const std::string back = kConfigurationAnswer.substr(7);
+    LoopbackPrinter played({{kStatusAnswer}, {front, back}, {kConfigurationAnswer}});
     const HANDLE printer = PrinterAt(played.Address());
     DWORD type = 0;
     EXPECT_EQ(SetValue(printer, kStatus, ""), ERROR_SUCCESS);
@@ -50,7 +50,7 @@ TEST_F(PortMonitor, CarriesBothQuestionsAndTheirAnswers) {
 }
 
 TEST_F(PortMonitor, SendsWithoutReadingAndStoresNothing) {
-    const PlayedPrinter played({});
+    LoopbackPrinter played({{""}});
     const HANDLE printer = PrinterAt(played.Address());
     EXPECT_EQ(SetValue(printer, u"#SET# @PJL SET COPIES=2", "x"), ERROR_SUCCESS);
     EXPECT_EQ(SetValue(printer, u"#SET#\n", ""), ERROR_INVALID_PARAMETER);
@@ -58,15 +58,13 @@ TEST_F(PortMonitor, SendsWithoutReadingAndStoresNothing) {
     EXPECT_EQ(Value(printer, u"#SET# @PJL SET COPIES=2"), Failed(ERROR_NOT_SUPPORTED));
     EXPECT_EQ(Value(printer, u"a#SET#"), "stored");
     const std::vector<std::string> sent = {"\x1B%-12345X@PJL SET COPIES=2\r\n\x1B%-12345X"};
-    for (int wait = 0; wait < 5000 && played.Received() != sent; ++wait) Sleep(1);
     EXPECT_EQ(played.Received(), sent);
     EXPECT_TRUE(ClosePrinter(printer));
 }
 
 TEST_F(PortMonitor, FindsTheAddressThroughEveryMonitor) {
-    const PlayedPrinter played({{kStatusAnswer}});
+    const LoopbackPrinter played({{kStatusAnswer}, {kStatusAnswer}, {kStatusAnswer}});
     const std::u16string address = Wide(played.Address());
-    std::filesystem::create_directories(Folder() / "Windows/System32/drivers/etc");
     WriteFile("Windows/System32/drivers/etc/hosts", played.Address() + " laser\n");
     ASSERT_EQ(spooler::AddStandardTcpIpPort(u"By name", u"", u"laser"), DWORD{ERROR_SUCCESS});
     ASSERT_EQ(spooler::AddLprPort(u"laser:queue", u"laser"), DWORD{ERROR_SUCCESS});
@@ -112,18 +110,17 @@ TEST_F(PortMonitor, ReportsPrintersThatAnswerBadlyOrNotAtAll) {
         EXPECT_TRUE(ClosePrinter(printer));
         return answer;
     };
-    const auto ask = [&](const tests::PrinterScript& script) {
-        const PlayedPrinter printer(script);
-        return askAt(printer.Address());
+    const auto ask = [&](const LoopbackPrinter::Answer& answer) {
+        return askAt(LoopbackPrinter({answer}).Address());
     };
     const std::string failed = Failed(ERROR_GEN_FAILURE);
-    EXPECT_EQ(askAt(PlayedPrinter::UnusedAddress()), failed) << "refused";
-    EXPECT_EQ(ask({{""}, 0, true}), failed) << "closed";
-    EXPECT_EQ(ask({{std::string(1 << 20, 'j')}}), failed) << "junk without end";
-    EXPECT_EQ(ask({.answers = {}, .resets = true}), failed) << "reset";
-    EXPECT_EQ(ask({{"half an answer"}, 0, true}), "half an answer") << "closed behind the answer";
+    EXPECT_EQ(askAt(LoopbackPrinter({}).Address()), failed) << "refused";
+    EXPECT_EQ(ask({"", LoopbackPrinter::kHangsUp}), failed) << "closed";
+    EXPECT_EQ(ask({std::string(1 << 20, 'j')}), failed) << "junk without end";
+    EXPECT_EQ(ask({LoopbackPrinter::kResets}), failed) << "reset";
+    EXPECT_EQ(ask({"half an answer", LoopbackPrinter::kHangsUp}), "half an answer") << "closed";
     const tests::TestClock clock;
-    EXPECT_EQ(ask({{"no form feed"}}), Failed(ERROR_TIMEOUT));
+    EXPECT_EQ(ask({"no form feed"}), Failed(ERROR_TIMEOUT));
     EXPECT_GT(clock.Elapsed(), 12000u);
     EXPECT_LE(clock.Elapsed(), 15000u);
 }

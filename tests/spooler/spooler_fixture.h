@@ -17,7 +17,6 @@ namespace tests {
 class SpoolerTest : public MachineTest {
 protected:
     void SetUp() override {
-        MachineTest::SetUp();
         std::u16string name = u"Laser", file = u"C:\\somewhere\\QVRT__UI.DLL", gpd = u"laser.gpd";
         DRIVER_INFO_2W driver = {3, name.data(), nullptr, file.data(), gpd.data(), file.data()};
         ASSERT_TRUE(AddPrinterDriverW(nullptr, 2, reinterpret_cast<BYTE*>(&driver)));

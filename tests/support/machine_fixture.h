@@ -3,54 +3,40 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <map>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
-#include "platform/base/machine.h"
-#include "platform/faults/live_objects.h"
+#include "tests/support/test_machine.h"
 
-/// Uses a fresh machine in a temporary folder, which is removed afterwards. At the end as many
-/// objects of the layer must be alive as at the beginning.
+namespace tests {
+
+/// At the end no more objects of the layer may be alive than at the beginning.
 class MachineTest : public testing::Test {
 protected:
-    MachineTest() {
-        std::string name = (std::filesystem::temp_directory_path() / "machine-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-        platform::UseMachine(name);
-        folder_ = platform::MachineFolder();
-    }
+    ~MachineTest() override { EXPECT_EQ(machine_.LeftOpen(), "") << "left open"; }
 
-    ~MachineTest() override {
-        // Closes the registry before its file goes; the next test chooses a machine of its own.
-        platform::UseMachine(folder_);
-        std::error_code error;
-        std::filesystem::remove_all(folder_, error);
-    }
+    const std::filesystem::path& Folder() const { return machine_.Folder(); }
 
-    void SetUp() override { before_ = platform::LiveObjects(); }
-    void TearDown() override { EXPECT_EQ(platform::LiveObjects(), before_) << "left open"; }
-
-    const std::filesystem::path& Folder() const { return folder_; }
-
-    /// Writes a file of the machine, whole; the path is below its folder ("Windows/x.ini").
-    std::filesystem::path WriteFile(std::string_view path, std::string_view contents) const {
-        const std::filesystem::path file = folder_ / path;
+    /// Writes a file of the machine, whole, and makes its folder; the path is below the machine's
+    /// ("Windows/x.ini").
+    std::filesystem::path WriteFile(const std::filesystem::path& path,
+                                    std::string_view contents) const {
+        const std::filesystem::path file = Folder() / path;
+        std::filesystem::create_directories(file.parent_path());
         std::ofstream(file, std::ios::binary) << contents;
         return file;
     }
 
     /// The contents of a file of the machine; empty when there is none.
-    std::string ReadFile(std::string_view path) const {
-        std::ifstream file(folder_ / path, std::ios::binary);
+    std::string ReadFile(const std::filesystem::path& path) const {
+        std::ifstream file(Folder() / path, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
 private:
-    std::filesystem::path folder_;
-    std::map<std::string, int> before_;
+    TestMachine machine_;
 };
+
+}  // namespace tests

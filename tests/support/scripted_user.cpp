@@ -1,79 +1,56 @@
 #include "tests/support/scripted_user.h"
 
-#include <windows.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <utility>
 
-#include "platform/gui/dialogs/message_box.h"
-#include "platform/text/text_encoding.h"
-
-namespace platform {
+namespace tests {
 namespace {
 
-std::string TitleOf(HWND window) {
-    std::array<WCHAR, 128> title = {};
-    GetWindowTextW(window, title.data(), static_cast<int>(title.size()));
-    return Utf8(title.data());
+/// The last one is the one that does least.
+std::vector<int> ButtonsOf(UINT type) {
+    if (type == MB_OKCANCEL) return {IDOK, IDCANCEL};
+    if (type == MB_YESNO) return {IDYES, IDNO};
+    return {IDOK};
 }
 
 }  // namespace
 
-ScriptedUser::ScriptedUser(std::chrono::milliseconds patience) : watchdog_(patience) {}
-
-ScriptedUser& ScriptedUser::Answer(int button) {
-    answers_.push_back(button);
-    return *this;
+void ScriptedUser::WillAnswer(std::initializer_list<int> buttons) {
+    answers_.insert(answers_.end(), buttons);
 }
 
-ScriptedUser& ScriptedUser::InDialog(Work work) {
-    works_.push_back(std::move(work));
-    return *this;
-}
-
-std::string ScriptedUser::Surprises() const {
-    std::string surprises;
-    for (const ShownBox& box : boxes_) {
-        if (!box.scripted) surprises += "box without an answer: " + Utf8(box.request.text) + "\n";
+int ScriptedUser::Answer(const ShownBox& box) {
+    watchdog_.Report("after the message box \"" + box.text + "\"");
+    boxes_.push_back(box);
+    if (answerer_) return answerer_(box);
+    const std::vector<int> buttons = ButtonsOf(box.type);
+    if (buttons.size() == 1) return buttons.front();
+    if (answers_.empty() || std::ranges::count(buttons, answers_.front()) == 0) {
+        ADD_FAILURE() << "a box without an answer: " << box;
+        return buttons.back();
     }
-    if (!answers_.empty()) surprises += std::to_string(answers_.size()) + " answers left over\n";
-    if (!works_.empty()) surprises += std::to_string(works_.size()) + " dialogs did not open\n";
-    if (dialogsWithoutWork_ > 0) {
-        surprises += std::to_string(dialogsWithoutWork_) + " dialogs without work\n";
-    }
-    return surprises;
+    const int button = answers_.front();
+    answers_.pop_front();
+    return button;
 }
 
-int ScriptedUser::AnswerMessageBox(const MessageBoxRequest& request) {
-    watchdog_.Report("after the message box \"" + Utf8(request.text) + "\"");
-    const std::vector<int> buttons = MessageBoxButtons(request.type);
-    const bool scripted = !answers_.empty() && std::find(buttons.begin(), buttons.end(),
-                                                         answers_.front()) != buttons.end();
-    // The last button is the one that does least: OK alone, Cancel or No.
-    const int answer = scripted ? answers_.front() : buttons.back();
-    if (scripted) answers_.pop_front();
-    boxes_.push_back({request, answer, scripted});
-    return answer;
-}
-
-void ScriptedUser::WorkInDialog(HWND dialog) {
-    const std::string title = TitleOf(dialog);
-    watchdog_.Report("in the dialog \"" + title + "\"");
+void ScriptedUser::WorkIn(HWND dialog) {
+    dialog_ = dialog;
+    watchdog_.Report("in a dialog");
     if (works_.empty()) {
-        ++dialogsWithoutWork_;
+        ADD_FAILURE() << "a dialog without work";
         return;
     }
     const Work work = std::move(works_.front());
     works_.pop_front();
-    ++dialogsWorkedIn_;
-    work(dialog);
-    watchdog_.Report("after the dialog \"" + title + "\"");
+    if (work) work();
+    watchdog_.Report("after a dialog");
 }
 
-void ScriptedUser::ReadHelp(const HelpRequest& request) {
-    watchdog_.Report("after help");
-    help_.push_back(request);
+void ScriptedUser::ExpectScriptDone() const {
+    EXPECT_EQ(answers_.size(), 0u) << "answers left over";
+    EXPECT_EQ(works_.size(), 0u) << "dialogs that did not open";
 }
 
-}  // namespace platform
+}  // namespace tests

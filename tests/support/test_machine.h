@@ -2,19 +2,27 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <string>
 
 namespace tests {
 
-/// Off Windows: makes an empty machine and uses it, and notes what is open.
-void EnterFreshMachine();
+/// Off Windows an empty machine in a temporary folder, in use and gone again with this object.
+class TestMachine {
+public:
+    TestMachine();
+    ~TestMachine();
+    TestMachine(const TestMachine&) = delete;
+    TestMachine& operator=(const TestMachine&) = delete;
 
-/// Off Windows: removes the machine.
-/// \return the objects that were opened since and are not closed, by kind; empty when there are
-///         none.
-std::string LeaveMachine();
+    /// What the platform shows as `C:\`.
+    const std::filesystem::path& Folder() const { return folder_; }
+    /// The kinds of objects of the layer that were opened since and are not closed.
+    std::string LeftOpen() const;
 
-/// Where INI files given by a bare name lie.
-std::filesystem::path WindowsFolder();
+private:
+    std::filesystem::path folder_;
+    std::map<std::string, int> openBefore_;
+};
 
 }  // namespace tests

@@ -1,38 +1,34 @@
-#include <unistd.h>
-
-#include <map>
+#include <cstdlib>
+#include <stdexcept>
 
 #include "platform/base/machine.h"
 #include "platform/faults/live_objects.h"
 #include "tests/support/test_machine.h"
 
 namespace tests {
-namespace {
 
-std::map<std::string, int> openBefore;
-
-}  // namespace
-
-void EnterFreshMachine() {
-    static int number = 0;
-    const std::string name =
-        "oemui-test-" + std::to_string(::getpid()) + "-" + std::to_string(++number);
-    platform::UseMachine(std::filesystem::temp_directory_path() / name);
-    openBefore = platform::LiveObjects();
+TestMachine::TestMachine() {
+    std::string name = (std::filesystem::temp_directory_path() / "oemui-test-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    platform::UseMachine(name);
+    folder_ = platform::MachineFolder();
+    openBefore_ = platform::LiveObjects();
 }
 
-std::string LeaveMachine() {
+TestMachine::~TestMachine() {
+    // Closes the registry before its file goes; the next test chooses a machine of its own.
+    platform::UseMachine(folder_);
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+}
+
+std::string TestMachine::LeftOpen() const {
     std::string left;
     for (const auto& [kind, count] : platform::LiveObjects()) {
-        if (count > openBefore[kind]) left += kind + " ";
+        const auto before = openBefore_.find(kind);
+        if (before == openBefore_.end() || count > before->second) left += kind + " ";
     }
-    std::error_code ignored;
-    std::filesystem::remove_all(platform::MachineFolder(), ignored);
     return left;
-}
-
-std::filesystem::path WindowsFolder() {
-    return platform::MachineFolder() / "Windows";
 }
 
 }  // namespace tests

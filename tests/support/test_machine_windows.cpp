@@ -4,16 +4,16 @@
 
 namespace tests {
 
-void EnterFreshMachine() {}
-
-std::string LeaveMachine() {
-    return {};
-}
-
-std::filesystem::path WindowsFolder() {
+TestMachine::TestMachine() {
     WCHAR folder[MAX_PATH] = {};
     ::GetWindowsDirectoryW(folder, MAX_PATH);
-    return folder;
+    folder_ = std::filesystem::path(folder).root_path();
+}
+
+TestMachine::~TestMachine() = default;
+
+std::string TestMachine::LeftOpen() const {
+    return {};
 }
 
 }  // namespace tests

@@ -2,13 +2,9 @@
 /// on the platform's own spooler and on the layer's.
 #pragma once
 
-#include <windows.h>
-
-#include <string>
+#include "tests/support/text.h"
 
 namespace tests {
-
-using Text = std::basic_string<WCHAR>;
 
 /// Registers a printer of the family's driver and removes it, its data included, at the end.
 class TestPrinter {

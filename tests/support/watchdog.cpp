@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <utility>
 
-namespace platform {
+namespace tests {
 
 Watchdog::Watchdog(std::chrono::milliseconds patience)
     : patience_(patience), thread_([this] { Watch(); }) {}
@@ -39,4 +39,4 @@ void Watchdog::Watch() {
     }
 }
 
-}  // namespace platform
+}  // namespace tests

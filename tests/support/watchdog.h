@@ -7,7 +7,7 @@
 #include <string>
 #include <thread>
 
-namespace platform {
+namespace tests {
 
 /// Watches for as long as it lives. When nothing is reported for too long it writes the last
 /// report to the standard error stream and aborts the process.
@@ -34,4 +34,4 @@ private:
     std::thread thread_;
 };
 
-}  // namespace platform
+}  // namespace tests

@@ -8,30 +8,30 @@ using tests::Narrow;
 
 namespace {
 
-constexpr LPCWSTR kFileName = TEXT("QVRT__WM.INI");
+constexpr const char* kFileName = "Windows/QVRT__WM.INI";
 
 class DefaultWatermarks : public tests::PluginTest {
 protected:
     /// A file with this "NUM" and twenty entries, every second one diagonal.
-    static void WriteFile(const std::string& number) {
+    void WriteDefaults(const std::string& number) const {
         std::string file = "[WatermarkInfo]\r\nNUM=" + number + "\r\n";
         for (int i = 0; i < 20; ++i) {
             file += "dat" + std::to_string(i) + "=" + std::to_string(90 + i) + ",Name " +
                     std::to_string(i) + ",TEXT,Arial,72,0,0,0,0,0," + std::to_string(i % 2) +
                     ",33,0,0,0\r\n";
         }
-        tests::WriteIniFile(kFileName, file);
+        WriteFile(kFileName, file);
     }
     static WatermarkList Load() {
         WatermarkList list = {};
         LoadDefaultWatermarks(&list);
         return list;
     }
-    ~DefaultWatermarks() override { tests::WriteIniFile(kFileName, ""); }
+    ~DefaultWatermarks() override { WriteFile(kFileName, ""); }
 };
 
 TEST_F(DefaultWatermarks, EntriesComeInTheOrderOfTheirKeys) {
-    WriteFile("3");
+    WriteDefaults("3");
     WatermarkList list = {};
     list.NoneSelected = 1;
     list.Selected = 2;
@@ -54,16 +54,16 @@ TEST_F(DefaultWatermarks, CountIsReadAsDigitsAndBoundedByTheList) {
     const std::pair<const char*, INT32> rows[] = {
         {"3,x", 3}, {"-3", 3}, {"", 0}, {"16", 16}, {"17", 16}, {"none", 0}, {"4294967295", 0}};
     for (const auto& [number, count] : rows) {
-        WriteFile(number);
+        WriteDefaults(number);
         EXPECT_EQ(Load().Count, count) << number;
     }
-    tests::WriteIniFile(kFileName, "[Other]\r\nNUM=3\r\n");
+    WriteFile(kFileName, "[Other]\r\nNUM=3\r\n");
     EXPECT_EQ(Load().Count, 0);
 }
 
 TEST_F(DefaultWatermarks, MissingAndEndlessLinesAreHarmless) {
-    tests::WriteIniFile(kFileName,
-                        "[WatermarkInfo]\r\nNUM=2\r\ndat1=1," + std::string(10000, 'n') + ",t\r\n");
+    WriteFile(kFileName,
+              "[WatermarkInfo]\r\nNUM=2\r\ndat1=1," + std::string(10000, 'n') + ",t\r\n");
     const WatermarkList list = Load();
     EXPECT_EQ(list.Count, 2);
     EXPECT_EQ(list.Entries[0].InUse, 1U);
@@ -73,7 +73,7 @@ TEST_F(DefaultWatermarks, MissingAndEndlessLinesAreHarmless) {
 }
 
 TEST_F(DefaultWatermarks, FirstListOfAPrinterKeepsTheFilesAngles) {
-    WriteFile("2");
+    WriteDefaults("2");
     // No page can be measured yet.
     const WatermarkList list = Load();
     EXPECT_EQ(list.Entries[0].AngleDegrees, 33);

@@ -1,28 +1,28 @@
 #include "common/page_state.h"
 #include "platform/faults/failure_points.h"
 #include "resources/resource_ids.h"
-#include "tests/support/message_recorder.h"
 #include "tests/support/plugin_fixture.h"
+#include "tests/support/scripted_user.h"
 #include "tests/support/test_printer.h"
 #include "watermark/default_watermarks.h"
 #include "watermark/watermark_store.h"
 
 using namespace oemui;
-using tests::ShownMessage;
+using tests::ShownBox;
 
 namespace {
 
 class WatermarkMessages : public tests::PluginTest {
 protected:
     tests::TestPrinter printer_{TEXT("Messages Test")};
-    tests::MessageRecorder recorder_;
+    tests::ScriptedUser user_;
 };
 
 TEST_F(WatermarkMessages, UnopenablePrinterIsTold) {
     WritePrinterWatermarkList(TEXT("No Such Printer"), {}, IDS_LIST_NOT_STORED);
     InitPrinterWatermarkList(TEXT("No Such Printer"));
-    const ShownMessage expected = {"Failed to open printer.", "Error"};
-    EXPECT_EQ(recorder_.Messages(), (std::vector{expected, expected}));
+    const ShownBox expected = {"Failed to open printer.", "Error"};
+    EXPECT_EQ(user_.Boxes(), (tests::ShownBoxes{expected, expected}));
 }
 
 TEST_F(WatermarkMessages, RefusedWriteIsToldAndKeepsTheStoredList) {
@@ -30,9 +30,8 @@ TEST_F(WatermarkMessages, RefusedWriteIsToldAndKeepsTheStoredList) {
     const platform::FailurePlan refused("SetPrinterDataW", 0, ERROR_ACCESS_DENIED);
     WritePrinterWatermarkList(printer_.Name().c_str(), {}, IDS_LIST_NOT_STORED);
     InitPrinterWatermarkList(printer_.Name().c_str());
-    EXPECT_EQ(recorder_.Messages(),
-              (std::vector<ShownMessage>{{"Failed to set data in registry.", "Error"},
-                                         {"Failed to load default watermark.", "Error"}}));
+    EXPECT_EQ(user_.Boxes(), (tests::ShownBoxes{{"Failed to set data in registry.", "Error"},
+                                                {"Failed to load default watermark.", "Error"}}));
     EXPECT_EQ(printer_.StoredValue(TEXT("WaterMarkList")), "old");
 }
 

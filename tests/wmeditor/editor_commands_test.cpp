@@ -4,44 +4,40 @@
 namespace oemui {
 namespace {
 
-using tests::DialogMessage;
 using tests::NamesIn;
 using tests::Narrow;
+using tests::ShownBox;
 
-const DialogMessage kListFull = {"Watermark list is full, maximum is 16.", "Error", MB_OK};
-const DialogMessage kNotDeleted = {"It's not allowed to delete <NONE>.", "Watermark", MB_OK};
-const DialogMessage kConfirmDelete = {"Are you sure you want to delete the selected watermark?",
-                                      "Delete Watermark", MB_OKCANCEL};
-const DialogMessage kListEmpty = {"Watermark list is empty.", "Watermark", MB_OK};
-const DialogMessage kNoneNotAdded = {"<NONE> can not be added.", "Error", MB_OK};
-const DialogMessage kNameEmpty = {"Watermark name empty!", "Error", MB_OK};
-const DialogMessage kTextEmpty = {"Watermark string empty!", "Error", MB_OK};
-const DialogMessage kOverwrite = {"Do you want to overwrite the existing watermark name?",
-                                  "Warning", MB_YESNO};
-const DialogMessage kNotOpened = {"Failed to open printer.", "Error", MB_OK};
+const ShownBox kListFull = {"Watermark list is full, maximum is 16.", "Error", MB_OK};
+const ShownBox kNotDeleted = {"It's not allowed to delete <NONE>.", "Watermark", MB_OK};
+const ShownBox kConfirmDelete = {"Are you sure you want to delete the selected watermark?",
+                                 "Delete Watermark", MB_OKCANCEL};
+const ShownBox kListEmpty = {"Watermark list is empty.", "Watermark", MB_OK};
+const ShownBox kNoneNotAdded = {"<NONE> can not be added.", "Error", MB_OK};
+const ShownBox kNameEmpty = {"Watermark name empty!", "Error", MB_OK};
+const ShownBox kTextEmpty = {"Watermark string empty!", "Error", MB_OK};
+const ShownBox kOverwrite = {"Do you want to overwrite the existing watermark name?", "Warning",
+                             MB_YESNO};
+const ShownBox kNotOpened = {"Failed to open printer.", "Error", MB_OK};
 
-DialogMessage NewSelected(const std::string& name) {
+ShownBox NewSelected(const std::string& name) {
     return {"The new watermark \"" + name + "\" is selected.", "Watermark", MB_OK};
 }
 
 class EditorCommands : public tests::EditorTest {
 protected:
-    void ExpectMessages(const std::vector<DialogMessage>& expected) {
-        ASSERT_EQ(user_.Messages().size(), expected.size());
-        for (std::size_t i = 0; i < expected.size(); ++i) {
-            EXPECT_TRUE(user_.Messages()[i] == expected[i]) << user_.Messages()[i].text;
-        }
-    }
+    void ExpectMessages(const tests::ShownBoxes& expected) { EXPECT_EQ(user_.Boxes(), expected); }
     void Add(const tests::Text& name, const tests::Text& text) {
         user_.Click(IDC_NEW);
-        EXPECT_TRUE(user_.TypeText(IDC_NAME, name) && user_.TypeText(IDC_TEXT, text));
+        EXPECT_TRUE(user_.TypeText(IDC_NAME, name));
+        EXPECT_TRUE(user_.TypeText(IDC_TEXT, text));
     }
 };
 
 TEST_F(EditorCommands, AnEmptyListOpensOnTheDefaultsAndCancelKeepsThem) {
-    tests::WriteIniFile(TEXT("QVRT__WM.INI"),
-                        "[WatermarkInfo]\r\nNUM=2\r\ndat0=0,<NONE>,,Arial,72,0,0,0,0,0,0,0,0,0,0"
-                        "\r\ndat1=1,Copy,COPY,Arial,72,1,0,0,0,255,1,9,0,0,0\r\n");
+    WriteFile("Windows/QVRT__WM.INI",
+              "[WatermarkInfo]\r\nNUM=2\r\ndat0=0,<NONE>,,Arial,72,0,0,0,0,0,0,0,0,0,0"
+              "\r\ndat1=1,Copy,COPY,Arial,72,1,0,0,0,255,1,9,0,0,0\r\n");
     list_ = {};
     EditTo(0, [this] {
         EXPECT_EQ(Send(IDC_WATERMARK_LIST, CB_GETCOUNT), 2);

@@ -4,8 +4,6 @@
 #include <map>
 
 #include "platform/faults/failure_points.h"
-#include "platform/gui/dialogs/hands.h"
-#include "platform/user/user.h"
 #include "tests/wmeditor/editor_fixture.h"
 
 namespace oemui {
@@ -25,6 +23,7 @@ protected:
         {
             const platform::FailurePlan counting;
             Edit(work);
+            user_.ForgetAnswers();
             for (const std::string& point : counting.Passed()) ++calls[point];
         }
         EXPECT_GT(calls.size(), 20u);
@@ -44,13 +43,13 @@ private:
                   const std::string& point, int call) {
         list_ = opened_;
         printer_.StoreValue(TEXT("WaterMarkList"), {});
-        user_.ForgetAnswers();
         {
             const platform::FailurePlan plan(point, call, ERROR_NOT_ENOUGH_MEMORY);
             Edit(work);
         }
+        user_.ForgetAnswers();
         const std::string names = Narrow(NamesIn(Stored()));
-        EXPECT_TRUE(std::find(expected.begin(), expected.end(), names) != expected.end()) << names;
+        EXPECT_NE(std::ranges::count(expected, names), 0) << names;
         EXPECT_GE(list_.Selected, 0);
         EXPECT_LT(list_.Selected, list_.Count);
     }
@@ -87,30 +86,22 @@ TEST_F(EditorFailures, DeleteAndOk) {
 TEST_F(EditorFailures, AValueThatCannotBeWrittenIsTold) {
     const platform::FailurePlan plan("SetPrinterDataW", 0, ERROR_ACCESS_DENIED);
     EXPECT_EQ(Edit([this] { user_.Click(IDOK); }), 1);
-    ASSERT_EQ(user_.Messages().size(), 1u);
-    EXPECT_EQ(user_.Messages()[0].text, "Failed to set data in registry.");
+    ASSERT_EQ(user_.Boxes().size(), 1u);
+    EXPECT_EQ(user_.Boxes()[0].text, "Failed to set data in registry.");
 }
 
 TEST_F(EditorFailures, AnEditorClosedUnderAQuestionStoresNothing) {
-    struct ClosingUser : platform::User {
-        int AnswerMessageBox(const platform::MessageBoxRequest& request) override {
-            platform::hands::Close(dialog);
-            return request.type == MB_YESNO ? IDYES : IDOK;
-        }
-        void WorkInDialog(HWND window) override {
-            dialog = window;
-            platform::hands::TypeText(dialog, IDC_POINT_SIZE, u"20");
-            for (const int button : buttons) platform::hands::Click(dialog, button);
-        }
-        void ReadHelp(const platform::HelpRequest&) override {}
-        HWND dialog = nullptr;
-        std::vector<int> buttons;
-    } closing;
-    const platform::UserScope scope(closing);
+    user_.WillAnswer([this](const tests::ShownBox& box) {
+        user_.Close();
+        return box.type == MB_YESNO ? IDYES : IDOK;
+    });
     for (const auto& buttons :
          std::vector<std::vector<int>>{{IDOK}, {IDC_NEW, IDOK}, {IDC_DELETE}}) {
-        closing.buttons = buttons;
-        EXPECT_EQ(Edit({}), 0) << buttons.front();
+        SCOPED_TRACE(buttons.front());
+        EditTo(0, [&] {
+            user_.TypeText(IDC_POINT_SIZE, TEXT("20"));
+            for (const int button : buttons) user_.Click(button);
+        });
         EXPECT_EQ(Stored().Count, 0);
         EXPECT_EQ(Narrow(NamesIn(WorkingWatermarkList)), Narrow(NamesIn(list_)));
     }
@@ -122,11 +113,11 @@ TEST_F(EditorFailures, HelpIsReadInTheModelsFile) {
         user_.Click(IDC_USER_POSITION);
         user_.PressKey(VK_F1);
     });
-    ASSERT_EQ(user_.HelpRead().size(), 2u);
-    EXPECT_EQ(user_.HelpRead()[0].topic, 1114u);
-    EXPECT_EQ(user_.HelpRead()[1].command, static_cast<UINT>(HELP_CONTEXTPOPUP));
-    EXPECT_EQ(user_.HelpRead()[1].topic, 1302u);
-    EXPECT_EQ(Narrow(user_.HelpRead()[1].file),
+    ASSERT_EQ(user_.Help().size(), 2u);
+    EXPECT_EQ(user_.Help()[0].topic, 1114u);
+    EXPECT_EQ(user_.Help()[1].command, static_cast<UINT>(HELP_CONTEXTPOPUP));
+    EXPECT_EQ(user_.Help()[1].topic, 1302u);
+    EXPECT_EQ(Narrow(user_.Help()[1].file),
               "C:\\Windows\\System32\\spool\\drivers\\x64\\3\\QVRT_HLP.HLP");
 }
 

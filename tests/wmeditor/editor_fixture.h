@@ -10,9 +10,8 @@
 
 #include "common/page_state.h"
 #include "resources/resource_ids.h"
-#include "tests/support/dialog_user.h"
 #include "tests/support/plugin_fixture.h"
-#include "tests/support/test_machine.h"
+#include "tests/support/scripted_user.h"
 #include "tests/support/test_printer.h"
 #include "tests/wmeditor/editor_lists.h"
 #include "wmeditor/editor_dialog.h"
@@ -24,7 +23,7 @@ class EditorTest : public PluginTest {
 protected:
     EditorTest() {
         // A real machine may still have those of an earlier test.
-        std::filesystem::remove(WindowsFolder() / "QVRT__WM.INI");
+        std::filesystem::remove(Folder() / "Windows/QVRT__WM.INI");
         oemui::CurrentPrinterName = printer_.Name().c_str();
         oemui::PreviewPaperSize = {2100, 2970};
         oemui::LastPresetAngle = 0;
@@ -77,7 +76,7 @@ protected:
 
     oemui::WatermarkList list_;
     TestPrinter printer_{TEXT("Office")};
-    DialogUser user_;
+    ScriptedUser user_;
 };
 
 }  // namespace tests

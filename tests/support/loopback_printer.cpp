@@ -1,6 +1,6 @@
 // This machine's own sockets, not the layer's: the other end of the wire is no part of the
 // platform.
-#include "tests/printerprops/loopback_printer.h"
+#include "tests/support/loopback_printer.h"
 
 #ifdef _WIN32
 #include <process.h>
@@ -24,6 +24,8 @@ namespace tests {
 namespace {
 
 constexpr auto kPause = std::chrono::milliseconds(300);
+constexpr int kSending = 1;
+constexpr int kBothWays = 2;
 
 /// Binds to the first address that no other test of this moment has.
 std::string BindSomewhere(Descriptor socket) {
@@ -42,11 +44,36 @@ std::string BindSomewhere(Descriptor socket) {
     return "no address";
 }
 
+bool IsWhole(const std::string& message) {
+    return message.find("\x1B%-12345X", 1) != std::string::npos ||
+           message.find('\0') != std::string::npos;
+}
+
+/// \return false when the connection is broken off.
+bool Say(Descriptor socket, const LoopbackPrinter::Answer& answer) {
+    for (const std::string& text : answer) {
+        if (text == LoopbackPrinter::kResets) {
+            const linger atOnce = {1, 0};
+            setsockopt(socket, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&atOnce),
+                       sizeof atOnce);
+            return false;
+        }
+        if (text == LoopbackPrinter::kHangsUp) {
+            shutdown(socket, kSending);
+            break;
+        }
+        if (&text != &answer.front()) std::this_thread::sleep_for(kPause);
+        send(socket, text.data(), static_cast<Size>(text.size()), MSG_NOSIGNAL);
+    }
+    return true;
+}
+
 }  // namespace
 
-const LoopbackPrinter::Pieces LoopbackPrinter::kHangsUp = {"hangs up"};
+const std::string LoopbackPrinter::kHangsUp = "\1hangs up";
+const std::string LoopbackPrinter::kResets = "\1resets";
 
-LoopbackPrinter::LoopbackPrinter(std::vector<Pieces> answers) : answers_(std::move(answers)) {
+LoopbackPrinter::LoopbackPrinter(std::vector<Answer> answers) : answers_(std::move(answers)) {
 #ifdef _WIN32
     WSADATA details;
     WSAStartup(MAKEWORD(1, 1), &details);
@@ -61,40 +88,38 @@ LoopbackPrinter::LoopbackPrinter(std::vector<Pieces> answers) : answers_(std::mo
 
 LoopbackPrinter::~LoopbackPrinter() {
     // Wakes a thread that still waits for a connection.
-    shutdown(static_cast<Descriptor>(listener_), 2);
+    shutdown(static_cast<Descriptor>(listener_), kBothWays);
     close(static_cast<Descriptor>(listener_));
     if (thread_.joinable()) thread_.join();
 }
 
-const std::string& LoopbackPrinter::Received() {
+const std::vector<std::string>& LoopbackPrinter::Received() {
     if (thread_.joinable()) thread_.join();
     return received_;
 }
 
 void LoopbackPrinter::Play() {
-    for (const Pieces& pieces : answers_) {
+    for (const Answer& answer : answers_) {
         const Descriptor connection = accept(static_cast<Descriptor>(listener_), nullptr, nullptr);
         if (connection == static_cast<Descriptor>(-1)) return;
-        PlayConnection(static_cast<std::uintptr_t>(connection), pieces);
+        PlayConnection(static_cast<std::uintptr_t>(connection), answer);
         close(connection);
     }
 }
 
-void LoopbackPrinter::PlayConnection(std::uintptr_t connection, const Pieces& pieces) {
+void LoopbackPrinter::PlayConnection(std::uintptr_t connection, const Answer& answer) {
     const auto socket = static_cast<Descriptor>(connection);
-    if (pieces == kHangsUp) shutdown(socket, 1);
-    std::string message;
+    std::string& message = received_.emplace_back();
+    bool answered = answer == Answer{kHangsUp};
+    if (answered) shutdown(socket, kSending);
     char bytes[4096];
     for (auto count = recv(socket, bytes, sizeof bytes, 0); count > 0;
          count = recv(socket, bytes, sizeof bytes, 0)) {
         message.append(bytes, bytes + count);
-        if (message.size() < 10 || !message.ends_with("\x1B%-12345X")) continue;
-        for (const std::string& piece : pieces) {
-            if (&piece != &pieces.front()) std::this_thread::sleep_for(kPause);
-            send(socket, piece.data(), static_cast<Size>(piece.size()), MSG_NOSIGNAL);
-        }
+        if (answered || !IsWhole(message)) continue;
+        answered = true;
+        if (!Say(socket, answer)) return;
     }
-    received_ += message;
 }
 
 }  // namespace tests

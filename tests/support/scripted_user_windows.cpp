@@ -1,15 +1,14 @@
 #include <cstdlib>
 #include <utility>
 
-#include "tests/support/dialog_user.h"
-#include "tests/support/plugin_fixture.h"
+#include "tests/support/scripted_user.h"
 
 namespace tests {
 namespace {
 
 constexpr int kMostPendingMessages = 1000;
 
-DialogUser* current = nullptr;
+ScriptedUser* current = nullptr;
 HHOOK hook = nullptr;
 HWND answered = nullptr;  // the message box that has its answer already
 
@@ -41,13 +40,13 @@ void AnswerBox(HWND box) {
     answered = box;
     Text text;
     ::EnumChildWindows(box, FindMessageText, reinterpret_cast<LPARAM>(&text));
-    DialogMessage message{Narrow(text), Narrow(WindowText(box)), MB_OK};
+    ShownBox shown{Narrow(text), Narrow(WindowText(box)), MB_OK};
     if (::GetDlgItem(box, IDYES) != nullptr) {
-        message.type = MB_YESNO;
+        shown.type = MB_YESNO;
     } else if (::GetDlgItem(box, IDOK) != nullptr && ::GetDlgItem(box, IDCANCEL) != nullptr) {
-        message.type = MB_OKCANCEL;
+        shown.type = MB_OKCANCEL;
     }
-    ::EndDialog(box, current->Answer(message));
+    ::EndDialog(box, current->Answer(shown));
 }
 
 /// Every box that becomes active while the user works gets its answer.
@@ -72,7 +71,7 @@ void CALLBACK OnDialogIdle(HWND, UINT, UINT_PTR timer, DWORD) {
     ::EnumThreadWindows(::GetCurrentThreadId(), FindDialog, reinterpret_cast<LPARAM>(&dialog));
     if (dialog == nullptr) return;
     ::KillTimer(nullptr, timer);
-    current->Work(dialog);
+    current->WorkIn(dialog);
     if (::IsWindowVisible(dialog)) current->Close();
 }
 
@@ -95,7 +94,10 @@ void ClickAt(HWND window, LONG x, LONG y) {
 
 }  // namespace
 
-DialogUser::DialogUser() {
+/// Nothing but what the hook shows is needed here.
+struct ScriptedUser::Seat {};
+
+ScriptedUser::ScriptedUser() {
     current = this;
     // The up-down control lives in a library that nothing else of the test program needs.
     const HMODULE controls = ::LoadLibraryW(L"comctl32.dll");
@@ -103,23 +105,24 @@ DialogUser::DialogUser() {
     hook = ::SetWindowsHookExW(WH_CBT, OnActivation, nullptr, ::GetCurrentThreadId());
 }
 
-DialogUser::~DialogUser() {
+ScriptedUser::~ScriptedUser() {
     ::UnhookWindowsHookEx(hook);
     current = nullptr;
+    ExpectScriptDone();
 }
 
-INT_PTR DialogUser::Open(int templateId, DLGPROC procedure, LPARAM parameter,
-                         std::function<void()> work) {
-    work_ = std::move(work);
+INT_PTR ScriptedUser::Open(int templateId, DLGPROC procedure, LPARAM parameter, Work work) {
+    works_ = {std::move(work)};
     const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, OnDialogIdle);
     const INT_PTR result = ::DialogBoxParamW(
         ::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(templateId), nullptr, procedure, parameter);
     ::KillTimer(nullptr, timer);
+    works_.clear();
     dialog_ = nullptr;
     return result;
 }
 
-bool DialogUser::Click(int controlId) {
+bool ScriptedUser::Click(int controlId) {
     const HWND control = ::GetDlgItem(dialog_, controlId);
     if (!Usable(control)) return false;
     ::SetFocus(control);
@@ -127,7 +130,7 @@ bool DialogUser::Click(int controlId) {
     return true;
 }
 
-bool DialogUser::TypeText(int editId, const Text& text) {
+bool ScriptedUser::TypeText(int editId, const Text& text) {
     const HWND edit = ::GetDlgItem(dialog_, editId);
     if (!Usable(edit)) return false;
     ::SetFocus(edit);
@@ -137,7 +140,7 @@ bool DialogUser::TypeText(int editId, const Text& text) {
     return true;
 }
 
-bool DialogUser::PressKey(int virtualKey, bool alt) {
+bool ScriptedUser::PressKey(int virtualKey, bool alt) {
     MSG message{};
     message.hwnd = ::GetFocus() != nullptr ? ::GetFocus() : dialog_;
     message.message = alt ? WM_SYSCHAR : WM_KEYDOWN;
@@ -151,7 +154,7 @@ bool DialogUser::PressKey(int virtualKey, bool alt) {
     return true;
 }
 
-bool DialogUser::Choose(int listId, const Text& itemText) {
+bool ScriptedUser::Choose(int listId, const Text& itemText) {
     const HWND list = ::GetDlgItem(dialog_, listId);
     if (!Usable(list)) return false;
     const LRESULT item = ::SendMessageW(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
@@ -170,7 +173,7 @@ bool DialogUser::Choose(int listId, const Text& itemText) {
     return ::SendMessageW(list, CB_GETCURSEL, 0, 0) == item;
 }
 
-bool DialogUser::StepUpDown(int upDownId, int steps) {
+bool ScriptedUser::StepUpDown(int upDownId, int steps) {
     const HWND upDown = ::GetDlgItem(dialog_, upDownId);
     if (!Usable(upDown)) return false;
     RECT area{};
@@ -180,7 +183,7 @@ bool DialogUser::StepUpDown(int upDownId, int steps) {
     return true;
 }
 
-void DialogUser::Close() {
+void ScriptedUser::Close() {
     ::SendMessageW(dialog_, WM_SYSCOMMAND, SC_CLOSE, 0);
     HandlePendingMessages(dialog_);
 }
