@@ -42,9 +42,10 @@ void Fill(tests::DocumentPage* page, Input input) {
     page->privateDevmode = input.Take<oemui::PrivateDevmode>();
     page->publicDevmode = input.Take<DEVMODEW>();
     page->publicDevmode.dmSize = sizeof page->publicDevmode;
-    for (const BYTE publicId :
-         {DMPUB_NUP, DMPUB_DUPLEX, DMPUB_FORMNAME, DMPUB_ORIENTATION, DMPUB_ICMMETHOD,
-          DMPUB_ICMINTENT, DMPUB_DEFSOURCE, DMPUB_MEDIATYPE}) {
+    constexpr BYTE kPublicIds[] = {DMPUB_NUP,         DMPUB_DUPLEX,    DMPUB_FORMNAME,
+                                   DMPUB_ORIENTATION, DMPUB_ICMMETHOD, DMPUB_ICMINTENT,
+                                   DMPUB_DEFSOURCE,   DMPUB_MEDIATYPE};
+    for (const BYTE publicId : kPublicIds) {
         page->With(publicId, input.Take<LONG>(), std::vector<std::string>(7, "Choice"));
         page->Driver(publicId).Flags = input.Take<DWORD>();
     }
