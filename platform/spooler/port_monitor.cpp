@@ -93,8 +93,9 @@ DWORD PrinterStream::Receive(std::vector<BYTE>* answer) {
 
 std::string Narrow(std::u16string_view text) {
     std::string narrow;
-    for (const char16_t unit : text.substr(0, kTextLimit))
+    for (const char16_t unit : text.substr(0, kTextLimit)) {
         narrow += unit < 0x80 ? static_cast<char>(unit) : '?';
+    }
     return narrow;
 }
 
