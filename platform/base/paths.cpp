@@ -53,10 +53,8 @@ fs::path Below(const fs::path& folder, const fs::path& file) {
 
 std::u16string WithBackslashes(std::u16string_view drive, const fs::path& relative) {
     std::u16string path(drive);
-    if (relative == ".") return path;
-    for (const char16_t character : Utf16(relative.native())) {
-        path += character == u'/' ? u'\\' : character;
-    }
+    if (relative != ".") path += Utf16(relative.native());
+    std::ranges::replace(path, u'/', u'\\');
     return path;
 }
 

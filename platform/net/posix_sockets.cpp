@@ -113,19 +113,19 @@ DWORD SetWaiting(int descriptor, bool waits) {
     return ::fcntl(descriptor, F_SETFL, wanted) != 0 ? PlatformError(errno) : 0;
 }
 
-DWORD SendBytes(int descriptor, const char* bytes, std::size_t length, std::size_t* sent) {
+DWORD SendBytes(int descriptor, std::span<const char> bytes, std::size_t* sent) {
     ssize_t count = 0;
     do {
-        count = ::send(descriptor, bytes, length, MSG_NOSIGNAL);
+        count = ::send(descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL);
     } while (count < 0 && errno == EINTR);
     *sent = count < 0 ? 0 : static_cast<std::size_t>(count);
     return count < 0 ? PlatformError(errno) : 0;
 }
 
-DWORD ReceiveBytes(int descriptor, char* buffer, std::size_t length, std::size_t* received) {
+DWORD ReceiveBytes(int descriptor, std::span<char> buffer, std::size_t* received) {
     ssize_t count = 0;
     do {
-        count = ::recv(descriptor, buffer, length, 0);
+        count = ::recv(descriptor, buffer.data(), buffer.size(), 0);
     } while (count < 0 && errno == EINTR);
     *received = count < 0 ? 0 : static_cast<std::size_t>(count);
     return count < 0 ? PlatformError(errno) : 0;

@@ -7,6 +7,7 @@
 #include <windef.h>
 
 #include <cstddef>
+#include <span>
 
 namespace platform::net {
 
@@ -26,10 +27,8 @@ void CloseStream(int descriptor);
 [[nodiscard]] DWORD SetWaiting(int descriptor, bool waits);
 
 /// \param sent, received  the number of bytes; 0 received when the other side has closed.
-[[nodiscard]] DWORD SendBytes(int descriptor, const char* bytes, std::size_t length,
-                              std::size_t* sent);
-[[nodiscard]] DWORD ReceiveBytes(int descriptor, char* buffer, std::size_t length,
-                                 std::size_t* received);
+[[nodiscard]] DWORD SendBytes(int descriptor, std::span<const char> bytes, std::size_t* sent);
+[[nodiscard]] DWORD ReceiveBytes(int descriptor, std::span<char> buffer, std::size_t* received);
 
 /// Waits until there is something to receive (bytes, the end or an error). False when the time went
 /// by.

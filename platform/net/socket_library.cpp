@@ -180,7 +180,7 @@ int WINAPI send(SOCKET socket, const CHAR* bytes, int length, int flags) {
     if (flags != 0) return Fail(WSAEOPNOTSUPP, SOCKET_ERROR);
     std::size_t sent = 0;
     const DWORD error =
-        net::SendBytes(open.descriptor, bytes, static_cast<std::size_t>(length), &sent);
+        net::SendBytes(open.descriptor, {bytes, static_cast<std::size_t>(length)}, &sent);
     return error == 0 ? static_cast<int>(sent) : Fail(error, SOCKET_ERROR);
 }
 
@@ -192,7 +192,7 @@ int WINAPI recv(SOCKET socket, CHAR* buffer, int length, int flags) {
     if (flags != 0) return Fail(WSAEOPNOTSUPP, SOCKET_ERROR);
     std::size_t received = 0;
     const DWORD error =
-        net::ReceiveBytes(open.descriptor, buffer, static_cast<std::size_t>(length), &received);
+        net::ReceiveBytes(open.descriptor, {buffer, static_cast<std::size_t>(length)}, &received);
     return error == 0 ? static_cast<int>(received) : Fail(error, SOCKET_ERROR);
 }
 

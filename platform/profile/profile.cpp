@@ -4,6 +4,7 @@
 #include <winerror.h>
 
 #include <algorithm>
+#include <bit>
 #include <fstream>
 #include <optional>
 #include <string>
@@ -31,20 +32,21 @@ TextView Trimmed(TextView text) {
     return text;
 }
 
-std::u16string DecodeUtf16(std::string_view bytes, bool bigEndian) {
+std::u16string DecodeUtf16(std::string_view bytes, std::endian order) {
     std::u16string text(bytes.size() / 2, 0);
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto first = static_cast<unsigned char>(bytes[2 * i]);
         const auto second = static_cast<unsigned char>(bytes[2 * i + 1]);
-        text[i] = static_cast<char16_t>(bigEndian ? (first << 8) | second : (second << 8) | first);
+        text[i] = static_cast<char16_t>(order == std::endian::big ? (first << 8) | second
+                                                                  : (second << 8) | first);
     }
     return text;
 }
 
 // The byte-order mark tells the encoding; without one a file is in the system's code page.
 std::u16string Decode(std::string_view bytes) {
-    if (bytes.starts_with("\xFF\xFE")) return DecodeUtf16(bytes.substr(2), false);
-    if (bytes.starts_with("\xFE\xFF")) return DecodeUtf16(bytes.substr(2), true);
+    if (bytes.starts_with("\xFF\xFE")) return DecodeUtf16(bytes.substr(2), std::endian::little);
+    if (bytes.starts_with("\xFE\xFF")) return DecodeUtf16(bytes.substr(2), std::endian::big);
     if (bytes.starts_with("\xEF\xBB\xBF")) return platform::Utf16(bytes.substr(3));
     return platform::DecodeWindows1252(bytes);
 }

@@ -169,9 +169,9 @@ DWORD ListForms(std::vector<Form>* forms) {
 }
 
 const Form* FindForm(const std::vector<Form>& forms, std::u16string_view name) {
-    const auto found = std::find_if(forms.begin(), forms.end(), [name](const Form& form) {
-        return EqualIgnoringUnicodeCase(form.name, name);
-    });
+    const auto found = std::ranges::find_if(
+        forms, [name](const auto& other) { return EqualIgnoringUnicodeCase(other, name); },
+        &Form::name);
     return found == forms.end() ? nullptr : &*found;
 }
 

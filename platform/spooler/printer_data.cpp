@@ -63,15 +63,15 @@ DWORD ReadValue(HANDLE handle, LPCWSTR name, const ValueBuffer& value) {
     return ReadStoredValue(printer, name, value);
 }
 
-DWORD WriteStoredValue(const OpenPrinter& printer, LPCWSTR name, DWORD type, const BYTE* bytes,
-                       DWORD size) {
+DWORD WriteStoredValue(const OpenPrinter& printer, LPCWSTR name, DWORD type,
+                       std::span<const BYTE> bytes) {
     // Only of a printer that is still there: a removed one must not come back with its data.
     PrintKey printerKey;
     const DWORD error = printerKey.Open(spooler::PrinterPath(printer.name));
     if (error != ERROR_SUCCESS) return error == ERROR_FILE_NOT_FOUND ? ERROR_INVALID_HANDLE : error;
     PrintKey key;
     if (const DWORD missing = key.Create(spooler::PrinterDataPath(printer.name))) return missing;
-    return key.Write(name, type, {bytes, size});
+    return key.Write(name, type, bytes);
 }
 
 // A question is announced by setting it: its answer is fetched when it is read.
@@ -91,7 +91,7 @@ DWORD WriteValue(HANDLE handle, LPCWSTR name, DWORD type, const BYTE* bytes, DWO
         return error;
     }
     if (const auto request = spooler::ParsePjlName(name)) return CarryRequest(printer, *request);
-    return WriteStoredValue(printer, name, type, bytes, size);
+    return WriteStoredValue(printer, name, type, {bytes, size});
 }
 
 }  // namespace

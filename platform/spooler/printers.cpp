@@ -130,7 +130,7 @@ DWORD Enumerate(DWORD flags, LPCWSTR server, DWORD level, const CallerBuffer& bu
 
 BOOL WINAPI OpenPrinterW(LPWSTR name, HANDLE* printer, PRINTER_DEFAULTSW* defaults) {
     if (const auto error = InjectedFailure("OpenPrinterW")) return Fail(*error);
-    if (printer == nullptr) return Answer(ERROR_INVALID_PARAMETER);
+    if (printer == nullptr) return Fail(ERROR_INVALID_PARAMETER);
     *printer = nullptr;
     const DWORD access = defaults != nullptr ? defaults->DesiredAccess : 0;
     return Answer(Open(name, access != 0 ? access : PRINTER_ACCESS_USE, printer));
@@ -147,8 +147,8 @@ BOOL WINAPI GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, 
 
 BOOL WINAPI SetPrinterW(HANDLE printer, DWORD level, LPBYTE record, DWORD command) {
     if (const auto error = InjectedFailure("SetPrinterW")) return Fail(*error);
-    if (level != 2) return Answer(ERROR_INVALID_LEVEL);
-    if (command != 0) return Answer(ERROR_NOT_SUPPORTED);
+    if (level != 2) return Fail(ERROR_INVALID_LEVEL);
+    if (command != 0) return Fail(ERROR_NOT_SUPPORTED);
     return Answer(SetOpenPrinter(printer, reinterpret_cast<const PRINTER_INFO_2W*>(record)));
 }
 
