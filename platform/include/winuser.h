@@ -96,7 +96,6 @@ struct HELPINFO {
     DWORD_PTR dwContextId;
     POINT MousePos;  ///< on the screen
 };
-using LPHELPINFO = HELPINFO*;
 static_assert(sizeof(HELPINFO) == 40 && offsetof(HELPINFO, hItemHandle) == 16);
 
 /// Shows a message and waits for the answer; the focused control hears of the focus it loses

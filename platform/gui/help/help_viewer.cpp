@@ -10,7 +10,7 @@
 #include <QTextBrowser>
 #include <memory>
 
-#include "platform/base/machine.h"
+#include "platform/base/paths.h"
 #include "platform/gui/drawing/graphics_objects.h"
 #include "platform/gui/help/help_file.h"
 #include "platform/gui/windows/application.h"
@@ -150,7 +150,7 @@ BOOL WINAPI WinHelpW(HWND owner, LPCWSTR file, UINT command, ULONG_PTR topic) {
         return FALSE;
     }
     const auto number = static_cast<DWORD>(topic);
-    platform::CurrentUser().ReadHelp(
-        {owner, file, command, number, platform::ReadHelpTopic(platform::HostPath(file), number)});
+    platform::CurrentUser().ReadHelp({owner, file, command, number,
+                                      platform::ReadHelpTopic(platform::NativePath(file), number)});
     return TRUE;
 }
