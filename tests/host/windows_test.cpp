@@ -70,7 +70,7 @@ private:
 class PageWindow : public HostTest {
 protected:
     PageWindow() {
-        platform::gui::EnsureApplication();
+        platform::EnsureApplication();
         Install("Office", "T");
     }
 

@@ -28,7 +28,6 @@ private:
     Face* face_;
     UpDown* upDown_ = nullptr;
     bool digitsOnly_;
-    bool setByProgram_ = false;
     std::size_t limit_;  ///< WCHARs that typing may reach
 };
 

@@ -6,6 +6,8 @@
 #include <QStyle>
 #include <QWindow>
 
+#include "platform/gui/dialogs/dialog_keyboard.h"
+
 namespace platform {
 
 Dialog::Frame::Frame(Dialog& dialog, QWidget* owner, bool withHelpMark)

@@ -11,12 +11,13 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/gui/controls/focus.h"
 #include "platform/gui/templates/dialog_units.h"
 #include "platform/gui/windows/application.h"
+#include "platform/gui/windows/picture.h"
 #include "platform/gui/windows/window.h"
-#include "platform/gui/windows/window_text.h"
 
 namespace platform {
 namespace {
@@ -32,21 +33,17 @@ constexpr ButtonName kButtonNames[] = {
     {IDOK, u"OK"}, {IDCANCEL, u"Cancel"}, {IDYES, u"&Yes"}, {IDNO, u"&No"}};
 
 QString NameOf(int button) {
-    const auto* found = std::find_if(std::begin(kButtonNames), std::end(kButtonNames),
-                                     [&](const ButtonName& each) { return each.id == button; });
-    return QString::fromUtf16(found->text);
+    return QString::fromUtf16(std::ranges::find(kButtonNames, button, &ButtonName::id)->text);
 }
 
 class Box : public QDialog {
 public:
     Box(const MessageBoxRequest& request, QWidget* owner) : QDialog(owner) {
-        setStyle(gui::Style());
+        setStyle(DialogStyle());
         setFont(DialogFont(u"MS Sans Serif", 9));
         setWindowTitle(QString::fromStdU16String(request.caption));
         const std::vector<int> buttons = MessageBoxButtons(request.type);
-        escape_ = buttons.size() == 1 ? buttons.front()
-                  : std::find(buttons.begin(), buttons.end(), IDCANCEL) != buttons.end() ? IDCANCEL
-                                                                                         : 0;
+        escape_ = buttons.back() == IDNO ? 0 : buttons.back();
         setWindowFlag(Qt::WindowCloseButtonHint, escape_ != 0);
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(16, 16, 16, 12);
@@ -101,7 +98,7 @@ std::vector<int> MessageBoxButtons(UINT type) {
 }
 
 int ShowMessageBox(const MessageBoxRequest& request) {
-    gui::EnsureApplication();
+    EnsureApplication();
     const Window* owner = Window::From(request.owner);
     // Without an owner it stands before whatever window the user works in.
     Box box(request, owner == nullptr ? QApplication::activeWindow() : owner->Widget());
@@ -114,18 +111,16 @@ int ShowMessageBox(const MessageBoxRequest& request) {
 }
 
 bool SaveMessageBoxPicture(const MessageBoxRequest& request, const std::filesystem::path& file) {
-    gui::EnsureApplication();
+    EnsureApplication();
     Box box(request, nullptr);
-    return box.grab().save(QString::fromStdU16String(file.u16string()), "PNG");
+    return SavePicture(box, file);
 }
 
 }  // namespace platform
 
 int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) {
-    DWORD error;
-    if (platform::MustFail("MessageBoxW", &error)) {
-        SetLastError(error);
-        return 0;
+    if (const auto error = platform::InjectedFailure("MessageBoxW")) {
+        return platform::Fail<int>(*error);
     }
     if (owner != nullptr && platform::RequireWindow(owner) == nullptr) return 0;
     const platform::FocusAway boxInFront;

@@ -38,7 +38,7 @@ struct DeviceContext : GraphicsObject {
 
 /// The context of a drawing call: passes the call's failure point, then looks up the handle. Null
 /// with the last error set.
-DeviceContext* ContextForCall(const char* point, HDC context);
+[[nodiscard]] DeviceContext* ContextForCall(const char* point, HDC context);
 
 QColor ColorOf(COLORREF color);
 
