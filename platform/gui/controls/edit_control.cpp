@@ -107,10 +107,7 @@ EditControl::EditControl(ControlOwner& owner, const ControlTemplate& made)
       limit_(kDefaultLimit) {
     Equip(face_);
     face_->setText(QString::fromStdU16String(made.Text));
-    QObject::connect(face_, &QLineEdit::textChanged, face_, [this] {
-        Notify(EN_UPDATE);
-        Notify(EN_CHANGE);
-    });
+    QObject::connect(face_, &QLineEdit::textChanged, face_, [this] { NotifyChange(); });
 }
 
 QString EditControl::Text() const {
@@ -123,6 +120,10 @@ void EditControl::SetText(const QString& text) {
         face_->setText(text);
         face_->setCursorPosition(0);
     }
+    NotifyChange();
+}
+
+void EditControl::NotifyChange() {
     Notify(EN_UPDATE);
     Notify(EN_CHANGE);
 }

@@ -25,6 +25,7 @@ public:
 
 private:
     class Face;
+    void NotifyChange();
     Face* face_;
     UpDown* upDown_ = nullptr;
     bool digitsOnly_;

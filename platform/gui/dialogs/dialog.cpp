@@ -12,6 +12,7 @@
 #include "platform/gui/controls/up_down.h"
 #include "platform/gui/dialogs/dialog_frame.h"
 #include "platform/gui/dialogs/dialog_keyboard.h"
+#include "platform/gui/windows/active_window.h"
 #include "platform/gui/windows/application.h"
 #include "platform/user/user.h"
 
@@ -72,15 +73,17 @@ INT_PTR Dialog::Run(LPARAM parameter) {
     if (!ended_) CurrentUser().WorkInDialog(Handle());
     if (!ended_) Cancel();
     if (!ended_) End(-1);  // a program that does not take no for an answer
-    if (before != nullptr) QApplication::setActiveWindow(before);
+    if (before != nullptr) Activate(*before);
     return result_;
 }
 
 void Dialog::Show() {
     if (frame_->focusWidget() == nullptr) MoveToTabStop(*this, nullptr, true);
     frame_->show();
+    paintRequested_ = true;  // below, once
     // Offscreen and in tests nobody else makes a window the active one.
-    QApplication::setActiveWindow(frame_);
+    Activate(*frame_);
+    paintRequested_ = false;
     if (!ended_) Receive(WM_PAINT, 0, 0);
 }
 

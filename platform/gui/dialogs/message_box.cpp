@@ -15,6 +15,7 @@
 #include "platform/faults/failure_points.h"
 #include "platform/gui/controls/focus.h"
 #include "platform/gui/templates/dialog_units.h"
+#include "platform/gui/windows/active_window.h"
 #include "platform/gui/windows/application.h"
 #include "platform/gui/windows/picture.h"
 #include "platform/gui/windows/window.h"
@@ -87,14 +88,9 @@ private:
 }  // namespace
 
 std::vector<int> MessageBoxButtons(UINT type) {
-    switch (type & kButtonsMask) {
-        case MB_OKCANCEL:
-            return {IDOK, IDCANCEL};
-        case MB_YESNO:
-            return {IDYES, IDNO};
-        default:
-            return {IDOK};
-    }
+    if ((type & kButtonsMask) == MB_OKCANCEL) return {IDOK, IDCANCEL};
+    if ((type & kButtonsMask) == MB_YESNO) return {IDYES, IDNO};
+    return {IDOK};
 }
 
 int ShowMessageBox(const MessageBoxRequest& request) {
@@ -106,7 +102,7 @@ int ShowMessageBox(const MessageBoxRequest& request) {
     const QPointer<QWidget> before = QApplication::activeWindow();
     const int button = box.exec();
     // The focus is back before the caller goes on, whenever the window manager gets to it.
-    if (before != nullptr) QApplication::setActiveWindow(before);
+    if (before != nullptr) Activate(*before);
     return button;
 }
 

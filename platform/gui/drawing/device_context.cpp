@@ -62,6 +62,14 @@ LONG PrinterDots(LONG length) {
     return static_cast<LONG>(std::clamp<std::int64_t>(dots, 0, INT32_MAX));
 }
 
+/// Exchanges what is selected, and keeps count of it. \return the object before.
+template <typename Object>
+HGDIOBJ Exchange(Object*& selected, GraphicsObject& next) {
+    --selected->selections;
+    ++next.selections;
+    return std::exchange(selected, static_cast<Object*>(&next))->Handle();
+}
+
 HDC HandleOf(DeviceContext* context) {
     return static_cast<HDC>(context->Handle());
 }
@@ -106,15 +114,6 @@ QImage* DeviceContext::Pixels() {
 void DeviceContext::Show() {
     if (surface != Surface::kWindow) return;
     if (Window* target = Window::From(window)) target->ShowBacking();
-}
-
-template <typename Object>
-Object* DeviceContext::Exchange(Object*& selected, Object* next) {
-    Object* before = selected;
-    --before->selections;
-    ++next->selections;
-    selected = next;
-    return before;
 }
 
 DeviceContext* ContextForCall(const char* point, HDC context) {
@@ -200,15 +199,15 @@ HGDIOBJ WINAPI SelectObject(HDC context, HGDIOBJ object) {
     if (next == nullptr) return nullptr;
     switch (next->Kind()) {
         case platform::GraphicsKind::kFont:
-            return target->Exchange(target->font, static_cast<platform::Font*>(next))->Handle();
+            return platform::Exchange(target->font, *next);
         case platform::GraphicsKind::kBrush:
-            return target->Exchange(target->brush, static_cast<platform::Brush*>(next))->Handle();
+            return platform::Exchange(target->brush, *next);
         case platform::GraphicsKind::kBitmap:
             if (target->surface != DeviceContext::Surface::kMemory ||
                 (next->selections > 0 && !next->IsStock() && next != target->bitmap)) {
                 return nullptr;
             }
-            return target->Exchange(target->bitmap, static_cast<platform::Bitmap*>(next))->Handle();
+            return platform::Exchange(target->bitmap, *next);
         case platform::GraphicsKind::kDeviceContext:
             break;
     }

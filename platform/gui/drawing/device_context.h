@@ -21,9 +21,6 @@ struct DeviceContext : GraphicsObject {
     QImage* Pixels();
     /// Brings what was drawn into a window's image onto the screen, at once.
     void Show();
-    /// Exchanges what is selected, and keeps count of it. \return the object before.
-    template <typename Object>
-    Object* Exchange(Object*& selected, Object* next);
 
     const Surface surface;
     HWND window = nullptr;  ///< window contexts

@@ -64,11 +64,6 @@ Window& Window::Desktop() {
     return *desktop;
 }
 
-Window* Window::DialogWindow() {
-    if (kind_ == WindowKind::kDialog) return this;
-    return parent_ != nullptr && parent_->kind_ == WindowKind::kDialog ? parent_ : nullptr;
-}
-
 QSize Window::ClientSize() const {
     return widget_ == nullptr ? QSize(0, 0) : widget_->size();
 }

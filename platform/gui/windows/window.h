@@ -31,8 +31,6 @@ public:
     HWND Handle() const { return handle_; }
     WindowKind Kind() const { return kind_; }
     Window* Parent() const { return parent_; }
-    /// The dialog that a control stands in, or the dialog itself; else null.
-    Window* DialogWindow();
     int ControlId() const { return controlId_; }  ///< 0 for everything but controls
     QWidget* Widget() const { return widget_; }   ///< null for the desktop
     QSize ClientSize() const;                     ///< pixels at 96 dots per inch
