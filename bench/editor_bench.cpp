@@ -143,7 +143,7 @@ bool InstallFamilies(int first, int count) {
 }
 
 void OpenEditor(benchmark::State& state) {
-    platform::gui::EnsureApplication();
+    platform::EnsureApplication();
     static int installed = 0;
     const int wanted = static_cast<int>(state.range(0));
     if (installed < wanted && !InstallFamilies(installed, wanted)) {

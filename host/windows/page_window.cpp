@@ -9,7 +9,7 @@
 namespace host {
 
 bool HasScreen() {
-    platform::gui::EnsureApplication();
+    platform::EnsureApplication();
     return QGuiApplication::platformName() != "offscreen";
 }
 

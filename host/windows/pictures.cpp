@@ -338,7 +338,7 @@ void SavePictures(const fs::path& folder, const PackageSource& source, std::ostr
     if (error) throw Failure(folder.native() + " cannot be made: " + error.message());
     // The same pictures whatever screen there is, and no windows that come and go on it.
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    platform::gui::EnsureApplication();
+    platform::EnsureApplication();
     const PassingMachine machine;
     Album(fs::absolute(folder), source, out).TakeAll();
 }

@@ -1,5 +1,5 @@
 /// A property page in a window: the tree of its items, the control of the chosen one, OK, Cancel
-/// and Apply. For the user-interface thread only; `platform::gui::EnsureApplication` comes first.
+/// and Apply. For the user-interface thread only; `platform::EnsureApplication` comes first.
 #pragma once
 
 #include <QDialog>

@@ -10,28 +10,17 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/faults/failure_points.h"
 #include "platform/gui/help/help_file.h"
 #include "platform/gui/help/help_viewer.h"
 #include "platform/gui/windows/application.h"
-#include "platform/user/user.h"
 #include "tests/support/machine_fixture.h"
+#include "tests/support/scripted_user.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Remembers what it was given to read.
-class Reader : public platform::User {
-public:
-    int AnswerMessageBox(const platform::MessageBoxRequest&) override { return IDCANCEL; }
-    void WorkInDialog(HWND) override {}
-    void ReadHelp(const platform::HelpRequest& request) override { read.push_back(request); }
-
-    std::vector<platform::HelpRequest> read;
-};
 
 class Help : public MachineTest {
 protected:
@@ -66,7 +55,7 @@ TEST_F(Help, TheUserIsGivenTheTopicOrToldThatThereIsNone) {
     WriteFile("Windows/System32/spool/drivers/x64/3/QVRT_HLP.HLP",
               "[1302] Settings\nAll of them.\n");
     const char16_t* file = u"C:\\Windows\\System32\\spool\\DRIVERS\\x64\\3\\QVRT_HLP.HLP";
-    Reader reader;
+    platform::ScriptedUser reader;
     const platform::UserScope scope(reader);
     EXPECT_TRUE(WinHelpW(nullptr, file, HELP_CONTEXTPOPUP, 1302));
     EXPECT_TRUE(WinHelpW(nullptr, file, HELP_CONTEXT, 1114));
@@ -75,12 +64,13 @@ TEST_F(Help, TheUserIsGivenTheTopicOrToldThatThereIsNone) {
     EXPECT_FALSE(WinHelpW(nullptr, nullptr, HELP_CONTEXT, 1302));
     const platform::FailurePlan plan("WinHelpW", 1, ERROR_NOT_ENOUGH_MEMORY);
     EXPECT_FALSE(WinHelpW(nullptr, file, HELP_CONTEXT, 1302));
-    ASSERT_EQ(reader.read.size(), 3u);
-    EXPECT_EQ(reader.read[0].text, u"Settings\n\nAll of them.");
-    EXPECT_EQ(reader.read[0].command, UINT{HELP_CONTEXTPOPUP});
-    EXPECT_EQ(reader.read[1].topic, 1114u);
-    EXPECT_EQ(reader.read[1].text, u"");
-    EXPECT_EQ(reader.read[2].text, u"");
+    const auto& read = reader.Help();
+    ASSERT_EQ(read.size(), 3u);
+    EXPECT_EQ(read[0].text, u"Settings\n\nAll of them.");
+    EXPECT_EQ(read[0].command, UINT{HELP_CONTEXTPOPUP});
+    EXPECT_EQ(read[1].topic, 1114u);
+    EXPECT_EQ(read[1].text, u"");
+    EXPECT_EQ(read[2].text, u"");
 }
 
 TEST_F(Help, EveryModelShipsEveryTopic) {
@@ -102,7 +92,7 @@ QWidgetList Viewers() {
 }
 
 TEST_F(Help, NotesGoOnAnyClickOrEscapeAndWindowsOnEscape) {
-    platform::gui::EnsureApplication();
+    platform::EnsureApplication();
     const QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
     const QMouseEvent click(QEvent::MouseButtonPress, {5, 5}, QPointF(5, 5), Qt::LeftButton,
                             Qt::LeftButton, Qt::NoModifier);

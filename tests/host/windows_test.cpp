@@ -26,7 +26,8 @@ class Sheet {
 public:
     explicit Sheet(PageKind kind) : sheet_("Office", kind) {
         sheet_.show();
-        QApplication::setActiveWindow(&sheet_);
+        sheet_.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&sheet_));
         sheet_.Load();
     }
 
@@ -70,7 +71,7 @@ private:
 class PageWindow : public HostTest {
 protected:
     PageWindow() {
-        platform::gui::EnsureApplication();
+        platform::EnsureApplication();
         Install("Office", "T");
     }
 
