@@ -9,9 +9,11 @@ namespace {
 
 constexpr DWORD kPluginItemCount = 2;
 
-/// Selections of the switch and of the option items.
+/// Selections of the switch, and of the option items.
 constexpr LONG kSwitchOn = 0;
 constexpr LONG kSwitchOff = 1;
+constexpr LONG kInstalled = 0;
+constexpr LONG kNotInstalled = 1;
 
 constexpr DWORD kGreyed = OPTIF_DISABLED | OPTIF_CHANGED;
 constexpr DWORD kEditable = OPTIF_CALLBACK | OPTIF_CHANGED;
@@ -34,7 +36,7 @@ bool IsText(LPCWSTR shown, const MessageText& wanted) {
 }
 
 LPCWSTR FirstOptionText(const OPTITEM& item) {
-    const POPTPARAM first = FindChoice(item, 0);
+    const OPTPARAM* first = FindChoice(item, 0);
     return first == nullptr ? nullptr : first->pData;
 }
 
@@ -52,9 +54,10 @@ bool IsSwitchedOn(const OPTITEM* item, const OEMCUIPPARAM& params) {
            IsText(item->pName, MessageText(IDS_AUTO_CONFIGURE, PageModule(params)));
 }
 
-bool SetSelection(POPTITEM item, UINT32 selection) {
-    if (item == nullptr || item->Sel == static_cast<LONG>(selection)) return false;
-    item->Sel = static_cast<LONG>(selection);
+bool SelectOption(OPTITEM* item, bool isInstalled) {
+    const LONG selection = isInstalled ? kInstalled : kNotInstalled;
+    if (item == nullptr || item->Sel == selection) return false;
+    item->Sel = selection;
     item->Flags |= OPTIF_CHANGED;
     return true;
 }
@@ -89,7 +92,7 @@ HRESULT BuildPrinterItems(DWORD /*mode*/, POEMCUIPPARAM params) {
     return S_OK;
 }
 
-LONG APIENTRY PrinterPropertyCallback(PCPSUICBPARAM callback, POEMCUIPPARAM params) {
+LONG APIENTRY PrinterPropertyCallback(PCPSUICBPARAM callback, POEMCUIPPARAM params) noexcept {
     if (callback == nullptr || params == nullptr) return CPSUICB_ACTION_NONE;
     switch (callback->Reason) {
         case CPSUICB_REASON_SEL_CHANGED:
@@ -107,7 +110,7 @@ LONG APIENTRY PrinterPropertyCallback(PCPSUICBPARAM callback, POEMCUIPPARAM para
 }
 
 void PrinterPageActivated(POEMCUIPPARAM params) {
-    const POPTITEM autoConfigure = FindSwitch(params);
+    OPTITEM* const autoConfigure = FindSwitch(params);
     if (autoConfigure == nullptr) return;
     PrinterLink link;
     if (!DiscoverPrinterPort(params->hPrinter, &link)) {
@@ -124,11 +127,11 @@ void PrinterPageActivated(POEMCUIPPARAM params) {
 }
 
 void UpdateOptionItemStates(POEMCUIPPARAM params) {
-    const POPTITEM autoConfigure = FindSwitch(params);
+    OPTITEM* const autoConfigure = FindSwitch(params);
     if (autoConfigure == nullptr) return;
     const bool isOn = autoConfigure->Sel == kSwitchOn;
     for (const OptionItem& option : kOptions) {
-        const POPTITEM item = FindItem(params, option);
+        OPTITEM* const item = FindItem(params, option);
         if (item == nullptr) continue;
         // Greying adds to the item's flags; opening it for the user drops all others.
         item->Flags = isOn ? item->Flags | kGreyed : kEditable;
@@ -137,18 +140,14 @@ void UpdateOptionItemStates(POEMCUIPPARAM params) {
 
 bool AutoConfigure(POEMCUIPPARAM params, const PrinterLink& link, bool* changed) {
     *changed = false;
-    UINT32 tray2Sel = 0;
-    UINT32 tray3Sel = 0;
-    UINT32 duplexSel = 0;
-    const POPTITEM tray2 = FindItem(params, kTray2);
-    const POPTITEM tray3 = FindItem(params, kTray3);
-    const POPTITEM duplex = FindItem(params, kDuplex);
-    if (!QueryInstalledOptions(params->pPrinterName, link, &tray2Sel, &tray3Sel, &duplexSel)) {
-        return false;
-    }
-    *changed |= SetSelection(tray2, tray2Sel);
-    *changed |= SetSelection(tray3, tray3Sel);
-    *changed |= SetSelection(duplex, duplexSel);
+    OPTITEM* const tray2 = FindItem(params, kTray2);
+    OPTITEM* const tray3 = FindItem(params, kTray3);
+    OPTITEM* const duplex = FindItem(params, kDuplex);
+    const auto installed = QueryInstalledOptions(params->pPrinterName, link);
+    if (!installed) return false;
+    *changed |= SelectOption(tray2, installed->Tray2);
+    *changed |= SelectOption(tray3, installed->Tray3);
+    *changed |= SelectOption(duplex, installed->Duplex);
     return true;
 }
 

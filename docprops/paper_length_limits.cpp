@@ -1,25 +1,20 @@
-#include "docprops/paper_constraints.h"
+#include "docprops/paper_length_limits.h"
 
-#include <iterator>
+#include <algorithm>
 
+#include "common/current_printer.h"
+#include "common/message.h"
 #include "common/page_records.h"
-#include "common/page_state.h"
 #include "common/spooler_records.h"
-#include "common/unique_handle.h"
+#include "docprops/driver_choices.h"
+#include "docprops/driver_strings.h"
 #include "resources/resource_ids.h"
 
 namespace oemui {
 namespace {
 
-using PaperName = FixedText<32>;
-
-// String IDs of the platform driver's resource library.
-constexpr UINT kDriverPaperNames[] = {10000, 10004, 10008, 10006, 10010, 10005, 10013,
-                                      10012, 10019, 10027, 10026, 10036, 10030};
+// String ID of the platform driver's resource library.
 constexpr UINT kDriverPlainPaper = 10512;
-
-/// Papers that are never checked; empty until they are first loaded.
-PaperName ExemptPaperNames[29] = {};
 
 /// The media of the plain group; an empty name takes no part.
 struct PlainMediaNames {
@@ -37,34 +32,6 @@ constexpr LengthRule kLongestSpecialPaper = {297000, IDS_PAPER_TOO_LONG, 297};
 constexpr LengthRule kShortestPlainPaper = {198000, IDS_PAPER_TOO_SHORT, 198};
 constexpr LengthRule kShortestDuplexPaper = {279400, IDS_PAPER_TOO_SHORT_FOR_DUPLEX, 279};
 
-UniqueLibrary LoadDriverResources() {
-    return UniqueLibrary(::LoadLibraryW(TEXT("UNIRES.DLL")));
-}
-
-/// Loads a name; it stays as it was when the module has no such string.
-bool LoadName(HINSTANCE module, UINT textId, PaperName& name) {
-    const PaperName text(textId, module);
-    if (!text.empty()) name = text;
-    return !text.empty();
-}
-
-/// \param next  the first entry to fill; where the loading ended on return.
-/// \return false when the library lacks one of its names.
-bool LoadDriverPaperNames(std::size_t* next) {
-    const UniqueLibrary library = LoadDriverResources();
-    if (!library) return true;
-    for (const UINT textId : kDriverPaperNames) {
-        if (!LoadName(library.Get(), textId, ExemptPaperNames[*next])) return false;
-        ++*next;
-    }
-    return true;
-}
-
-/// The form name of the public devmode, terminated whatever the devmode holds.
-PaperName FormName(const DEVMODEW& devmode) {
-    return PaperName(TextIn(devmode.dmFormName));
-}
-
 /// The length of the first form of this name; 0 when the printer has none.
 LONG FindFormLength(HANDLE printer, const PaperName& name) {
     const SpoolerRecords<FORM_INFO_1W> forms(
@@ -72,7 +39,7 @@ LONG FindFormLength(HANDLE printer, const PaperName& name) {
             return ::EnumFormsW(printer, 1, buffer, size, needed, count);
         });
     for (const FORM_INFO_1W& form : forms.All()) {
-        if (form.pName != nullptr && ::lstrcmpiW(form.pName, name.c_str()) == 0) {
+        if (form.pName != nullptr && EqualCollated(form.pName, name.c_str())) {
             return form.Size.cy;
         }
     }
@@ -101,15 +68,14 @@ bool IsPlainMedia(const OEMCUIPPARAM& params, const PlainMediaNames& plain) {
     const OPTPARAM* choice = media == nullptr ? nullptr : FindChoice(*media, media->Sel);
     if (choice == nullptr) return false;
     const TextView name = ItemText(choice->pData);
-    return !name.empty() &&
-           std::any_of(std::begin(plain.Names), std::end(plain.Names), [&](const PaperName& entry) {
-               return EqualIgnoringAsciiCase(entry.View(), name);
-           });
+    return !name.empty() && std::ranges::any_of(plain.Names, [name](const PaperName& entry) {
+        return EqualIgnoringAsciiCase(entry.View(), name);
+    });
 }
 
 bool IsDuplexSelected(const OEMCUIPPARAM& params) {
     const OPTITEM* duplex = FindDriverItem(params, DMPUB_DUPLEX);
-    return duplex != nullptr && duplex->Sel != 0;
+    return duplex != nullptr && duplex->Sel != kDuplexOff;
 }
 
 void TellBrokenRule(const LengthRule& rule) {
@@ -133,25 +99,6 @@ bool BreaksDuplexRule(LONG length, bool isDuplex) {
 
 }  // namespace
 
-void LoadExemptPaperNames() {
-    std::size_t next = 0;
-    if (!LoadDriverPaperNames(&next) || PluginModule() == nullptr) return;
-    UINT textId = IDS_FIRST_PAPER_NAME;
-    while (next < std::size(ExemptPaperNames) &&
-           LoadName(PluginModule(), textId, ExemptPaperNames[next])) {
-        ++next;
-        ++textId;
-    }
-}
-
-bool IsExemptPaper(const OEMCUIPPARAM& params) {
-    if (params.pPublicDM == nullptr) return false;
-    const PaperName form = FormName(*params.pPublicDM);
-    return std::ranges::any_of(ExemptPaperNames, [&form](const PaperName& exempt) {
-        return ::lstrcmpiW(exempt.c_str(), form.c_str()) == 0;
-    });
-}
-
 bool CheckCustomPaperLength(const OEMCUIPPARAM& params) {
     const LONG length = FindPaperLength(params);
     if (length == 0) return false;
@@ -167,9 +114,9 @@ bool CheckCustomPaperLength(const OEMCUIPPARAM& params) {
 void ResetPaperToFirstForm(const OEMCUIPPARAM& params) {
     POPTITEM form = FindDriverItem(params, DMPUB_FORMNAME);
     if (form == nullptr) return;
-    form->Sel = 0;
+    form->Sel = kFirstForm;
     form->Flags |= OPTIF_CHANGED;
-    const OPTPARAM* first = FindChoice(*form, 0);
+    const OPTPARAM* first = FindChoice(*form, kFirstForm);
     const TextView name = first == nullptr ? TextView() : ItemText(first->pData);
     if (params.pPublicDM != nullptr && !name.empty()) CopyText(params.pPublicDM->dmFormName, name);
     ReportSelectionToDriver(params, form);
