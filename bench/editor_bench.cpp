@@ -10,8 +10,8 @@
 #include <string>
 
 #include "bench/limits.h"
+#include "common/current_printer.h"
 #include "common/model_identity.h"
-#include "common/page_state.h"
 #include "common/plugin_module.h"
 #include "platform/faults/live_objects.h"
 #include "platform/gui/windows/application.h"

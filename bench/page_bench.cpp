@@ -6,8 +6,8 @@
 #include <winspool.h>
 
 #include "bench/limits.h"
+#include "common/current_printer.h"
 #include "common/model_identity.h"
-#include "common/page_state.h"
 #include "common/plugin_module.h"
 #include "common/unique_handle.h"
 #include "docprops/document_items.h"

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "common/page_state.h"
+#include "common/current_printer.h"
 #include "common/plugin_module.h"
 #include "fuzz/fuzz_text.h"
 #include "platform/base/machine.h"

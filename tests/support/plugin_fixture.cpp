@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <fstream>
 
+#include "common/current_printer.h"
 #include "common/model_identity.h"
-#include "common/page_state.h"
 #include "common/plugin_module.h"
 #include "tests/support/test_machine.h"
 

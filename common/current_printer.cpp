@@ -1,4 +1,4 @@
-#include "common/page_state.h"
+#include "common/current_printer.h"
 
 namespace oemui {
 

@@ -7,13 +7,15 @@
 namespace oemui {
 
 /// As the public devmode has them; without one, a single copy in colour.
-struct PageSettings {
+struct DocumentSettings {
     SHORT Copies = 1;
     bool Collated = false;
     bool Monochrome = false;
+
+    bool HasCopies() const { return Copies > 1; }
 };
 
-inline PageSettings ReadPageSettings(const OEMCUIPPARAM& params) {
+inline DocumentSettings ReadDocumentSettings(const OEMCUIPPARAM& params) {
     const DEVMODEW* devmode = params.pPublicDM;
     if (devmode == nullptr) return {};
     return {devmode->dmCopies, devmode->dmCollate != 0, devmode->dmColor == DMCOLOR_MONOCHROME};

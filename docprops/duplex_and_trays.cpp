@@ -1,9 +1,10 @@
-#include "docprops/installed_options.h"
+#include "docprops/duplex_and_trays.h"
 
 #include <cstring>
 #include <string_view>
 
 #include "common/page_records.h"
+#include "docprops/driver_choices.h"
 #include "printerprops/pjl_query.h"
 #include "printerprops/port_discovery.h"
 #include "resources/resource_ids.h"
@@ -11,7 +12,6 @@
 namespace oemui {
 namespace {
 
-constexpr LONG kBookletChoice = 6;
 constexpr BYTE kNotInstalledFlags = OPTPF_DISABLED | OPTPF_OVERLAY_STOP_ICON;
 
 /// The driver's answer about the current option of one of its features.
@@ -41,29 +41,24 @@ private:
     BOOL result_ = TRUE;
 };
 
-/// Asks the printer itself. \return false when it cannot be asked or the query fails.
-bool QueryPrinter(const OEMCUIPPARAM& params, InstalledOptions* installed) {
+/// Asks the printer itself; nothing when it cannot be asked or the query fails.
+std::optional<InstalledOptions> QueryPrinter(const OEMCUIPPARAM& params) {
     PrinterLink link = {};
-    if (!DiscoverPrinterPort(params.hPrinter, &link)) return false;
-    UINT32 tray2 = 0;
-    UINT32 tray3 = 0;
-    UINT32 duplex = 0;
-    if (!QueryInstalledOptions(params.pPrinterName, link, &tray2, &tray3, &duplex)) return false;
-    // 0 stands for installed, and for a printer that answered nothing that could be read.
-    *installed = {.Duplex = duplex == 0, .Tray2 = tray2 == 0, .Tray3 = tray3 == 0};
-    return true;
+    if (!DiscoverPrinterPort(params.hPrinter, &link)) return {};
+    return QueryInstalledOptions(params.pPrinterName, link);
 }
 
 InstalledOptions FindInstalledOptions(const OEMCUIPPARAM& params) {
-    InstalledOptions installed;
-    const bool mayAskPrinter = !FeatureSetting(params, "AutoConfig").BeginsWith("OFF");
-    if (mayAskPrinter && QueryPrinter(params, &installed)) return installed;
+    if (!FeatureSetting(params, "AutoConfig").BeginsWith("OFF")) {
+        if (const auto installed = QueryPrinter(params)) return *installed;
+    }
     return ReadInstalledOptions(params);
 }
 
 void AdjustBooklet(const OEMCUIPPARAM& params, bool isDuplexInstalled) {
     POPTITEM nup = FindDriverItem(params, DMPUB_NUP);
-    POPTPARAM booklet = nup == nullptr ? nullptr : FindChoice(*nup, kBookletChoice);
+    POPTPARAM booklet =
+        nup == nullptr ? nullptr : FindChoice(*nup, static_cast<LONG>(NupChoice::kBooklet));
     if (booklet == nullptr) return;
     if (isDuplexInstalled) {
         booklet->Flags &= static_cast<BYTE>(~OPTPF_HIDE);
@@ -73,7 +68,7 @@ void AdjustBooklet(const OEMCUIPPARAM& params, bool isDuplexInstalled) {
 }
 
 void ForceSimplex(const OEMCUIPPARAM& params, POPTITEM duplex) {
-    duplex->Sel = 0;
+    duplex->Sel = kDuplexOff;
     if (params.pPublicDM != nullptr) params.pPublicDM->dmDuplex = DMDUP_SIMPLEX;
     // The value replaces every other flag: without a duplex unit nothing else of the item may
     // survive.
@@ -95,7 +90,7 @@ void AdjustDuplex(const OEMCUIPPARAM& params, bool isInstalled) {
 /// The first choice is the driver's own and is never taken for a tray.
 void AdjustTray(const OEMCUIPPARAM& params, UINT nameId, bool isInstalled) {
     POPTITEM source = FindDriverItem(params, DMPUB_DEFSOURCE);
-    const LoadedText<kMessageCapacity> name(nameId, PageModule(params));
+    const MessageText name(nameId, PageModule(params));
     if (source == nullptr || name.empty()) return;
     for (LONG i = 1; POPTPARAM choice = FindChoice(*source, i); ++i) {
         if (!EqualIgnoringAsciiCase(ItemText(choice->pData), name.View())) continue;

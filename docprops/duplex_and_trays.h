@@ -2,15 +2,9 @@
 #pragma once
 
 #include "common/oem_driver_interface.h"
+#include "printerprops/pjl_query.h"
 
 namespace oemui {
-
-/// The printer's optional hardware.
-struct InstalledOptions {
-    bool Duplex = true;
-    bool Tray2 = true;
-    bool Tray3 = true;
-};
 
 /// Enables or disables duplex, booklet and the paper sources by what is installed: asked of the
 /// printer, or taken from the driver's settings when the printer is not to be asked or cannot be.
@@ -19,6 +13,6 @@ void AdjustDriverItems(POEMCUIPPARAM params);
 
 /// The installed options as the driver's settings have them; everything when the driver cannot be
 /// asked.
-InstalledOptions ReadInstalledOptions(const OEMCUIPPARAM& params);
+[[nodiscard]] InstalledOptions ReadInstalledOptions(const OEMCUIPPARAM& params);
 
 }  // namespace oemui

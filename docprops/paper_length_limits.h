@@ -6,16 +6,9 @@
 
 namespace oemui {
 
-/// Loads the names of the papers that are never checked. Entries that a load does not reach keep
-/// their earlier text. Property sheet's thread, as everything here.
-void LoadExemptPaperNames();
-
-/// Whether the devmode's paper is one that is never checked.
-bool IsExemptPaper(const OEMCUIPPARAM& params);
-
 /// Checks the length of the devmode's paper against the limits, and tells the user each one that
 /// it breaks. A paper whose length cannot be found out breaks none.
-bool CheckCustomPaperLength(const OEMCUIPPARAM& params);
+[[nodiscard]] bool CheckCustomPaperLength(const OEMCUIPPARAM& params);
 
 /// Sets the driver's paper item, and the devmode's form name, to the first paper.
 void ResetPaperToFirstForm(const OEMCUIPPARAM& params);
