@@ -2,6 +2,7 @@
 
 #include "common/unique_handle.h"
 #include "resources/resource_ids.h"
+#include "watermark/damaged_list.h"
 
 namespace oemui {
 namespace {

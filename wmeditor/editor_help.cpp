@@ -1,6 +1,7 @@
 #include "wmeditor/editor_help.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "common/driver_info.h"
@@ -23,7 +24,7 @@ struct HelpContext {
     DWORD context;
 };
 
-constexpr HelpContext kEditorHelpContexts[] = {
+constexpr auto kEditorHelpContexts = std::to_array<HelpContext>({
     {IDC_PREVIEW_GROUP, 1300},
     {IDC_PREVIEW_AREA, 1301},
     {IDC_PREVIEW_PAGE, 1301},
@@ -67,8 +68,8 @@ constexpr HelpContext kEditorHelpContexts[] = {
     {IDC_VERTICAL_SPIN, 1318},
     {IDC_CENTER, 1318},
     {IDC_USER_POSITION, 1318},
-};
-static_assert(std::size(kEditorHelpContexts) == 43);
+});
+static_assert(kEditorHelpContexts.size() == 43);
 
 /// A block of the process heap.
 class HeapBlock {
@@ -124,10 +125,8 @@ void ShowEditorHelp(HWND dialog) {
 }
 
 DWORD HelpTopicOfControl(int controlId) {
-    const auto* const found = std::find_if(
-        std::begin(kEditorHelpContexts), std::end(kEditorHelpContexts),
-        [controlId](const HelpContext& entry) { return entry.controlId == controlId; });
-    const DWORD context = found != std::end(kEditorHelpContexts) ? found->context : 0;
+    const auto found = std::ranges::find(kEditorHelpContexts, controlId, &HelpContext::controlId);
+    const DWORD context = found != kEditorHelpContexts.end() ? found->context : 0;
     // The help file has one topic for all settings and buttons without a topic of their own.
     if (context > kLastControlTopic) return kSettingsTopic;
     return std::max(context, kFirstControlTopic);

@@ -3,6 +3,8 @@
 #include <cstring>
 
 #include "tests/support/plugin_fixture.h"
+#include "watermark/damaged_list.h"
+#include "watermark/watermark_angle.h"
 #include "watermark/watermark_codec.h"
 
 using namespace oemui;
@@ -42,13 +44,10 @@ TEST(ParseIntegerTest, ReadsDigitsAndSkipsEverythingElse) {
         {"z", 36, 35},
     };
     for (const Row& row : kRows) {
-        const auto text = Wide(row.text);
-        EXPECT_EQ(ParseInteger(text, text.size(), row.radix), row.value) << row.text;
+        EXPECT_EQ(ParseInteger(Wide(row.text), row.radix), row.value) << row.text;
     }
-    EXPECT_EQ(ParseInteger(TEXT("12345"), 2, 10), 12);
-    EXPECT_EQ(ParseInteger(TextView(TEXT("1\0002"), 3), 3, 10), 1);
-    const auto longText = Wide(std::string(254, '0') + "123");
-    EXPECT_EQ(ParseInteger(longText, longText.size(), 10), 1);
+    EXPECT_EQ(ParseInteger(TextView(TEXT("1\0002"), 3), 10), 1);
+    EXPECT_EQ(ParseInteger(Wide(std::string(254, '0') + "123"), 10), 1);
 }
 
 TEST(DefaultWatermarkLineTest, FifteenFieldsInOrder) {
@@ -63,9 +62,9 @@ TEST(DefaultWatermarkLineTest, FifteenFieldsInOrder) {
     EXPECT_EQ(record.Red, 44);
     EXPECT_EQ(record.Green, 4);
     EXPECT_EQ(record.Blue, 255);
-    EXPECT_EQ(record.AngleKind, kAngleDiagonal);
+    EXPECT_EQ(record.AngleKind, StoredValue(AngleKind::kDiagonal));
     EXPECT_EQ(record.AngleDegrees, 45);
-    EXPECT_EQ(record.PositionKind, kPositionUserSetting);
+    EXPECT_EQ(record.PositionKind, StoredValue(PositionKind::kUserSetting));
     EXPECT_EQ(record.OffsetX, 36);
     EXPECT_EQ(record.OffsetY, 18);
     EXPECT_EQ(record.ColorIndex, 0x5A5A5A5AU);
