@@ -9,4 +9,8 @@ TextView FileNameOf(TextView path) {
     return path.substr(hasDrive ? 2 : 0);
 }
 
+TextView DirectoryOf(TextView path) {
+    return path.substr(0, path.rfind(TEXT('\\')) + 1);
+}
+
 }  // namespace oemui

@@ -1,8 +1,8 @@
 /// The records of a property page: the driver's items and functions, and the texts in them.
 #pragma once
 
-#include "common/heap_text.h"
 #include "common/oem_driver_interface.h"
+#include "common/page_heap.h"
 #include "common/text.h"
 
 namespace oemui {

@@ -134,7 +134,7 @@ LONG OnApply(const OEMCUIPPARAM& params, PrivateDevmode* devmode) {
 }
 
 bool IsWatermarkItem(const OEMCUIPPARAM& params, const OPTITEM* item) {
-    const LoadedText<kMessageCapacity> name(IDS_WATERMARK, PageModule(params));
+    const MessageText name(IDS_WATERMARK, PageModule(params));
     return item != nullptr && !name.empty() && ItemText(item->pName) == name.View();
 }
 

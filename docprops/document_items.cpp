@@ -55,24 +55,14 @@ constexpr ItemLayout kLayouts[kDocumentItemCount] = {
 // page built and goes with that page's heap.
 EXTPUSH editButton = {};
 
-/// A zero-filled record of the page's heap; it goes with the heap. Null when the heap is exhausted.
-template <typename Record>
-Record* AllocateForPage(const OEMCUIPPARAM& params, std::size_t count = 1) {
-    auto* records = static_cast<Record*>(
-        ::HeapAlloc(params.hOEMHeap, HEAP_ZERO_MEMORY, count * sizeof(Record)));
-    if (records == nullptr) return nullptr;
-    for (std::size_t i = 0; i < count; ++i) records[i].cbSize = sizeof(Record);
-    return records;
-}
-
 PWSTR LoadPageText(const OEMCUIPPARAM& params, UINT textId) {
     return textId == 0 ? nullptr : LoadItemText(params.hOEMHeap, PageModule(params), textId);
 }
 
 /// The type record with its choices; null when the heap is exhausted.
 POPTTYPE MakeType(const OEMCUIPPARAM& params, const ItemLayout& layout) {
-    auto* type = AllocateForPage<OPTTYPE>(params);
-    auto* choices = AllocateForPage<OPTPARAM>(params, kChoiceCount);
+    auto* type = AllocateForPage<OPTTYPE>(params.hOEMHeap);
+    auto* choices = AllocateForPage<OPTPARAM>(params.hOEMHeap, kChoiceCount);
     if (type == nullptr || choices == nullptr) return nullptr;
     for (WORD i = 0; i < kChoiceCount; ++i) {
         choices[i].pData = LoadPageText(params, layout.Choices[i].TextId);
@@ -85,7 +75,7 @@ POPTTYPE MakeType(const OEMCUIPPARAM& params, const ItemLayout& layout) {
 }
 
 void AttachHelp(const OEMCUIPPARAM& params, DWORD topic, POPTITEM item) {
-    item->pOIExt = AllocateForPage<OIEXT>(params);
+    item->pOIExt = AllocateForPage<OIEXT>(params.hOEMHeap);
     if (item->pOIExt == nullptr) return;
     item->pOIExt->pHelpFile = BuildHelpFilePath(params.hPrinter, params.hOEMHeap,
                                                 PageModule(params), IDS_HELP_FILE + Model().Index);
@@ -115,7 +105,7 @@ void BuildScalingItem(const Page& page) {
     if (!IsValidScaling(scaling)) scaling = kUnscaled;
     POPTITEM item = BuildItem(page, kScalingItem, scaling, kShownAsChanged);
     if (item == nullptr) return;
-    item->pOptType->pOptParam[0].pData = CopyToHeap(page.Params.hOEMHeap, TEXT("%"));
+    item->pOptType->pOptParam[0].pData = CopyToHeap(page.Params.hOEMHeap, {TEXT("%")});
     item->pOptType->pOptParam[1].lParam = kLargestScaling;
 }
 

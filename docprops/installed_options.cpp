@@ -95,7 +95,7 @@ void AdjustDuplex(const OEMCUIPPARAM& params, bool isInstalled) {
 /// The first choice is the driver's own and is never taken for a tray.
 void AdjustTray(const OEMCUIPPARAM& params, UINT nameId, bool isInstalled) {
     POPTITEM source = FindDriverItem(params, DMPUB_DEFSOURCE);
-    const LoadedText<kMessageCapacity> name(nameId, PageModule(params));
+    const MessageText name(nameId, PageModule(params));
     if (source == nullptr || name.empty()) return;
     for (LONG i = 1; POPTPARAM choice = FindChoice(*source, i); ++i) {
         if (!EqualIgnoringAsciiCase(ItemText(choice->pData), name.View())) continue;

@@ -1,19 +1,17 @@
 #include "docprops/paper_constraints.h"
 
 #include <iterator>
-#include <memory>
-#include <new>
 
 #include "common/page_records.h"
 #include "common/page_state.h"
+#include "common/spooler_records.h"
 #include "common/unique_handle.h"
 #include "resources/resource_ids.h"
 
 namespace oemui {
 namespace {
 
-constexpr std::size_t kPaperNameCapacity = 32;
-using PaperName = WCHAR[kPaperNameCapacity];
+using PaperName = FixedText<32>;
 
 // String IDs of the platform driver's resource library.
 constexpr UINT kDriverPaperNames[] = {10000, 10004, 10008, 10006, 10010, 10005, 10013,
@@ -43,12 +41,11 @@ UniqueLibrary LoadDriverResources() {
     return UniqueLibrary(::LoadLibraryW(TEXT("UNIRES.DLL")));
 }
 
-/// Loads a name; the array stays as it was when the module has no such string.
+/// Loads a name; it stays as it was when the module has no such string.
 bool LoadName(HINSTANCE module, UINT textId, PaperName& name) {
-    const LoadedText<kPaperNameCapacity> text(textId, module);
-    if (text.empty()) return false;
-    CopyText(name, text.View());
-    return true;
+    const PaperName text(textId, module);
+    if (!text.empty()) name = text;
+    return !text.empty();
 }
 
 /// \param next  the first entry to fill; where the loading ended on return.
@@ -64,28 +61,22 @@ bool LoadDriverPaperNames(std::size_t* next) {
 }
 
 /// The form name of the public devmode, terminated whatever the devmode holds.
-struct FormName {
-    explicit FormName(const DEVMODEW& devmode) { CopyText(Characters, TextIn(devmode.dmFormName)); }
-
-    WCHAR Characters[CCHFORMNAME];
-};
+PaperName FormName(const DEVMODEW& devmode) {
+    return PaperName(TextIn(devmode.dmFormName));
+}
 
 /// The length of the first form of this name; 0 when the printer has none.
-LONG FindFormLength(HANDLE printer, const FormName& name) {
-    DWORD size = 0;
-    DWORD count = 0;
-    ::EnumFormsW(printer, 1, nullptr, 0, &size, &count);
-    if (size == 0) return 0;
-    const std::unique_ptr<BYTE[]> buffer(new (std::nothrow) BYTE[size]);
-    if (buffer == nullptr) return 0;
-    DWORD needed = 0;
-    if (!::EnumFormsW(printer, 1, buffer.get(), size, &needed, &count)) return 0;
-    const auto* forms = reinterpret_cast<const FORM_INFO_1W*>(buffer.get());
-    const auto* end = forms + count;
-    const auto* form = std::find_if(forms, end, [&name](const FORM_INFO_1W& candidate) {
-        return candidate.pName != nullptr && ::lstrcmpiW(candidate.pName, name.Characters) == 0;
-    });
-    return form == end ? 0 : form->Size.cy;
+LONG FindFormLength(HANDLE printer, const PaperName& name) {
+    const SpoolerRecords<FORM_INFO_1W> forms(
+        [printer](BYTE* buffer, DWORD size, DWORD* needed, DWORD* count) {
+            return ::EnumFormsW(printer, 1, buffer, size, needed, count);
+        });
+    for (const FORM_INFO_1W& form : forms.All()) {
+        if (form.pName != nullptr && ::lstrcmpiW(form.pName, name.c_str()) == 0) {
+            return form.Size.cy;
+        }
+    }
+    return 0;
 }
 
 /// The length of the devmode's paper; 0 when it cannot be found out.
@@ -112,7 +103,7 @@ bool IsPlainMedia(const OEMCUIPPARAM& params, const PlainMediaNames& plain) {
     const TextView name = ItemText(choice->pData);
     return !name.empty() &&
            std::any_of(std::begin(plain.Names), std::end(plain.Names), [&](const PaperName& entry) {
-               return EqualIgnoringAsciiCase(TextIn(entry), name);
+               return EqualIgnoringAsciiCase(entry.View(), name);
            });
 }
 
@@ -123,10 +114,8 @@ bool IsDuplexSelected(const OEMCUIPPARAM& params) {
 
 void TellBrokenRule(const LengthRule& rule) {
     if (PluginModule() == nullptr) return;
-    const LoadedText<kMessageCapacity> format(rule.TextId);
-    WCHAR text[kMessageCapacity + 16];
-    ::wsprintfW(text, format.c_str(), rule.Millimetres);
-    ShowMessageText(text, IDS_CAPTION_CONFLICT, MB_OK);
+    const auto text = PrintText(MessageText(rule.TextId).c_str(), rule.Millimetres);
+    ShowMessageText(text.c_str(), IDS_CAPTION_CONFLICT, MB_OK);
 }
 
 bool BreaksMediaRule(LONG length, bool isPlain) {
@@ -157,10 +146,10 @@ void LoadExemptPaperNames() {
 
 bool IsExemptPaper(const OEMCUIPPARAM& params) {
     if (params.pPublicDM == nullptr) return false;
-    const FormName form(*params.pPublicDM);
-    return std::any_of(
-        std::begin(ExemptPaperNames), std::end(ExemptPaperNames),
-        [&form](const PaperName& exempt) { return ::lstrcmpiW(exempt, form.Characters) == 0; });
+    const PaperName form = FormName(*params.pPublicDM);
+    return std::ranges::any_of(ExemptPaperNames, [&form](const PaperName& exempt) {
+        return ::lstrcmpiW(exempt.c_str(), form.c_str()) == 0;
+    });
 }
 
 bool CheckCustomPaperLength(const OEMCUIPPARAM& params) {

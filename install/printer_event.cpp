@@ -10,7 +10,7 @@
 #include "common/join_text.h"
 #include "common/model_identity.h"
 #include "common/oem_driver_interface.h"
-#include "common/printer_info.h"
+#include "common/spooler_records.h"
 #include "common/unique_handle.h"
 #include "install/uninstaller_setting.h"
 
@@ -141,18 +141,11 @@ bool SpoilPendingDeletions(WCHAR* operations, std::size_t length, TextView fileN
 }
 
 bool IsPrintProcessorInstalled(LPCWSTR processorName) {
-    DWORD needed = 0;
-    DWORD count = 0;
-    ::EnumPrintProcessorsW(nullptr, nullptr, 1, nullptr, 0, &needed, &count);
-    if (needed == 0) return false;
-    const DWORD size = needed;
-    const std::unique_ptr<BYTE[]> list(new (std::nothrow) BYTE[size]);
-    if (!list || !::EnumPrintProcessorsW(nullptr, nullptr, 1, list.get(), size, &needed, &count)) {
-        return false;
-    }
-    if (count > size / sizeof(PRINTPROCESSOR_INFO_1W)) return false;
-    const auto* first = reinterpret_cast<const PRINTPROCESSOR_INFO_1W*>(list.get());
-    return std::any_of(first, first + count, [processorName](const PRINTPROCESSOR_INFO_1W& entry) {
+    const SpoolerRecords<PRINTPROCESSOR_INFO_1W> installed(
+        [](BYTE* buffer, DWORD size, DWORD* needed, DWORD* count) {
+            return ::EnumPrintProcessorsW(nullptr, nullptr, 1, buffer, size, needed, count);
+        });
+    return std::ranges::any_of(installed.All(), [processorName](const auto& entry) {
         return entry.pName != nullptr && EqualIgnoringAsciiCase(entry.pName, processorName);
     });
 }
@@ -163,13 +156,15 @@ void AssignPrintProcessor(LPCWSTR shortName, LPCWSTR processorName) {
     const UniquePrinter printer =
         OpenPrinterFor(shortName, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
     if (!printer) return;
-    const PrinterInfo info = PrinterInfo::Read(printer.Get());
-    if (!info) return;
-    if (info->pPrintProcessor != nullptr && TextView(info->pPrintProcessor) == processorName)
-        return;
-    // The record's text is not const in the platform's declaration, but only read.
-    if (*processorName != 0) info->pPrintProcessor = const_cast<LPWSTR>(processorName);
-    ::SetPrinterW(printer.Get(), 2, info.Bytes(), 0);
+    const auto records = ReadPrinterInfo(printer.Get());
+    for (PRINTER_INFO_2W& info : records.All()) {
+        if (info.pPrintProcessor != nullptr && TextView(info.pPrintProcessor) == processorName) {
+            return;
+        }
+        // The record's text is not const in the platform's declaration, but only read.
+        if (*processorName != 0) info.pPrintProcessor = const_cast<LPWSTR>(processorName);
+        ::SetPrinterW(printer.Get(), 2, reinterpret_cast<BYTE*>(&info), 0);
+    }
 }
 
 }  // namespace oemui

@@ -2,7 +2,7 @@
 
 #include "common/join_text.h"
 #include "common/model_identity.h"
-#include "common/printer_info.h"
+#include "common/spooler_records.h"
 #include "common/unique_handle.h"
 #include "printerprops/socket_library.h"
 
@@ -164,9 +164,10 @@ bool DiscoverPrinterPort(HANDLE printer, PrinterLink* link) {
     PrinterLink found = {};
     bool isReachable = false;
     bool isBidirectional = false;
-    if (const PrinterInfo info = PrinterInfo::Read(printer)) {
-        isBidirectional = (info->Attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0;
-        if (info->pPortName != nullptr) isReachable = ReachPort(info->pPortName, &found);
+    const auto records = ReadPrinterInfo(printer);
+    for (const PRINTER_INFO_2W& info : records.All()) {
+        isBidirectional = (info.Attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0;
+        if (info.pPortName != nullptr) isReachable = ReachPort(info.pPortName, &found);
     }
     *link = found;
     return isReachable && (IsDirectKind(found.Kind) || isBidirectional);

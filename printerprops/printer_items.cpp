@@ -27,31 +27,11 @@ constexpr OptionItem kTray3 = {IDS_TRAY_3, IDS_INSTALLED};
 constexpr OptionItem kDuplex = {IDS_DUPLEX_OPTION, 0};
 constexpr OptionItem kOptions[] = {kTray2, kTray3, kDuplex};
 
-/// A text of the string table in a block of the page's heap, for as long as a search lasts; no text
-/// for ID 0 or one that the table lacks.
-class SearchText {
-public:
-    SearchText(const OEMCUIPPARAM& params, UINT textId)
-        : heap_(params.hOEMHeap),
-          text_(textId == 0 ? nullptr : LoadItemText(heap_, PageModule(params), textId)) {}
-    SearchText(const SearchText&) = delete;
-    SearchText& operator=(const SearchText&) = delete;
-    ~SearchText() {
-        if (text_ != nullptr) ::HeapFree(heap_, 0, text_);
-    }
-
-    explicit operator bool() const { return text_ != nullptr; }
-
-    /// Whether a text of the page is this one. The page's records may hold string IDs in the place
-    /// of texts; those never match.
-    bool Matches(LPCWSTR text) const {
-        return text_ != nullptr && !IS_INTRESOURCE(text) && TextView(text_) == text;
-    }
-
-private:
-    HANDLE heap_;
-    PWSTR text_;
-};
+/// Whether a text of the page is this one. The page's records may hold string IDs in the place of
+/// texts; those never match.
+bool IsText(LPCWSTR shown, const MessageText& wanted) {
+    return !wanted.empty() && ItemText(shown) == wanted.View();
+}
 
 LPCWSTR FirstOptionText(const OPTITEM& item) {
     const POPTPARAM first = FindChoice(item, 0);
@@ -69,7 +49,7 @@ POPTITEM FindSwitch(POEMCUIPPARAM params) {
 
 bool IsSwitchedOn(const OPTITEM* item, const OEMCUIPPARAM& params) {
     return item != nullptr && item->Sel == kSwitchOn &&
-           SearchText(params, IDS_AUTO_CONFIGURE).Matches(item->pName);
+           IsText(item->pName, MessageText(IDS_AUTO_CONFIGURE, PageModule(params)));
 }
 
 bool SetSelection(POPTITEM item, UINT32 selection) {
@@ -173,13 +153,13 @@ bool AutoConfigure(POEMCUIPPARAM params, const PrinterLink& link, bool* changed)
 }
 
 int FindDriverItemByName(POEMCUIPPARAM params, UINT nameId, UINT firstOptionId) {
-    const SearchText name(*params, nameId);
-    if (!name || params->pDrvOptItems == nullptr) return -1;
-    const SearchText firstOption(*params, firstOptionId);
+    if (params->pDrvOptItems == nullptr) return -1;
+    const MessageText name(nameId, PageModule(*params));
+    const MessageText firstOption(firstOptionId, PageModule(*params));
     for (DWORD index = 0; index < params->cDrvOptItems; ++index) {
         const OPTITEM& item = params->pDrvOptItems[index];
-        if (item.Level <= 1 || !name.Matches(item.pName)) continue;
-        if (firstOptionId == 0 || firstOption.Matches(FirstOptionText(item))) {
+        if (item.Level <= 1 || !IsText(item.pName, name)) continue;
+        if (firstOptionId == 0 || IsText(FirstOptionText(item), firstOption)) {
             return static_cast<int>(index);
         }
     }

@@ -71,21 +71,6 @@ constexpr auto kEditorHelpContexts = std::to_array<HelpContext>({
 });
 static_assert(kEditorHelpContexts.size() == 43);
 
-/// A block of the process heap.
-class HeapBlock {
-public:
-    explicit HeapBlock(PBYTE block) : block_(block) {}
-    HeapBlock(const HeapBlock&) = delete;
-    HeapBlock& operator=(const HeapBlock&) = delete;
-    ~HeapBlock() {
-        if (block_ != nullptr) ::HeapFree(::GetProcessHeap(), 0, block_);
-    }
-    PBYTE Get() const { return block_; }
-
-private:
-    PBYTE block_;
-};
-
 TextView HelpFileName() {
     return TextIn(Model().HelpFile);
 }
@@ -135,10 +120,10 @@ DWORD HelpTopicOfControl(int controlId) {
 bool FindHelpFilePath(WCHAR (&path)[MAX_PATH]) {
     const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName, PRINTER_ACCESS_USE);
     if (!printer) return DefaultHelpFilePath(path);
-    const HeapBlock block(QueryDriverInfo(::GetProcessHeap(), printer.Get(), 2));
-    const auto* const driver = reinterpret_cast<const DRIVER_INFO_2W*>(block.Get());
-    return driver != nullptr && driver->pDriverPath != nullptr &&
-           BesideDriver(driver->pDriverPath, path);
+    const HeapBlock info = QueryDriverInfo(::GetProcessHeap(), printer.Get(), 2);
+    if (!info) return false;
+    const LPCWSTR driver = info.As<DRIVER_INFO_2W>().pDriverPath;
+    return driver != nullptr && BesideDriver(driver, path);
 }
 
 bool DefaultHelpFilePath(WCHAR (&path)[MAX_PATH]) {
