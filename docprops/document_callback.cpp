@@ -142,7 +142,7 @@ bool IsWatermarkItem(const OEMCUIPPARAM& params, const OPTITEM* item) {
 void FillEditorList(const OEMCUIPPARAM& params, const PrivateDevmode& devmode,
                     WatermarkList* list) {
     // A list that cannot be read is empty, and the editor then starts from the defaults.
-    ReadPrinterWatermarkList(params.hPrinter, list);
+    static_cast<void>(ReadPrinterWatermarkList(params.hPrinter, list));
     const UINT32 index = UsableWatermarkIndex(devmode.WatermarkIndex);
     list->NoneSelected = devmode.WatermarkOn;
     list->Selected = static_cast<INT32>(index);

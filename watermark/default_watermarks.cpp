@@ -1,7 +1,5 @@
 #include "watermark/default_watermarks.h"
 
-#include <iterator>
-
 #include "common/model_identity.h"
 #include "resources/resource_ids.h"
 #include "watermark/watermark_angle.h"
@@ -17,37 +15,26 @@ namespace {
 constexpr int kDecimal = 10;
 
 /// One value of the default file, at most 511 characters; empty when it is missing.
-class DefaultFileValue {
-public:
-    explicit DefaultFileValue(LPCWSTR key) {
-        ::GetPrivateProfileStringW(TEXT("WatermarkInfo"), key, TEXT(""), characters_,
-                                   static_cast<DWORD>(std::size(characters_)),
-                                   Model().DefaultWatermarkFile);
-    }
-
-    TextView View() const { return TextIn(characters_); }
-
-private:
-    WCHAR characters_[512] = {};
-};
+FixedText<512> DefaultFileValue(LPCWSTR key) {
+    FixedText<512> value;
+    ::GetPrivateProfileStringW(TEXT("WatermarkInfo"), key, TEXT(""), value.Room(), 512,
+                               Model().DefaultWatermarkFile);
+    return value;
+}
 
 /// How many entries the file gives; a file that declares more than a list holds is read that far.
 INT32 DeclaredCount() {
-    const DefaultFileValue value(TEXT("NUM"));
+    const auto value = DefaultFileValue(TEXT("NUM"));
     const TextView number = value.View().substr(0, value.View().find(TEXT(',')));
-    const INT32 count = ParseInteger(number, kDecimal);
-    return std::clamp(count, INT32{0}, kWatermarkCapacity);
-}
-
-void ReadEntry(INT32 index, WatermarkRecord* record) {
-    WCHAR key[16];
-    ::wsprintfW(key, TEXT("dat%ld"), index);
-    ParseDefaultWatermarkLine(DefaultFileValue(key).View(), record);
+    return std::clamp(ParseInteger(number, kDecimal), INT32{0}, kWatermarkCapacity);
 }
 
 void ReadDefaultFile(WatermarkList* list) {
     const INT32 count = DeclaredCount();
-    for (INT32 i = 0; i < count; ++i) ReadEntry(i, &list->Entries[i]);
+    for (INT32 i = 0; i < count; ++i) {
+        const auto line = DefaultFileValue(PrintText(TEXT("dat%ld"), i).c_str());
+        ParseDefaultWatermarkLine(line.View(), &list->Entries[i]);
+    }
     list->NoneSelected = 0;
     list->Count = count;
     list->Selected = 0;

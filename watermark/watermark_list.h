@@ -4,7 +4,7 @@
 
 #include <span>
 
-#include "common/text.h"
+#include "common/fixed_text.h"
 #include "watermark/watermark_limits.h"
 
 namespace oemui {

@@ -1,5 +1,6 @@
 #include "watermark/watermark_store.h"
 
+#include "common/message.h"
 #include "common/unique_handle.h"
 #include "resources/resource_ids.h"
 #include "watermark/damaged_list.h"

@@ -32,12 +32,11 @@ void FillWatermarkList(HWND dialog, const WatermarkList& list, INT32 selected) {
     LONG widest = 0;
     UINT32 number = 0;
     for (const WatermarkRecord& entry : ListedEntries(list)) {
-        AddNumberedItem(dialog, IDC_WATERMARK_LIST, entry.Name, number++);
+        Control(dialog, IDC_WATERMARK_LIST).AddNumbered(entry.Name, number++);
         widest = std::max(widest, TextWidth(context.Get(), TextIn(entry.Name)));
     }
-    SelectItem(dialog, IDC_WATERMARK_LIST, selected);
-    ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_SETDROPPEDWIDTH,
-                          static_cast<WPARAM>(widest), 0);
+    Control(dialog, IDC_WATERMARK_LIST).Select(selected);
+    Control(dialog, IDC_WATERMARK_LIST).Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest));
 }
 
 void FillFixedLists(HWND dialog) {
@@ -47,18 +46,18 @@ void FillFixedLists(HWND dialog) {
                             reinterpret_cast<LPARAM>(dialog));
     }
     for (const WatermarkColor& color : kWatermarkColors) {
-        AddItem(dialog, IDC_COLOR, LoadedText<kListTextCapacity>(color.textId).c_str());
+        Control(dialog, IDC_COLOR).Add(ListText(color.textId).c_str());
     }
     for (const AngleChoice& choice : kAngleChoices) {
-        AddNumberedItem(dialog, IDC_ANGLE, LoadedText<kListTextCapacity>(choice.textId).c_str(),
-                        StoredValue(choice.kind));
+        Control(dialog, IDC_ANGLE)
+            .AddNumbered(ListText(choice.textId).c_str(), StoredValue(choice.kind));
     }
 }
 
 int CALLBACK AddFontFamilyToList(const LOGFONTW* font, const TEXTMETRICW* metrics, DWORD fontType,
                                  LPARAM dialog) noexcept {
     if (BelongsInList(*metrics, fontType)) {
-        AddItem(reinterpret_cast<HWND>(dialog), IDC_TYPEFACE, font->lfFaceName);
+        Control(reinterpret_cast<HWND>(dialog), IDC_TYPEFACE).Add(font->lfFaceName);
     }
     return 1;
 }

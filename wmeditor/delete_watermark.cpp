@@ -1,5 +1,6 @@
 #include "wmeditor/delete_watermark.h"
 
+#include "common/message.h"
 #include "resources/resource_ids.h"
 #include "wmeditor/dialog_controls.h"
 #include "wmeditor/editor_form.h"
@@ -13,7 +14,7 @@ void RemoveListItems(const EditorSession& session) {
     while (--index >= 0) {
         const bool isUsed = WorkingWatermarkList.Entries[index].InUse == 1;
         if (isUsed && index != session.CurrentIndex()) continue;
-        RemoveItem(session.Dialog(), IDC_WATERMARK_LIST, index);
+        Control(session.Dialog(), IDC_WATERMARK_LIST).Remove(index);
     }
 }
 
@@ -21,10 +22,10 @@ void RemoveCurrentEntry(EditorSession& session) {
     const HWND dialog = session.Dialog();
     RemoveListItems(session);
     session.RemoveCurrent();
-    SelectItem(dialog, IDC_WATERMARK_LIST, session.CurrentIndex());
+    Control(dialog, IDC_WATERMARK_LIST).Select(session.CurrentIndex());
     ShowEdited(session);
     if (session.CurrentIndex() == 0) EnableForCurrentEntry(session);
-    EnableControl(dialog, IDC_CANCEL, false);
+    Control(dialog, IDC_CANCEL).Enable(false);
 }
 
 }  // namespace
@@ -43,7 +44,7 @@ void DeleteCurrentWatermark(EditorSession& session) {
     } else if (IsListed(WorkingWatermarkList, session.CurrentIndex())) {
         RemoveCurrentEntry(session);
     }
-    EnableControl(dialog, IDC_NEW, true);
+    Control(dialog, IDC_NEW).Enable(true);
 }
 
 }  // namespace oemui

@@ -8,98 +8,82 @@
 
 #include <span>
 
-#include "common/text.h"
+#include "common/fixed_text.h"
 
 namespace oemui {
 
-inline void EnableControl(HWND dialog, int controlId, bool enabled) {
-    const HWND control = ::GetDlgItem(dialog, controlId);
-    if (control != nullptr) ::EnableWindow(control, enabled ? TRUE : FALSE);
-}
+/// One control of a dialog.
+class Control {
+public:
+    Control(HWND dialog, int id) : dialog_(dialog), id_(id) {}
+
+    [[nodiscard]] HWND Window() const { return ::GetDlgItem(dialog_, id_); }
+    LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
+        return ::SendDlgItemMessageW(dialog_, id_, message, first, second);
+    }
+
+    void Enable(bool enabled) const {
+        if (const HWND window = Window()) ::EnableWindow(window, enabled ? TRUE : FALSE);
+    }
+    void Focus() const {
+        if (const HWND window = Window()) ::SetFocus(window);
+    }
+
+    // Buttons
+    void Check(bool checked) const { Send(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED); }
+    [[nodiscard]] BYTE CheckState() const { return static_cast<BYTE>(Send(BM_GETCHECK)); }
+
+    // Edits and their up-downs
+    void Show(LPCWSTR text) const { ::SetDlgItemTextW(dialog_, id_, text); }
+    void ShowNumber(INT32 number) const { ShowInteger(number, FALSE); }
+    void ShowSigned(INT32 number) const { ShowInteger(number, TRUE); }
+    [[nodiscard]] INT32 Number() const { return Integer(FALSE); }
+    [[nodiscard]] INT32 SignedNumber() const { return Integer(TRUE); }
+    void LimitText(WPARAM characters) const { Send(EM_LIMITTEXT, characters); }
+    void SetRange(INT32 lowest, INT32 highest) const {
+        Send(UDM_SETRANGE, 0, MAKELPARAM(highest, lowest));
+    }
+    /// Reads the text, cut to the array. One that cannot be read leaves the array as it is.
+    template <std::size_t Capacity>
+    void ReadText(WCHAR (&text)[Capacity]) const {
+        const HWND window = Window();
+        if (window == nullptr) return;
+        FixedText<Capacity> read;
+        const int length = ::GetWindowTextW(window, read.Room(), static_cast<int>(Capacity));
+        if (length > 0 || ::GetWindowTextLengthW(window) == 0) CopyText(text, read.View());
+    }
+
+    // Lists; positions and the numbers that items carry are negative where there is none.
+    LRESULT Add(LPCWSTR text) const { return SendText(CB_ADDSTRING, text); }
+    void AddNumbered(LPCWSTR text, UINT32 number) const {
+        const LRESULT position = Add(text);
+        if (position >= 0) Send(CB_SETITEMDATA, static_cast<WPARAM>(position), LPARAM{number});
+    }
+    [[nodiscard]] LRESULT Find(LPCWSTR text) const { return SendText(CB_FINDSTRINGEXACT, text); }
+    void Remove(INT32 position) const { Send(CB_DELETESTRING, static_cast<WPARAM>(position)); }
+    void Select(LRESULT position) const { Send(CB_SETCURSEL, static_cast<WPARAM>(position)); }
+    [[nodiscard]] INT32 Selected() const { return static_cast<INT32>(Send(CB_GETCURSEL)); }
+    [[nodiscard]] LRESULT SelectedNumber() const {
+        return Send(CB_GETITEMDATA, static_cast<WPARAM>(Selected()));
+    }
+
+private:
+    void ShowInteger(INT32 number, BOOL isSigned) const {
+        ::SetDlgItemInt(dialog_, id_, static_cast<UINT>(number), isSigned);
+    }
+    INT32 Integer(BOOL isSigned) const {
+        return static_cast<INT32>(::GetDlgItemInt(dialog_, id_, nullptr, isSigned));
+    }
+    LRESULT SendText(UINT message, LPCWSTR text) const {
+        return Send(message, 0, reinterpret_cast<LPARAM>(text));
+    }
+
+    HWND dialog_;
+    int id_;
+};
 
 inline void EnableControls(HWND dialog, std::span<const int> controlIds, bool enabled) {
-    for (const int controlId : controlIds) EnableControl(dialog, controlId, enabled);
-}
-
-inline void FocusControl(HWND dialog, int controlId) {
-    const HWND control = ::GetDlgItem(dialog, controlId);
-    if (control != nullptr) ::SetFocus(control);
-}
-
-inline void SetCheck(HWND dialog, int buttonId, bool checked) {
-    ::SendDlgItemMessageW(dialog, buttonId, BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
-}
-
-[[nodiscard]] inline BYTE CheckState(HWND dialog, int buttonId) {
-    return static_cast<BYTE>(::SendDlgItemMessageW(dialog, buttonId, BM_GETCHECK, 0, 0));
-}
-
-inline void SetNumber(HWND dialog, int editId, INT32 number) {
-    ::SetDlgItemInt(dialog, editId, static_cast<UINT>(number), FALSE);
-}
-
-inline void SetSignedNumber(HWND dialog, int editId, INT32 number) {
-    ::SetDlgItemInt(dialog, editId, static_cast<UINT>(number), TRUE);
-}
-
-[[nodiscard]] inline INT32 Number(HWND dialog, int editId) {
-    return static_cast<INT32>(::GetDlgItemInt(dialog, editId, nullptr, FALSE));
-}
-
-[[nodiscard]] inline INT32 SignedNumber(HWND dialog, int editId) {
-    return static_cast<INT32>(::GetDlgItemInt(dialog, editId, nullptr, TRUE));
-}
-
-inline void LimitText(HWND dialog, int editId, WPARAM characters) {
-    ::SendDlgItemMessageW(dialog, editId, EM_LIMITTEXT, characters, 0);
-}
-
-inline void SetUpDownRange(HWND dialog, int upDownId, INT32 lowest, INT32 highest) {
-    ::SendDlgItemMessageW(dialog, upDownId, UDM_SETRANGE, 0, MAKELPARAM(highest, lowest));
-}
-
-/// Reads a control's text, cut to the array. A text that cannot be read leaves the array as it is.
-template <std::size_t Capacity>
-void ReadText(HWND dialog, int controlId, WCHAR (&text)[Capacity]) {
-    const HWND control = ::GetDlgItem(dialog, controlId);
-    if (control == nullptr) return;
-    WCHAR read[Capacity] = {};
-    const int length = ::GetWindowTextW(control, read, static_cast<int>(Capacity));
-    if (length == 0 && ::GetWindowTextLengthW(control) > 0) return;
-    CopyText(text, TextIn(read));
-}
-
-/// Adds an item to a list. \return its position; negative when it could not be added.
-inline LRESULT AddItem(HWND dialog, int listId, LPCWSTR text) {
-    return ::SendDlgItemMessageW(dialog, listId, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-}
-
-/// The same with a number for the item to carry.
-inline void AddNumberedItem(HWND dialog, int listId, LPCWSTR text, UINT32 number) {
-    const LRESULT position = AddItem(dialog, listId, text);
-    if (position < 0) return;
-    ::SendDlgItemMessageW(dialog, listId, CB_SETITEMDATA, static_cast<WPARAM>(position),
-                          static_cast<LPARAM>(number));
-}
-
-inline void RemoveItem(HWND dialog, int listId, INT32 position) {
-    ::SendDlgItemMessageW(dialog, listId, CB_DELETESTRING, static_cast<WPARAM>(position), 0);
-}
-
-/// Selects an item of a list; none when there is no such position.
-inline void SelectItem(HWND dialog, int listId, INT32 position) {
-    ::SendDlgItemMessageW(dialog, listId, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
-}
-
-/// The selected position of a list; -1 without a selection.
-[[nodiscard]] inline INT32 SelectedPosition(HWND dialog, int listId) {
-    return static_cast<INT32>(::SendDlgItemMessageW(dialog, listId, CB_GETCURSEL, 0, 0));
-}
-
-/// The number that the selected item carries; negative without a selection.
-[[nodiscard]] inline LRESULT SelectedNumber(HWND dialog, int listId) {
-    const auto position = static_cast<WPARAM>(SelectedPosition(dialog, listId));
-    return ::SendDlgItemMessageW(dialog, listId, CB_GETITEMDATA, position, 0);
+    for (const int controlId : controlIds) Control(dialog, controlId).Enable(enabled);
 }
 
 /// A device context of a window, given back at the end of its scope; none without a window.

@@ -51,7 +51,7 @@ constexpr auto kEditorCommands = std::to_array<EditorCommand>({
 /// \return whether the dialog has ended.
 bool HandleCommand(EditorSession& session, HWND dialog, int controlId, UINT notification) {
     if (!session.IsOpenIn(dialog)) return false;
-    if (controlId != IDC_WATERMARK_LIST) EnableControl(dialog, IDC_CANCEL, true);
+    if (controlId != IDC_WATERMARK_LIST) Control(dialog, IDC_CANCEL).Enable(true);
     if (HandleSettingCommand(session, controlId, notification)) return false;
     const auto command = std::ranges::find(kEditorCommands, controlId, &EditorCommand::controlId);
     if (command == kEditorCommands.end()) return false;

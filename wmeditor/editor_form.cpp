@@ -32,24 +32,19 @@ constexpr WPARAM kAngleCharacters = 4;  // "-180"
 
 /// Selects the item of a number that may be any; none when the list has no such item.
 void SelectNumber(HWND dialog, int listId, UINT32 number, std::size_t count) {
-    SelectItem(dialog, listId, number < count ? static_cast<INT32>(number) : -1);
-}
-
-/// A typeface that is not installed leaves the list's selection as it was.
-void SelectTypeface(HWND dialog, const WatermarkRecord& record) {
-    const LRESULT position = ::SendDlgItemMessageW(dialog, IDC_TYPEFACE, CB_FINDSTRINGEXACT, 0,
-                                                   reinterpret_cast<LPARAM>(record.FaceName));
-    if (position >= 0) SelectItem(dialog, IDC_TYPEFACE, static_cast<INT32>(position));
+    Control(dialog, listId).Select(number < count ? LRESULT{number} : -1);
 }
 
 void ShowFont(EditorSession& session, const WatermarkRecord& record) {
     const HWND dialog = session.Dialog();
-    SelectTypeface(dialog, record);
-    SetNumber(dialog, IDC_POINT_SIZE, record.PointSize);
-    SetUpDownRange(dialog, IDC_POINT_SIZE_SPIN, kMinimumPointSize, kMaximumPointSize);
-    LimitText(dialog, IDC_POINT_SIZE, kSizeDigits);
-    SetCheck(dialog, IDC_BOLD, record.Bold != 0);
-    SetCheck(dialog, IDC_ITALIC, record.Italic != 0);
+    // A typeface that is not installed leaves the list's selection as it was.
+    const LRESULT typeface = Control(dialog, IDC_TYPEFACE).Find(record.FaceName);
+    if (typeface >= 0) Control(dialog, IDC_TYPEFACE).Select(typeface);
+    Control(dialog, IDC_POINT_SIZE).ShowNumber(record.PointSize);
+    Control(dialog, IDC_POINT_SIZE_SPIN).SetRange(kMinimumPointSize, kMaximumPointSize);
+    Control(dialog, IDC_POINT_SIZE).LimitText(kSizeDigits);
+    Control(dialog, IDC_BOLD).Check(record.Bold != 0);
+    Control(dialog, IDC_ITALIC).Check(record.Italic != 0);
     session.SetPreview(&WatermarkRecord::PointSize, record.PointSize);
 }
 
@@ -66,20 +61,20 @@ void ShowAngle(EditorSession& session, const WatermarkRecord& record) {
                        DegreesOfKind(record.AngleKind, record.AngleDegrees));
     EnableUserAngleByChoice(dialog);
     // The edit's own handling brings both records' angle to what is shown here, within its limits.
-    SetSignedNumber(dialog, IDC_USER_ANGLE, record.AngleDegrees);
-    SetUpDownRange(dialog, IDC_USER_ANGLE_SPIN, -kLargestUserAngle, kLargestUserAngle);
-    LimitText(dialog, IDC_USER_ANGLE, kAngleCharacters);
+    Control(dialog, IDC_USER_ANGLE).ShowSigned(record.AngleDegrees);
+    Control(dialog, IDC_USER_ANGLE_SPIN).SetRange(-kLargestUserAngle, kLargestUserAngle);
+    Control(dialog, IDC_USER_ANGLE).LimitText(kAngleCharacters);
 }
 
 void ShowPosition(HWND dialog, const WatermarkRecord& record) {
     const bool isCentred = record.PositionKind == StoredValue(PositionKind::kCenter);
-    SetCheck(dialog, IDC_CENTER, isCentred);
-    SetCheck(dialog, IDC_USER_POSITION, !isCentred);
+    Control(dialog, IDC_CENTER).Check(isCentred);
+    Control(dialog, IDC_USER_POSITION).Check(!isCentred);
     EnableOffsets(dialog, !isCentred);
-    SetSignedNumber(dialog, IDC_HORIZONTAL, record.OffsetX);
-    SetUpDownRange(dialog, IDC_HORIZONTAL_SPIN, -kLargestOffset, kLargestOffset);
-    SetSignedNumber(dialog, IDC_VERTICAL, record.OffsetY);
-    SetUpDownRange(dialog, IDC_VERTICAL_SPIN, -kLargestOffset, kLargestOffset);
+    Control(dialog, IDC_HORIZONTAL).ShowSigned(record.OffsetX);
+    Control(dialog, IDC_HORIZONTAL_SPIN).SetRange(-kLargestOffset, kLargestOffset);
+    Control(dialog, IDC_VERTICAL).ShowSigned(record.OffsetY);
+    Control(dialog, IDC_VERTICAL_SPIN).SetRange(-kLargestOffset, kLargestOffset);
 }
 
 }  // namespace
@@ -89,8 +84,8 @@ void ShowEdited(EditorSession& session) {
     const WatermarkRecord record = session.Edited();
     const HWND dialog = session.Dialog();
     session.SetPreviewRecord(record);
-    ::SetDlgItemTextW(dialog, IDC_NAME, record.Name);
-    ::SetDlgItemTextW(dialog, IDC_TEXT, record.Text);
+    Control(dialog, IDC_NAME).Show(record.Name);
+    Control(dialog, IDC_TEXT).Show(record.Text);
     ShowFont(session, record);
     ShowColor(session, record);
     ShowAngle(session, record);
@@ -100,12 +95,12 @@ void ShowEdited(EditorSession& session) {
 
 void EnableForCurrentEntry(const EditorSession& session) {
     const bool canBeChanged = session.CurrentIndex() != 0;
-    EnableControl(session.Dialog(), IDC_DELETE, canBeChanged);
+    Control(session.Dialog(), IDC_DELETE).Enable(canBeChanged);
     EnableSettings(session.Dialog(), canBeChanged);
 }
 
 void ShowSelectedEntry(EditorSession& session) {
-    session.Select(SelectedPosition(session.Dialog(), IDC_WATERMARK_LIST));
+    session.Select(Control(session.Dialog(), IDC_WATERMARK_LIST).Selected());
     EnableForCurrentEntry(session);
     ShowEdited(session);
 }
@@ -116,7 +111,7 @@ void EnableSettings(HWND dialog, bool enabled) {
 
 void EnableUserAngleByChoice(HWND dialog) {
     const bool isUserDefine =
-        SelectedNumber(dialog, IDC_ANGLE) == StoredValue(AngleKind::kUserDefine);
+        Control(dialog, IDC_ANGLE).SelectedNumber() == StoredValue(AngleKind::kUserDefine);
     EnableControls(dialog, kUserAngle, isUserDefine);
 }
 
@@ -127,16 +122,16 @@ void EnableOffsets(HWND dialog, bool enabled) {
 WatermarkRecord RecordInControls(const EditorSession& session) {
     const HWND dialog = session.Dialog();
     WatermarkRecord record = session.Edited();
-    ReadText(dialog, IDC_NAME, record.Name);
-    ReadText(dialog, IDC_TEXT, record.Text);
-    ReadText(dialog, IDC_TYPEFACE, record.FaceName);
-    record.PointSize = SignedNumber(dialog, IDC_POINT_SIZE);
-    record.Bold = CheckState(dialog, IDC_BOLD);
-    record.Italic = CheckState(dialog, IDC_ITALIC);
-    record.ColorIndex = static_cast<UINT32>(SelectedPosition(dialog, IDC_COLOR));
+    Control(dialog, IDC_NAME).ReadText(record.Name);
+    Control(dialog, IDC_TEXT).ReadText(record.Text);
+    Control(dialog, IDC_TYPEFACE).ReadText(record.FaceName);
+    record.PointSize = Control(dialog, IDC_POINT_SIZE).SignedNumber();
+    record.Bold = Control(dialog, IDC_BOLD).CheckState();
+    record.Italic = Control(dialog, IDC_ITALIC).CheckState();
+    record.ColorIndex = static_cast<UINT32>(Control(dialog, IDC_COLOR).Selected());
     SetColorFromIndex(&record, record.ColorIndex);
-    record.AngleKind = static_cast<UINT32>(SelectedPosition(dialog, IDC_ANGLE));
-    record.AngleDegrees = SignedNumber(dialog, IDC_USER_ANGLE);
+    record.AngleKind = static_cast<UINT32>(Control(dialog, IDC_ANGLE).Selected());
+    record.AngleDegrees = Control(dialog, IDC_USER_ANGLE).SignedNumber();
     return record;
 }
 

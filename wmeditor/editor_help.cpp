@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 #include "common/driver_info.h"
-#include "common/join_text.h"
 #include "common/model_identity.h"
 #include "common/page_state.h"
 #include "common/unique_handle.h"
@@ -71,16 +69,12 @@ constexpr auto kEditorHelpContexts = std::to_array<HelpContext>({
 });
 static_assert(kEditorHelpContexts.size() == 43);
 
-TextView HelpFileName() {
-    return TextIn(Model().HelpFile);
-}
-
 /// The help file in the directory of the driver's own file.
-bool BesideDriver(LPCWSTR driverPath, WCHAR (&path)[MAX_PATH]) {
+bool BesideDriver(LPCWSTR driverPath, HelpPath* path) {
     const TextView driver(driverPath);
     const std::size_t lastBackslash = driver.rfind(TEXT('\\'));
     if (lastBackslash == TextView::npos) return false;
-    return JoinText(path, {driver.substr(0, lastBackslash + 1), HelpFileName()});
+    return path->Join({driver.substr(0, lastBackslash + 1), TextIn(Model().HelpFile)});
 }
 
 /// Asks with the extended version record first: not every system knows it.
@@ -99,14 +93,14 @@ bool ReadSystemPlatform(DWORD* platform) {
 }  // namespace
 
 void ShowControlHelp(HWND dialog, const HELPINFO* request) {
-    WCHAR path[MAX_PATH];
-    if (request == nullptr || !FindHelpFilePath(path)) return;
-    ::WinHelpW(dialog, path, HELP_CONTEXTPOPUP, HelpTopicOfControl(request->iCtrlId));
+    HelpPath path;
+    if (request == nullptr || !FindHelpFilePath(&path)) return;
+    ::WinHelpW(dialog, path.c_str(), HELP_CONTEXTPOPUP, HelpTopicOfControl(request->iCtrlId));
 }
 
 void ShowEditorHelp(HWND dialog) {
-    WCHAR path[MAX_PATH];
-    if (FindHelpFilePath(path)) ::WinHelpW(dialog, path, HELP_CONTEXT, kEditorTopic);
+    HelpPath path;
+    if (FindHelpFilePath(&path)) ::WinHelpW(dialog, path.c_str(), HELP_CONTEXT, kEditorTopic);
 }
 
 DWORD HelpTopicOfControl(int controlId) {
@@ -117,7 +111,7 @@ DWORD HelpTopicOfControl(int controlId) {
     return std::max(context, kFirstControlTopic);
 }
 
-bool FindHelpFilePath(WCHAR (&path)[MAX_PATH]) {
+bool FindHelpFilePath(HelpPath* path) {
     const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName, PRINTER_ACCESS_USE);
     if (!printer) return DefaultHelpFilePath(path);
     const HeapBlock info = QueryDriverInfo(::GetProcessHeap(), printer.Get(), 2);
@@ -126,15 +120,15 @@ bool FindHelpFilePath(WCHAR (&path)[MAX_PATH]) {
     return driver != nullptr && BesideDriver(driver, path);
 }
 
-bool DefaultHelpFilePath(WCHAR (&path)[MAX_PATH]) {
+bool DefaultHelpFilePath(HelpPath* path) {
     DWORD platform = 0;
     if (!ReadSystemPlatform(&platform)) return false;
-    WCHAR directory[MAX_PATH];
-    const UINT length = ::GetSystemDirectoryW(directory, static_cast<UINT>(std::size(directory)));
-    if (length == 0 || length >= std::size(directory)) return false;
-    const TextView system(directory, length);
-    if (platform != VER_PLATFORM_WIN32_NT) return JoinText(path, {system});
-    return JoinText(path, {system, TEXT("\\spool\\drivers\\x64\\3\\"), HelpFileName()});
+    FixedText<MAX_PATH> system;
+    const UINT length = ::GetSystemDirectoryW(system.Room(), MAX_PATH);
+    if (length == 0 || length >= MAX_PATH) return false;
+    if (platform != VER_PLATFORM_WIN32_NT) return path->Join({system.View()});
+    return path->Join(
+        {system.View(), TEXT("\\spool\\drivers\\x64\\3\\"), TextIn(Model().HelpFile)});
 }
 
 }  // namespace oemui

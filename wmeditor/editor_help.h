@@ -2,9 +2,11 @@
 /// reported when there is none. User-interface thread only.
 #pragma once
 
-#include <windows.h>
+#include "common/fixed_text.h"
 
 namespace oemui {
+
+using HelpPath = FixedText<MAX_PATH>;
 
 /// Answers `WM_HELP`: pops up the topic of the control asked about.
 void ShowControlHelp(HWND dialog, const HELPINFO* request);
@@ -19,10 +21,10 @@ void ShowEditorHelp(HWND dialog);
 /// cannot be opened.
 /// \return false, with the path as it was, when the driver's directory is unknown or path and name
 ///         do not fit.
-[[nodiscard]] bool FindHelpFilePath(WCHAR (&path)[MAX_PATH]);
+[[nodiscard]] bool FindHelpFilePath(HelpPath* path);
 
 /// The help file where driver files are kept when no printer tells.
 /// \return false, with the path as it was, when the system does not tell or the path does not fit.
-[[nodiscard]] bool DefaultHelpFilePath(WCHAR (&path)[MAX_PATH]);
+[[nodiscard]] bool DefaultHelpFilePath(HelpPath* path);
 
 }  // namespace oemui

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "common/message.h"
 #include "common/page_state.h"
 #include "resources/resource_ids.h"
 #include "watermark/damaged_list.h"

@@ -42,16 +42,13 @@ public:
     [[nodiscard]] INT32 UserAngleStart() const { return userAngleStart_; }
 
     /// Sets a field of the edited record, of the preview's, or of both; texts are cut to the field.
-    template <typename Field, typename Value>
-    void SetEdited(Field WatermarkRecord::*field, const Value& value) {
+    void SetEdited(auto WatermarkRecord::*field, const auto& value) {
         Assign(edited_.*field, value);
     }
-    template <typename Field, typename Value>
-    void SetPreview(Field WatermarkRecord::*field, const Value& value) {
+    void SetPreview(auto WatermarkRecord::*field, const auto& value) {
         Assign(preview_.*field, value);
     }
-    template <typename Field, typename Value>
-    void SetBoth(Field WatermarkRecord::*field, const Value& value) {
+    void SetBoth(auto WatermarkRecord::*field, const auto& value) {
         SetEdited(field, value);
         SetPreview(field, value);
     }
@@ -97,8 +94,8 @@ public:
     void Cancel();
 
 private:
-    template <typename Field, typename Value>
-    static void Assign(Field& field, const Value& value) {
+    template <typename Field>
+    static void Assign(Field& field, const auto& value) {
         if constexpr (std::is_array_v<Field>) {
             CopyText(field, value);
         } else {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/message.h"
 #include "resources/resource_ids.h"
 #include "wmeditor/dialog_controls.h"
 #include "wmeditor/editor_form.h"
@@ -26,39 +27,33 @@ void ShowNewWatermark(EditorSession& session) {
     const HWND dialog = session.Dialog();
     session.StartAdding();
     ShowEdited(session);
-    WCHAR name[kNameCapacity];
-    MakeDefaultWatermarkName(WorkingWatermarkList, name);
-    ::SetDlgItemTextW(dialog, IDC_NAME, name);
-    ::SetDlgItemTextW(dialog, IDC_TEXT,
-                      LoadedText<kListTextCapacity>(IDS_NEW_WATERMARK_TEXT).c_str());
-    FocusControl(dialog, IDC_NAME);
+    Control(dialog, IDC_NAME).Show(DefaultWatermarkName(WorkingWatermarkList).c_str());
+    Control(dialog, IDC_TEXT).Show(ListText(IDS_NEW_WATERMARK_TEXT).c_str());
+    Control(dialog, IDC_NAME).Focus();
 }
 
 }  // namespace
 
 void StartNewWatermark(EditorSession& session) {
     const HWND dialog = session.Dialog();
-    EnableControl(dialog, IDC_NEW, false);
+    Control(dialog, IDC_NEW).Enable(false);
     if (WorkingWatermarkList.Count >= kWatermarkCapacity) {
         ShowMessage(IDS_LIST_FULL, IDS_CAPTION_ERROR, MB_OK);
         if (!session.IsOpenIn(dialog)) return;
     } else {
-        EnableControl(dialog, IDC_DELETE, false);
-        EnableControl(dialog, IDC_WATERMARK_LIST, false);
+        Control(dialog, IDC_DELETE).Enable(false);
+        Control(dialog, IDC_WATERMARK_LIST).Enable(false);
         ShowNewWatermark(session);
     }
     EnableSettings(dialog, true);
 }
 
-void MakeDefaultWatermarkName(const WatermarkList& list, WCHAR (&name)[kNameCapacity]) {
-    const LoadedText<kListTextCapacity> base(IDS_NEW_WATERMARK_NAME);
-    WCHAR candidate[2 * kListTextCapacity];
-    LONG number = 0;
-    do {
-        ++number;
-        ::wsprintfW(candidate, TEXT("%s - #%ld"), base.c_str(), number);
-    } while (NameIsTaken(list, TextIn(candidate)));
-    CopyText(name, TextIn(candidate));
+FixedText<kNameCapacity> DefaultWatermarkName(const WatermarkList& list) {
+    const ListText base(IDS_NEW_WATERMARK_NAME);
+    for (LONG number = 1;; ++number) {
+        const auto candidate = PrintText(TEXT("%s - #%ld"), base.c_str(), number);
+        if (!NameIsTaken(list, candidate.View())) return FixedText<kNameCapacity>(candidate.View());
+    }
 }
 
 bool ValidateNewWatermark(const WatermarkList& list, const WatermarkRecord& record) {

@@ -10,7 +10,7 @@ namespace oemui {
 void StartNewWatermark(EditorSession& session);
 
 /// Proposes "Watermark - #" and the smallest number from 1 that no entry but entry 0 uses.
-void MakeDefaultWatermarkName(const WatermarkList& list, WCHAR (&name)[kNameCapacity]);
+[[nodiscard]] FixedText<kNameCapacity> DefaultWatermarkName(const WatermarkList& list);
 
 /// Whether the record may be added to the list: a name other than entry 0's, and neither name nor
 /// text blank. Tells the user what is wrong.

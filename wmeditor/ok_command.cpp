@@ -1,5 +1,6 @@
 #include "wmeditor/ok_command.h"
 
+#include "common/message.h"
 #include "resources/resource_ids.h"
 #include "wmeditor/dialog_controls.h"
 #include "wmeditor/editor_form.h"
@@ -19,15 +20,14 @@ void AddNewEntry(EditorSession& session) {
     session.Add(record);
     const INT32 selected = WorkingWatermarkList.Selected;
     if (selected <= 0) return;
-    AddItem(session.Dialog(), IDC_WATERMARK_LIST, WorkingWatermarkList.Entries[selected].Name);
-    SelectItem(session.Dialog(), IDC_WATERMARK_LIST, selected);
+    Control(session.Dialog(), IDC_WATERMARK_LIST).Add(WorkingWatermarkList.Entries[selected].Name);
+    Control(session.Dialog(), IDC_WATERMARK_LIST).Select(selected);
 }
 
 void AnnounceSelected(const WatermarkRecord& selected) {
-    const LoadedText<kMessageCapacity> format(IDS_NEW_WATERMARK_SELECTED);
-    WCHAR text[kMessageCapacity + kNameCapacity] = {};
-    ::wsprintfW(text, format.c_str(), selected.Name);
-    ShowMessageText(text, IDS_CAPTION_WATERMARK, MB_OK);
+    const MessageText format(IDS_NEW_WATERMARK_SELECTED);
+    const auto text = PrintText(format.c_str(), selected.Name);
+    ShowMessageText(text.c_str(), IDS_CAPTION_WATERMARK, MB_OK);
 }
 
 void ConfirmNewEntry(EditorSession& session) {
@@ -45,7 +45,7 @@ void ConfirmNewEntry(EditorSession& session) {
 }
 
 void ShowOpeningSelection(EditorSession& session) {
-    SelectItem(session.Dialog(), IDC_WATERMARK_LIST, session.RestoreOpeningSelection());
+    Control(session.Dialog(), IDC_WATERMARK_LIST).Select(session.RestoreOpeningSelection());
     ShowSelectedEntry(session);
 }
 
@@ -66,7 +66,7 @@ void ConfirmEditedEntry(EditorSession& session) {
         if (!MayStoreEdited(session)) return;
         session.StoreEdited();
     }
-    session.Save(SelectedPosition(session.Dialog(), IDC_WATERMARK_LIST));
+    session.Save(Control(session.Dialog(), IDC_WATERMARK_LIST).Selected());
 }
 
 }  // namespace

@@ -11,25 +11,24 @@ namespace {
 
 /// A number with a sign takes four characters, one above zero three.
 void LimitSignedNumber(HWND dialog, int editId, INT32 number) {
-    LimitText(dialog, editId, number > 0 ? 3 : 4);
+    Control(dialog, editId).LimitText(number > 0 ? 3 : 4);
 }
 
 /// Takes a control's text into a field of the edited record, cut to it.
 template <std::size_t Capacity>
 void TakeText(EditorSession& session, int controlId, WCHAR (WatermarkRecord::*field)[Capacity]) {
-    WCHAR text[Capacity];
-    CopyText(text, TextIn(session.Edited().*field));
-    ReadText(session.Dialog(), controlId, text);
-    session.SetEdited(field, TextIn(text));
+    WatermarkRecord shown = session.Edited();
+    Control(session.Dialog(), controlId).ReadText(shown.*field);
+    session.SetEdited(field, TextIn(shown.*field));
 }
 
 void OnName(EditorSession& session, UINT) {
-    LimitText(session.Dialog(), IDC_NAME, kTypedNameLimit);
+    Control(session.Dialog(), IDC_NAME).LimitText(kTypedNameLimit);
     TakeText(session, IDC_NAME, &WatermarkRecord::Name);
 }
 
 void OnText(EditorSession& session, UINT) {
-    LimitText(session.Dialog(), IDC_TEXT, kTypedTextLimit);
+    Control(session.Dialog(), IDC_TEXT).LimitText(kTypedTextLimit);
     // One character more can be typed than the record keeps.
     TakeText(session, IDC_TEXT, &WatermarkRecord::Text);
     session.SetPreview(&WatermarkRecord::Text, TextIn(session.Edited().Text));
@@ -38,7 +37,7 @@ void OnText(EditorSession& session, UINT) {
 
 void OnTypeface(EditorSession& session, UINT) {
     const HWND dialog = session.Dialog();
-    SelectItem(dialog, IDC_TYPEFACE, SelectedPosition(dialog, IDC_TYPEFACE));
+    Control(dialog, IDC_TYPEFACE).Select(Control(dialog, IDC_TYPEFACE).Selected());
     TakeText(session, IDC_TYPEFACE, &WatermarkRecord::FaceName);
     ShowEdited(session);
 }
@@ -46,40 +45,36 @@ void OnTypeface(EditorSession& session, UINT) {
 void OnSize(EditorSession& session, UINT notification) {
     const HWND dialog = session.Dialog();
     if (notification == EN_CHANGE) {
-        session.SetBoth(&WatermarkRecord::PointSize, Number(dialog, IDC_POINT_SIZE));
+        session.SetBoth(&WatermarkRecord::PointSize, Control(dialog, IDC_POINT_SIZE).Number());
         RepaintPreview(session);
     } else if (notification == EN_KILLFOCUS) {
         const INT32 size = ClampedPointSize(session.Edited().PointSize);
         if (size == session.Edited().PointSize) return;
         session.SetBoth(&WatermarkRecord::PointSize, size);
-        SetNumber(dialog, IDC_POINT_SIZE, size);
+        Control(dialog, IDC_POINT_SIZE).ShowNumber(size);
     }
 }
 
-void OnBold(EditorSession& session, UINT) {
-    session.SetBoth(&WatermarkRecord::Bold, CheckState(session.Dialog(), IDC_BOLD));
-    RepaintPreview(session);
-}
-
-void OnItalic(EditorSession& session, UINT) {
-    session.SetBoth(&WatermarkRecord::Italic, CheckState(session.Dialog(), IDC_ITALIC));
+template <int kButtonId, BYTE WatermarkRecord::*kStyle>
+void OnStyle(EditorSession& session, UINT) {
+    session.SetBoth(kStyle, Control(session.Dialog(), kButtonId).CheckState());
     RepaintPreview(session);
 }
 
 void OnColor(EditorSession& session, UINT) {
-    session.SetColor(static_cast<UINT32>(SelectedPosition(session.Dialog(), IDC_COLOR)));
+    session.SetColor(static_cast<UINT32>(Control(session.Dialog(), IDC_COLOR).Selected()));
     RepaintPreview(session);
 }
 
 void OnAngleKind(EditorSession& session, UINT) {
     const HWND dialog = session.Dialog();
     EnableUserAngleByChoice(dialog);
-    const auto kind = static_cast<UINT32>(SelectedPosition(dialog, IDC_ANGLE));
+    const auto kind = static_cast<UINT32>(Control(dialog, IDC_ANGLE).Selected());
     if (kind < kAngleChoices.size()) {
         const INT32 angle = DegreesOfKind(kind, session.UserAngleStart());
         session.RememberPreset(static_cast<AngleKind>(kind));
         session.SetPreview(&WatermarkRecord::AngleDegrees, angle);
-        SetSignedNumber(dialog, IDC_USER_ANGLE, angle);
+        Control(dialog, IDC_USER_ANGLE).ShowSigned(angle);
         session.SetEdited(&WatermarkRecord::AngleDegrees, angle);
         session.SetEdited(&WatermarkRecord::AngleKind, kind);
     }
@@ -88,11 +83,11 @@ void OnAngleKind(EditorSession& session, UINT) {
 
 void OnUserAngle(EditorSession& session, UINT) {
     const HWND dialog = session.Dialog();
-    const INT32 angle = SignedNumber(dialog, IDC_USER_ANGLE);
+    const INT32 angle = Control(dialog, IDC_USER_ANGLE).SignedNumber();
     LimitSignedNumber(dialog, IDC_USER_ANGLE, angle);
     const INT32 kept = std::clamp(angle, -kLargestUserAngle, kLargestUserAngle);
     session.SetBoth(&WatermarkRecord::AngleDegrees, kept);
-    if (kept != angle) SetSignedNumber(dialog, IDC_USER_ANGLE, kept);
+    if (kept != angle) Control(dialog, IDC_USER_ANGLE).ShowSigned(kept);
     RepaintPreview(session);
 }
 
@@ -101,8 +96,8 @@ void OnCenter(EditorSession& session, UINT) {
     EnableOffsets(dialog, false);
     session.SetBoth(&WatermarkRecord::OffsetX, 0);
     session.SetBoth(&WatermarkRecord::OffsetY, 0);
-    SetSignedNumber(dialog, IDC_HORIZONTAL, 0);
-    SetSignedNumber(dialog, IDC_VERTICAL, 0);
+    Control(dialog, IDC_HORIZONTAL).ShowSigned(0);
+    Control(dialog, IDC_VERTICAL).ShowSigned(0);
     session.SetBoth(&WatermarkRecord::PositionKind, PositionKind::kCenter);
     RepaintPreview(session);
 }
@@ -111,24 +106,17 @@ void OnUserPosition(EditorSession& session, UINT) {
     const HWND dialog = session.Dialog();
     EnableOffsets(dialog, true);
     session.SetBoth(&WatermarkRecord::PositionKind, PositionKind::kUserSetting);
-    session.SetBoth(&WatermarkRecord::OffsetX, SignedNumber(dialog, IDC_HORIZONTAL));
-    session.SetBoth(&WatermarkRecord::OffsetY, SignedNumber(dialog, IDC_VERTICAL));
+    session.SetBoth(&WatermarkRecord::OffsetX, Control(dialog, IDC_HORIZONTAL).SignedNumber());
+    session.SetBoth(&WatermarkRecord::OffsetY, Control(dialog, IDC_VERTICAL).SignedNumber());
     RepaintPreview(session);
 }
 
-void TakeOffset(EditorSession& session, int editId, INT32 WatermarkRecord::*offset) {
-    const INT32 points = SignedNumber(session.Dialog(), editId);
-    LimitSignedNumber(session.Dialog(), editId, points);
-    session.SetBoth(offset, points);
+template <int kEditId, INT32 WatermarkRecord::*kOffset>
+void OnOffset(EditorSession& session, UINT) {
+    const INT32 points = Control(session.Dialog(), kEditId).SignedNumber();
+    LimitSignedNumber(session.Dialog(), kEditId, points);
+    session.SetBoth(kOffset, points);
     RepaintPreview(session);
-}
-
-void OnHorizontal(EditorSession& session, UINT) {
-    TakeOffset(session, IDC_HORIZONTAL, &WatermarkRecord::OffsetX);
-}
-
-void OnVertical(EditorSession& session, UINT) {
-    TakeOffset(session, IDC_VERTICAL, &WatermarkRecord::OffsetY);
 }
 
 struct SettingCommand {
@@ -141,15 +129,15 @@ constexpr auto kSettingCommands = std::to_array<SettingCommand>({
     {IDC_TEXT, OnText},
     {IDC_TYPEFACE, OnTypeface},
     {IDC_POINT_SIZE, OnSize},
-    {IDC_BOLD, OnBold},
-    {IDC_ITALIC, OnItalic},
+    {IDC_BOLD, OnStyle<IDC_BOLD, &WatermarkRecord::Bold>},
+    {IDC_ITALIC, OnStyle<IDC_ITALIC, &WatermarkRecord::Italic>},
     {IDC_COLOR, OnColor},
     {IDC_ANGLE, OnAngleKind},
     {IDC_USER_ANGLE, OnUserAngle},
     {IDC_CENTER, OnCenter},
     {IDC_USER_POSITION, OnUserPosition},
-    {IDC_HORIZONTAL, OnHorizontal},
-    {IDC_VERTICAL, OnVertical},
+    {IDC_HORIZONTAL, OnOffset<IDC_HORIZONTAL, &WatermarkRecord::OffsetX>},
+    {IDC_VERTICAL, OnOffset<IDC_VERTICAL, &WatermarkRecord::OffsetY>},
 });
 
 }  // namespace

@@ -8,24 +8,17 @@ namespace oemui {
 namespace {
 
 /// A terminated copy of a record's text, for the platform's comparisons.
-class TerminatedText {
-public:
-    explicit TerminatedText(TextView text) { CopyText(text_, text); }
-    LPCWSTR Get() const { return text_; }
-
-private:
-    WCHAR text_[kTextCapacity + 1];
-};
+using TerminatedText = FixedText<kTextCapacity + 1>;
 
 bool StandsBefore(const WatermarkRecord& left, const WatermarkRecord& right) {
-    return ::lstrcmpiW(TerminatedText(TextIn(left.Name)).Get(),
-                       TerminatedText(TextIn(right.Name)).Get()) < 0;
+    return ::lstrcmpiW(TerminatedText(TextIn(left.Name)).c_str(),
+                       TerminatedText(TextIn(right.Name)).c_str()) < 0;
 }
 
 }  // namespace
 
 bool SameText(TextView left, TextView right) {
-    return ::lstrcmpW(TerminatedText(left).Get(), TerminatedText(right).Get()) == 0;
+    return ::lstrcmpW(TerminatedText(left).c_str(), TerminatedText(right).c_str()) == 0;
 }
 
 void SortWatermarks(WatermarkList* list) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <utility>
 
@@ -119,19 +120,9 @@ RECT PreviewArea(HWND dialog) {
             rectangle.bottom - origin.y};
 }
 
-// The settings may hold anything: arithmetic on them is always defined, wrapping in 32 bits like
-// the platform's own.
-
-constexpr INT32 WrappedProduct(INT32 left, INT32 right) {
-    return static_cast<INT32>(static_cast<UINT32>(left) * static_cast<UINT32>(right));
-}
-
-constexpr INT32 WrappedSum(INT32 left, INT32 right) {
-    return static_cast<INT32>(static_cast<UINT32>(left) + static_cast<UINT32>(right));
-}
-
-constexpr INT32 WrappedDifference(INT32 left, INT32 right) {
-    return static_cast<INT32>(static_cast<UINT32>(left) - static_cast<UINT32>(right));
+/// The settings may hold anything: their sums and products wrap in 32 bits, like the platform's.
+constexpr INT32 Wrapped(std::int64_t number) {
+    return static_cast<INT32>(number);
 }
 
 /// Cuts a number toward zero; 0 when the result does not fit, or when it is no number.
@@ -157,8 +148,8 @@ INT32 FallbackStep(INT32 side) {
 
 /// How far an offset moves the text, in pixels.
 INT32 OffsetInPixels(INT32 offset, INT32 scale, INT32 side) {
-    if (scale != 0) return WrappedProduct(offset, scale) / kPointsPerInch;
-    return WrappedProduct(FallbackStep(side), offset);
+    if (scale != 0) return Wrapped(std::int64_t{offset} * scale) / kPointsPerInch;
+    return Wrapped(std::int64_t{FallbackStep(side)} * offset);
 }
 
 }  // namespace
@@ -207,20 +198,20 @@ POINT ComputeTextOrigin(const RECT& page, INT32 fontHeight, INT32 scale,
                         const WatermarkRecord& record) {
     const double angle = record.AngleDegrees * kPi / 180.0;
     const double halfHeight = fontHeight * 0.5;
-    const INT32 x =
-        WrappedSum((page.left + page.right) / 2, -TruncatedToInt32(std::sin(angle) * halfHeight));
-    const INT32 y =
-        WrappedSum((page.top + page.bottom) / 2, -TruncatedToInt32(std::cos(angle) * halfHeight));
+    const std::int64_t x =
+        std::int64_t{(page.left + page.right) / 2} - TruncatedToInt32(std::sin(angle) * halfHeight);
+    const std::int64_t y =
+        std::int64_t{(page.top + page.bottom) / 2} - TruncatedToInt32(std::cos(angle) * halfHeight);
     const INT32 right = OffsetInPixels(record.OffsetX, scale, page.right - page.left);
     const INT32 up = OffsetInPixels(record.OffsetY, scale, page.bottom - page.top);
-    return {WrappedSum(x, right), WrappedDifference(y, up)};
+    return {Wrapped(x + right), Wrapped(y - up)};
 }
 
 LOGFONTW MakePreviewFont(const WatermarkRecord& record) {
     LOGFONTW font{};
     font.lfHeight = std::max<LONG>(::MulDiv(record.PointSize, kFontPixelsPerInch, kPointsPerInch),
                                    kSmallestFontHeight);
-    font.lfEscapement = WrappedProduct(record.AngleDegrees, 10);
+    font.lfEscapement = Wrapped(std::int64_t{record.AngleDegrees} * 10);
     font.lfWeight = record.Bold != 0 ? FW_BOLD : FW_NORMAL;
     font.lfItalic = record.Italic != 0 ? 1 : 0;
     font.lfCharSet = DEFAULT_CHARSET;

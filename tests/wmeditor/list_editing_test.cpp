@@ -101,10 +101,8 @@ TEST_F(ListEditing, OnlySpacesAreBlank) {
 }
 
 TEST_F(ListEditing, DefaultNameTakesTheSmallestFreeNumber) {
-    WCHAR name[32];
-    const auto proposal = [&name](const WatermarkList& list) {
-        MakeDefaultWatermarkName(list, name);
-        return Narrow(TextIn(name));
+    const auto proposal = [](const WatermarkList& list) {
+        return Narrow(DefaultWatermarkName(list).View());
     };
     EXPECT_EQ(proposal(MakeList({TEXT("Watermark - #1")})), "Watermark - #1");
     EXPECT_EQ(proposal(MakeList({TEXT("0"), TEXT("Watermark - #2"), TEXT("Watermark - #1")})),
@@ -130,8 +128,7 @@ TEST_F(ListEditing, ListsFromOutsideStayInsideTheirSlots) {
         WatermarkList list;
         std::memset(static_cast<void*>(&list), 0x41, sizeof list);  // no text is terminated
         list.Count = list.Selected = count;
-        WCHAR name[32];
-        MakeDefaultWatermarkName(list, name);
+        EXPECT_EQ(Narrow(DefaultWatermarkName(list).View()), "Watermark - #1");
         EXPECT_EQ(FindWatermarkByName(list, TEXT("x")), 16);
         EXPECT_EQ(CountWatermarkChanges(list.Entries[0], list.Entries[15]), 0);
         SortWatermarks(&list);
