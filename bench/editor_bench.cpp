@@ -17,8 +17,8 @@
 #include "platform/gui/windows/application.h"
 #include "resources/resource_ids.h"
 #include "tests/support/dialog_user.h"
+#include "watermark/watermark_angle.h"
 #include "wmeditor/editor_dialog.h"
-#include "wmeditor/editor_state.h"
 #include "wmeditor/watermark_preview.h"
 
 namespace {
@@ -34,7 +34,7 @@ WatermarkRecord LongDiagonal() {
                     TEXT("THE QUICK BROWN FOX JUMPS OVER THE LAZY DOG AND RUNS AWAY AGAIN"));
     oemui::CopyText(record.FaceName, TEXT("Arial"));
     record.PointSize = 72;
-    record.AngleKind = oemui::kAngleUserDefine;
+    record.AngleKind = oemui::StoredValue(oemui::AngleKind::kUserDefine);
     record.AngleDegrees = 45;
     return record;
 }
@@ -63,9 +63,10 @@ void InEditor(Work work) {
 void RepaintPreview(benchmark::State& state) {
     InEditor([&](const tests::DialogUser& user) {
         const WatermarkRecord record = LongDiagonal();
-        oemui::PaintWatermarkPreview(user.Dialog(), record, 1);
+        constexpr auto kPortrait = oemui::PageOrientation::kPortrait;
+        oemui::PaintWatermarkPreview(user.Dialog(), record, kPortrait);
         const auto before = platform::LiveObjects();
-        for (auto _ : state) oemui::PaintWatermarkPreview(user.Dialog(), record, 1);
+        for (auto _ : state) oemui::PaintWatermarkPreview(user.Dialog(), record, kPortrait);
         if (platform::LiveObjects() != before) state.SkipWithError("a repaint leaves handles open");
     });
 }

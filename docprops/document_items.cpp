@@ -118,7 +118,7 @@ void RefreshFirstWatermark(LPCWSTR printerName, PrivateDevmode* devmode) {
     WatermarkList list;
     if (ReadPrinterWatermarkList(printer.Get(), &list) != ERROR_SUCCESS) {
         InitPrinterWatermarkList(printerName);
-        ReadPrinterWatermarkList(printer.Get(), &list);
+        static_cast<void>(ReadPrinterWatermarkList(printer.Get(), &list));
     }
     if (UsableWatermarkIndex(devmode->WatermarkIndex) == 0) {
         CopyWatermark(&devmode->Watermark, list.Entries[0]);
