@@ -12,8 +12,8 @@
 #include "common/unique_handle.h"
 #include "docprops/document_items.h"
 #include "host/driver/devmode.h"
-#include "host/driver/document_page_items.h"
 #include "host/driver/models.h"
+#include "host/driver/page_items.h"
 #include "platform/base/heap.h"
 #include "resources/resource_ids.h"
 #include "tests/support/document_page.h"
@@ -49,7 +49,7 @@ public:
         : opened_(oemui::OpenPrinterFor(printer_.Name().c_str(), PRINTER_ALL_ACCESS)),
           page_(printer_.Name()),
           devmode_(printer_.Name(), sizeof(oemui::PrivateDevmode)),
-          items_(opened_.Get(), *host::FindModel("T"), devmode_) {
+          items_(host::DocumentPageItems(opened_.Get(), *host::FindModel("T"), devmode_)) {
         oemui::RecordPluginModule(::GetModuleHandleW(nullptr));
         oemui::DeriveModelIdentity(TEXT("C:\\QVRT__UI.DLL"));
         page_.MakeRoom();
@@ -60,8 +60,8 @@ public:
     OEMCUIPPARAM Params(HANDLE heap) {
         OEMCUIPPARAM params = page_.Params();
         params.hOEMHeap = heap;
-        params.pDrvOptItems = items_.Tree().Records().data();
-        params.cDrvOptItems = static_cast<DWORD>(items_.Tree().Records().size());
+        params.pDrvOptItems = items_.Records().data();
+        params.cDrvOptItems = static_cast<DWORD>(items_.Records().size());
         return params;
     }
 
@@ -70,7 +70,7 @@ private:
     oemui::UniquePrinter opened_;
     tests::DocumentPage page_;
     host::Devmode devmode_;
-    host::DocumentPageItems items_;
+    host::OptionItems items_;
 };
 
 void BuildDocumentPage(benchmark::State& state) {

@@ -1,6 +1,7 @@
 /// A fresh machine for every test, and the program's commands run in it.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -17,6 +18,8 @@
 #include "platform/faults/live_objects.h"
 
 namespace host {
+
+using ::testing::HasSubstr;
 
 struct CommandResult {
     int code;

@@ -230,10 +230,10 @@ TEST_F(PageWindow, SaysThatItAsksThePrinterBeforeItBlocks) {
 }
 
 TEST_F(PageWindow, CannotOpenWithoutAPrinterOrADisplay) {
-    EXPECT_THROW(PropertySheet("Nobody", PageKind::Document).Run(), Failure);
+    EXPECT_THROW(static_cast<void>(PropertySheet("Nobody", PageKind::Document).Run()), Failure);
     const CommandResult result = Run({"document", "Office", "--window"});
     EXPECT_EQ(result.code, 1);
-    EXPECT_NE(result.err.find("no display"), std::string::npos);
+    EXPECT_THAT(result.err, HasSubstr("no display"));
     EXPECT_EQ(Run({"document", "Office", "--window", "--json"}).code, 2);
 }
 
