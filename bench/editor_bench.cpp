@@ -10,14 +10,14 @@
 #include <string>
 
 #include "bench/limits.h"
-#include "common/page_state.h"
+#include "common/current_printer.h"
 #include "platform/faults/live_objects.h"
 #include "platform/gui/windows/application.h"
 #include "resources/resource_ids.h"
 #include "tests/support/plugin_fixture.h"
 #include "tests/support/scripted_user.h"
+#include "watermark/watermark_angle.h"
 #include "wmeditor/editor_dialog.h"
-#include "wmeditor/editor_state.h"
 #include "wmeditor/watermark_preview.h"
 
 namespace {
@@ -33,7 +33,7 @@ WatermarkRecord LongDiagonal() {
                     TEXT("THE QUICK BROWN FOX JUMPS OVER THE LAZY DOG AND RUNS AWAY AGAIN"));
     oemui::CopyText(record.FaceName, TEXT("Arial"));
     record.PointSize = 72;
-    record.AngleKind = oemui::kAngleUserDefine;
+    record.AngleKind = oemui::StoredValue(oemui::AngleKind::kUserDefine);
     record.AngleDegrees = 45;
     return record;
 }
@@ -61,9 +61,10 @@ void InEditor(Work work) {
 void RepaintPreview(benchmark::State& state) {
     InEditor([&](const tests::ScriptedUser& user) {
         const WatermarkRecord record = LongDiagonal();
-        oemui::PaintWatermarkPreview(user.Dialog(), record, 1);
+        constexpr auto kPortrait = oemui::PageOrientation::kPortrait;
+        oemui::PaintWatermarkPreview(user.Dialog(), record, kPortrait);
         const auto before = platform::LiveObjects();
-        for (auto _ : state) oemui::PaintWatermarkPreview(user.Dialog(), record, 1);
+        for (auto _ : state) oemui::PaintWatermarkPreview(user.Dialog(), record, kPortrait);
         if (platform::LiveObjects() != before) state.SkipWithError("a repaint leaves handles open");
     });
 }
@@ -141,7 +142,7 @@ bool InstallFamilies(int first, int count) {
 }
 
 void OpenEditor(benchmark::State& state) {
-    platform::gui::EnsureApplication();
+    platform::EnsureApplication();
     static int installed = 0;
     const int wanted = static_cast<int>(state.range(0));
     if (installed < wanted && !InstallFamilies(installed, wanted)) {

@@ -6,11 +6,12 @@
 #include <winspool.h>
 
 #include "bench/limits.h"
+#include "common/current_printer.h"
 #include "common/unique_handle.h"
 #include "docprops/document_items.h"
 #include "host/driver/devmode.h"
-#include "host/driver/document_page_items.h"
 #include "host/driver/models.h"
+#include "host/driver/page_items.h"
 #include "platform/base/heap.h"
 #include "resources/resource_ids.h"
 #include "tests/support/document_page.h"
@@ -47,7 +48,7 @@ public:
         : opened_(oemui::OpenPrinterFor(printer_.Name().c_str(), PRINTER_ALL_ACCESS)),
           page_(printer_.Name()),
           devmode_(printer_.Name(), sizeof(oemui::PrivateDevmode)),
-          items_(opened_.Get(), *host::FindModel("T"), devmode_) {
+          items_(host::DocumentPageItems(opened_.Get(), *host::FindModel("T"), devmode_)) {
         tests::LoadPlugin();
         page_.MakeRoom();
     }
@@ -57,8 +58,8 @@ public:
     OEMCUIPPARAM Params(HANDLE heap) {
         OEMCUIPPARAM params = page_.Params();
         params.hOEMHeap = heap;
-        params.pDrvOptItems = items_.Tree().Records().data();
-        params.cDrvOptItems = static_cast<DWORD>(items_.Tree().Records().size());
+        params.pDrvOptItems = items_.Records().data();
+        params.cDrvOptItems = static_cast<DWORD>(items_.Records().size());
         return params;
     }
 
@@ -67,7 +68,7 @@ private:
     oemui::UniquePrinter opened_;
     tests::DocumentPage page_;
     host::Devmode devmode_;
-    host::DocumentPageItems items_;
+    host::OptionItems items_;
 };
 
 void BuildDocumentPage(benchmark::State& state) {

@@ -22,13 +22,10 @@ void AskPrinterDirectly(benchmark::State& state) {
     oemui::PrinterLink link{};
     link.Found = 1;
     link.Kind = oemui::PortKindShare;
-    oemui::ResolveHost(tests::Wide(printer.Address()).c_str(), &link.Address);
+    static_cast<void>(oemui::ResolveHost(tests::Wide(printer.Address()).c_str(), &link.Address));
     for (auto _ : state) {
-        UINT32 tray2 = 0;
-        UINT32 tray3 = 0;
-        UINT32 duplex = 0;
-        if (!oemui::QueryInstalledOptions(TEXT("Bench"), link, &tray2, &tray3, &duplex) ||
-            tray3 != 1) {
+        const auto installed = oemui::QueryInstalledOptions(TEXT("Bench"), link);
+        if (!installed || installed->Tray3) {
             state.SkipWithError("the printer's answer was not understood");
         }
     }

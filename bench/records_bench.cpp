@@ -62,11 +62,7 @@ void ParseReply(benchmark::State& state) {
     reply.resize(oemui::kReplyCapacity, ' ');
     const std::size_t before = bench::Allocations();
     for (auto _ : state) {
-        UINT32 tray2 = 0;
-        UINT32 tray3 = 0;
-        UINT32 duplex = 0;
-        benchmark::DoNotOptimize(oemui::ParseInstalledOptions(reply, &tray2, &tray3, &duplex));
-        benchmark::DoNotOptimize(duplex);
+        benchmark::DoNotOptimize(oemui::ParseInstalledOptions(reply));
     }
     if (bench::Allocations() != before) state.SkipWithError("parsing a reply allocates");
 }

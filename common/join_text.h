@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "common/text.h"
+#include "common/fixed_text.h"
 
 namespace oemui {
 

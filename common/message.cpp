@@ -1,15 +1,15 @@
-#include "common/text.h"
+#include "common/message.h"
+
+#include "common/fixed_text.h"
 
 namespace oemui {
 
 int ShowMessage(UINT textId, UINT captionId, UINT type) {
-    const LoadedText<kMessageCapacity> text(textId);
-    return ShowMessageText(text.c_str(), captionId, type);
+    return ShowMessageText(MessageText(textId).c_str(), captionId, type);
 }
 
 int ShowMessageText(LPCWSTR text, UINT captionId, UINT type) {
-    const LoadedText<kMessageCapacity> caption(captionId);
-    return ::MessageBoxW(nullptr, text, caption.c_str(), type);
+    return ::MessageBoxW(nullptr, text, MessageText(captionId).c_str(), type);
 }
 
 }  // namespace oemui

@@ -12,9 +12,9 @@ inline constexpr std::size_t kModelFileNameCapacity = 16;
 /// once when the module is attached, read by every thread afterwards. Every text is terminated.
 struct ModelIdentity {
     WCHAR ModuleName[MAX_PATH];  ///< file name with extension, without drive and directory
-    WCHAR Letter;                ///< fourth character of the module name; 0 when it is shorter
+    WCHAR Letter;                ///< fourth character of the name without extension; 0 when shorter
     UINT32 Index;                ///< U 0, T 1, V 2, any other letter 0
-    UINT32 Signature;            ///< first four characters' low bytes, the first one highest
+    UINT32 Signature;            ///< low bytes of that name's first four, the first one highest
     WCHAR PrintProcessorFile[kModelFileNameCapacity];    ///< "QVRT__PP.DLL"
     WCHAR HelpFile[kModelFileNameCapacity];              ///< "QVRT_HLP.HLP"
     WCHAR DefaultWatermarkFile[kModelFileNameCapacity];  ///< "QVRT__WM.INI"

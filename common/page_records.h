@@ -1,8 +1,8 @@
 /// The records of a property page: the driver's items and functions, and the texts in them.
 #pragma once
 
-#include "common/heap_text.h"
 #include "common/oem_driver_interface.h"
+#include "common/page_heap.h"
 #include "common/text.h"
 
 namespace oemui {
@@ -19,13 +19,13 @@ inline HINSTANCE PageModule(const OEMCUIPPARAM& params) {
 }
 
 /// The first of the driver's items with this public ID (`DMPUB_...`); null when it has none.
-POPTITEM FindDriverItem(const OEMCUIPPARAM& params, BYTE publicId);
+[[nodiscard]] POPTITEM FindDriverItem(const OEMCUIPPARAM& params, BYTE publicId);
 
 /// A choice of an item; null when the item has no such choice.
-POPTPARAM FindChoice(const OPTITEM& item, LONG choice);
+[[nodiscard]] POPTPARAM FindChoice(const OPTITEM& item, LONG choice);
 
 /// The driver's functions; null when the driver gives none, or not both of them.
-POEMUIPROCS DriverFunctions(const OEMCUIPPARAM& params);
+[[nodiscard]] POEMUIPROCS DriverFunctions(const OEMCUIPPARAM& params);
 
 /// Tells the driver that the plug-in set an item of the document page to its first choice, if the
 /// driver wants to know.

@@ -1,14 +1,16 @@
 #include "docprops/document_items.h"
 
+#include "common/current_printer.h"
 #include "common/driver_info.h"
 #include "common/model_identity.h"
 #include "common/page_records.h"
-#include "common/page_state.h"
 #include "common/unique_handle.h"
 #include "docprops/document_callback.h"
-#include "docprops/installed_options.h"
-#include "docprops/page_settings.h"
-#include "docprops/paper_constraints.h"
+#include "docprops/document_settings.h"
+#include "docprops/driver_choices.h"
+#include "docprops/duplex_and_trays.h"
+#include "docprops/exempt_papers.h"
+#include "docprops/transmit_once.h"
 #include "resources/resource_ids.h"
 #include "watermark/default_watermarks.h"
 #include "watermark/watermark_store.h"
@@ -19,11 +21,10 @@ namespace {
 constexpr WORD kChoiceCount = 2;
 constexpr BYTE kItemLevel = 1;
 constexpr ULONG_PTR kEditIcon = 1002;
-constexpr LONG kDriverColorManagement = 2;
 constexpr DWORD kShownAsChanged = OPTIF_COLLAPSE | OPTIF_CHANGED;
 
 /// The page being built.
-struct Page {
+struct NewPage {
     const OEMCUIPPARAM& Params;
     PrivateDevmode& Devmode;
 };
@@ -55,24 +56,14 @@ constexpr ItemLayout kLayouts[kDocumentItemCount] = {
 // page built and goes with that page's heap.
 EXTPUSH editButton = {};
 
-/// A zero-filled record of the page's heap; it goes with the heap. Null when the heap is exhausted.
-template <typename Record>
-Record* AllocateForPage(const OEMCUIPPARAM& params, std::size_t count = 1) {
-    auto* records = static_cast<Record*>(
-        ::HeapAlloc(params.hOEMHeap, HEAP_ZERO_MEMORY, count * sizeof(Record)));
-    if (records == nullptr) return nullptr;
-    for (std::size_t i = 0; i < count; ++i) records[i].cbSize = sizeof(Record);
-    return records;
-}
-
 PWSTR LoadPageText(const OEMCUIPPARAM& params, UINT textId) {
     return textId == 0 ? nullptr : LoadItemText(params.hOEMHeap, PageModule(params), textId);
 }
 
 /// The type record with its choices; null when the heap is exhausted.
 POPTTYPE MakeType(const OEMCUIPPARAM& params, const ItemLayout& layout) {
-    auto* type = AllocateForPage<OPTTYPE>(params);
-    auto* choices = AllocateForPage<OPTPARAM>(params, kChoiceCount);
+    auto* type = AllocateForPage<OPTTYPE>(params.hOEMHeap);
+    auto* choices = AllocateForPage<OPTPARAM>(params.hOEMHeap, kChoiceCount);
     if (type == nullptr || choices == nullptr) return nullptr;
     for (WORD i = 0; i < kChoiceCount; ++i) {
         choices[i].pData = LoadPageText(params, layout.Choices[i].TextId);
@@ -85,7 +76,7 @@ POPTTYPE MakeType(const OEMCUIPPARAM& params, const ItemLayout& layout) {
 }
 
 void AttachHelp(const OEMCUIPPARAM& params, DWORD topic, POPTITEM item) {
-    item->pOIExt = AllocateForPage<OIEXT>(params);
+    item->pOIExt = AllocateForPage<OIEXT>(params.hOEMHeap);
     if (item->pOIExt == nullptr) return;
     item->pOIExt->pHelpFile = BuildHelpFilePath(params.hPrinter, params.hOEMHeap,
                                                 PageModule(params), IDS_HELP_FILE + Model().Index);
@@ -95,7 +86,7 @@ void AttachHelp(const OEMCUIPPARAM& params, DWORD topic, POPTITEM item) {
 
 /// Builds one item. It stays as it was cleared, and the result is null, when the heap is exhausted
 /// or the page has no room for the item.
-POPTITEM BuildItem(const Page& page, DocumentItem place, UINT32 selection, DWORD flags) {
+POPTITEM BuildItem(const NewPage& page, DocumentItem place, LONG selection, DWORD flags) {
     if (place >= page.Params.cOEMOptItems) return nullptr;
     const ItemLayout& layout = kLayouts[place];
     POPTTYPE type = MakeType(page.Params, layout);
@@ -104,18 +95,18 @@ POPTITEM BuildItem(const Page& page, DocumentItem place, UINT32 selection, DWORD
     item->Level = kItemLevel;
     item->Flags = flags;
     item->pName = LoadPageText(page.Params, layout.NameId);
-    item->Sel = static_cast<LONG>(selection);
+    item->Sel = selection;
     item->pOptType = type;
     AttachHelp(page.Params, layout.HelpTopic, item);
     return item;
 }
 
-void BuildScalingItem(const Page& page) {
+void BuildScalingItem(const NewPage& page) {
     UINT32& scaling = page.Devmode.Scaling;
     if (!IsValidScaling(scaling)) scaling = kUnscaled;
-    POPTITEM item = BuildItem(page, kScalingItem, scaling, kShownAsChanged);
+    POPTITEM item = BuildItem(page, kScalingItem, static_cast<LONG>(scaling), kShownAsChanged);
     if (item == nullptr) return;
-    item->pOptType->pOptParam[0].pData = CopyToHeap(page.Params.hOEMHeap, TEXT("%"));
+    item->pOptType->pOptParam[0].pData = CopyToHeap(page.Params.hOEMHeap, {TEXT("%")});
     item->pOptType->pOptParam[1].lParam = kLargestScaling;
 }
 
@@ -127,7 +118,7 @@ void RefreshFirstWatermark(LPCWSTR printerName, PrivateDevmode* devmode) {
     WatermarkList list;
     if (ReadPrinterWatermarkList(printer.Get(), &list) != ERROR_SUCCESS) {
         InitPrinterWatermarkList(printerName);
-        ReadPrinterWatermarkList(printer.Get(), &list);
+        static_cast<void>(ReadPrinterWatermarkList(printer.Get(), &list));
     }
     if (UsableWatermarkIndex(devmode->WatermarkIndex) == 0) {
         CopyWatermark(&devmode->Watermark, list.Entries[0]);
@@ -142,24 +133,23 @@ PEXTPUSH RewriteEditButton(const OEMCUIPPARAM& params) {
     return &editButton;
 }
 
-void BuildWatermarkItem(const Page& page) {
+void BuildWatermarkItem(const NewPage& page) {
     RefreshFirstWatermark(page.Params.pPrinterName, &page.Devmode);
-    POPTITEM item = BuildItem(page, kWatermarkItem, page.Devmode.WatermarkOn != 0 ? 0 : 1,
+    POPTITEM item = BuildItem(page, kWatermarkItem, WatermarkSelection(page.Devmode),
                               kShownAsChanged | OPTIF_CALLBACK | OPTIF_EXT_IS_EXTPUSH);
     if (item != nullptr) item->pExtPush = RewriteEditButton(page.Params);
 }
 
-void BuildTransmitOnceItem(const Page& page) {
-    const PageSettings settings = ReadPageSettings(page.Params);
-    const bool isSingleCopy = settings.Copies < 2;
-    if (isSingleCopy || !settings.Collated) page.Devmode.TransmitOnce = 0;
-    BuildItem(page, kTransmitOnceItem, page.Devmode.TransmitOnce,
-              kShownAsChanged | (isSingleCopy ? OPTIF_DISABLED : 0));
+void BuildTransmitOnceItem(const NewPage& page) {
+    const DocumentSettings settings = ReadDocumentSettings(page.Params);
+    DropTransmitOnce(settings, &page.Devmode);
+    BuildItem(page, kTransmitOnceItem, static_cast<LONG>(page.Devmode.TransmitOnce),
+              kShownAsChanged | (settings.HasCopies() ? 0 : OPTIF_DISABLED));
 }
 
-void BuildRenderingIntentItem(const Page& page) {
+void BuildRenderingIntentItem(const NewPage& page) {
     const bool isPerceptual = page.Devmode.RenderingIntent == kIntentPerceptual;
-    BuildItem(page, kRenderingIntentItem, isPerceptual ? 1 : 0, 0);
+    BuildItem(page, kRenderingIntentItem, isPerceptual ? kPerceptualChosen : kSaturationChosen, 0);
 }
 
 void ClearItems(const OEMCUIPPARAM& params) {
@@ -173,7 +163,7 @@ void ClearItems(const OEMCUIPPARAM& params) {
 void BuildItems(const OEMCUIPPARAM& params) {
     PrivateDevmode* devmode = PagePrivateDevmode(params);
     if (devmode == nullptr) return;
-    const Page page = {params, *devmode};
+    const NewPage page = {params, *devmode};
     BuildScalingItem(page);
     BuildWatermarkItem(page);
     BuildTransmitOnceItem(page);

@@ -7,28 +7,8 @@
 
 namespace oemui {
 
-STDMETHODIMP OemUiClassFactory::QueryInterface(REFIID iid, void** object) {
-    if (object == nullptr) return E_POINTER;
-    if (!(iid == IID_IUnknown) && !(iid == IID_IClassFactory)) {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    *object = static_cast<IClassFactory*>(this);
-    AddRef();
-    return S_OK;
-}
-
-STDMETHODIMP_(ULONG) OemUiClassFactory::AddRef() {
-    return ++references_;
-}
-
-STDMETHODIMP_(ULONG) OemUiClassFactory::Release() {
-    const ULONG remaining = --references_;
-    if (remaining == 0) delete this;
-    return remaining;
-}
-
-STDMETHODIMP OemUiClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** object) {
+STDMETHODIMP OemUiClassFactory::CreateInstance(IUnknown* outer, REFIID iid,
+                                               void** object) noexcept {
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
     auto* plugin = new (std::nothrow) OemUiPlugin;
     if (plugin == nullptr) return E_OUTOFMEMORY;
@@ -37,7 +17,7 @@ STDMETHODIMP OemUiClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void
     return result;
 }
 
-STDMETHODIMP OemUiClassFactory::LockServer(BOOL lock) {
+STDMETHODIMP OemUiClassFactory::LockServer(BOOL lock) noexcept {
     if (lock != FALSE) {
         ++serverLockCount;
     } else {

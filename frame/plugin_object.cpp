@@ -6,8 +6,8 @@
 #include "devmode/private_devmode.h"
 #include "docprops/document_items.h"
 #include "frame/module_counters.h"
-#include "install/driver_event.h"
-#include "install/printer_event.h"
+#include "install/color_profile.h"
+#include "install/install_events.h"
 #include "printerprops/printer_items.h"
 
 namespace oemui {
@@ -71,28 +71,8 @@ OemUiPlugin::~OemUiPlugin() {
     --liveObjectCount;
 }
 
-STDMETHODIMP OemUiPlugin::QueryInterface(REFIID iid, void** object) {
-    if (object == nullptr) return E_POINTER;
-    if (!(iid == IID_IUnknown) && !(iid == IID_IPrintOemUI)) {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    *object = static_cast<IPrintOemUI*>(this);
-    AddRef();
-    return S_OK;
-}
-
-STDMETHODIMP_(ULONG) OemUiPlugin::AddRef() {
-    return ++references_;
-}
-
-STDMETHODIMP_(ULONG) OemUiPlugin::Release() {
-    const ULONG remaining = --references_;
-    if (remaining == 0) delete this;
-    return remaining;
-}
-
-STDMETHODIMP OemUiPlugin::GetInfo(DWORD mode, PVOID buffer, DWORD bufferSize, PDWORD neededSize) {
+STDMETHODIMP OemUiPlugin::GetInfo(DWORD mode, PVOID buffer, DWORD bufferSize,
+                                  PDWORD neededSize) noexcept {
     if (neededSize == nullptr || !IsAnsweredInfo(mode)) return FailWith(ERROR_INVALID_PARAMETER);
     *neededSize = kInterfaceValueSize;
     if (bufferSize < kInterfaceValueSize || buffer == nullptr) {
@@ -107,11 +87,11 @@ STDMETHODIMP OemUiPlugin::GetInfo(DWORD mode, PVOID buffer, DWORD bufferSize, PD
     return S_OK;
 }
 
-STDMETHODIMP OemUiPlugin::DevMode(DWORD mode, POEMDMPARAM params) {
+STDMETHODIMP OemUiPlugin::DevMode(DWORD mode, POEMDMPARAM params) noexcept {
     return HandleDevMode(mode, params);
 }
 
-STDMETHODIMP OemUiPlugin::PublishDriverInterface(IUnknown* driver) {
+STDMETHODIMP OemUiPlugin::PublishDriverInterface(IUnknown* driver) noexcept {
     if (driverInterface_ != nullptr) return S_OK;
     void* answer = nullptr;
     if (driver == nullptr || FAILED(driver->QueryInterface(IID_IPrintOemDriverUI, &answer))) {
@@ -126,7 +106,7 @@ STDMETHODIMP OemUiPlugin::PublishDriverInterface(IUnknown* driver) {
     return S_OK;
 }
 
-STDMETHODIMP OemUiPlugin::CommonUIProp(DWORD mode, POEMCUIPPARAM params) {
+STDMETHODIMP OemUiPlugin::CommonUIProp(DWORD mode, POEMCUIPPARAM params) noexcept {
     if (params == nullptr) return FailWith(ERROR_INVALID_PARAMETER);
     switch (mode) {
         case OEMCUIP_DOCPROP:
@@ -138,16 +118,18 @@ STDMETHODIMP OemUiPlugin::CommonUIProp(DWORD mode, POEMCUIPPARAM params) {
     }
 }
 
-STDMETHODIMP OemUiPlugin::DocumentPropertySheets(PPROPSHEETUI_INFO sheet, LPARAM parameter) {
+STDMETHODIMP OemUiPlugin::DocumentPropertySheets(PPROPSHEETUI_INFO sheet,
+                                                 LPARAM parameter) noexcept {
     return AnswerPropertySheet(sheet, parameter);
 }
 
-STDMETHODIMP OemUiPlugin::DevicePropertySheets(PPROPSHEETUI_INFO sheet, LPARAM parameter) {
+STDMETHODIMP OemUiPlugin::DevicePropertySheets(PPROPSHEETUI_INFO sheet, LPARAM parameter) noexcept {
     return AnswerPropertySheet(sheet, parameter);
 }
 
 STDMETHODIMP OemUiPlugin::DevQueryPrintEx(POEMUIOBJ /*driver*/, DEVQUERYPRINT_INFO* /*query*/,
-                                          DEVMODEW* /*publicDevmode*/, PVOID /*privateDevmode*/) {
+                                          DEVMODEW* /*publicDevmode*/,
+                                          PVOID /*privateDevmode*/) noexcept {
     return E_NOTIMPL;
 }
 
@@ -155,38 +137,38 @@ STDMETHODIMP OemUiPlugin::DeviceCapabilities(POEMUIOBJ /*driver*/, HANDLE /*prin
                                              PWSTR /*deviceName*/, WORD /*capability*/,
                                              PVOID /*output*/, DEVMODEW* /*publicDevmode*/,
                                              PVOID /*privateDevmode*/, DWORD /*oldResult*/,
-                                             DWORD* /*result*/) {
+                                             DWORD* /*result*/) noexcept {
     return E_NOTIMPL;
 }
 
-STDMETHODIMP OemUiPlugin::UpgradePrinter(DWORD /*level*/, PBYTE /*upgradeInfo*/) {
+STDMETHODIMP OemUiPlugin::UpgradePrinter(DWORD /*level*/, PBYTE /*upgradeInfo*/) noexcept {
     return E_NOTIMPL;
 }
 
 STDMETHODIMP OemUiPlugin::PrinterEvent(PWSTR printerName, INT event, DWORD /*flags*/,
-                                       LPARAM /*parameter*/) {
+                                       LPARAM /*parameter*/) noexcept {
     return HandlePrinterEvent(printerName, event);
 }
 
 STDMETHODIMP OemUiPlugin::DriverEvent(DWORD event, DWORD /*level*/, LPBYTE /*driverInfo*/,
-                                      LPARAM /*parameter*/) {
+                                      LPARAM /*parameter*/) noexcept {
     return HandleDriverEvent(event);
 }
 
 STDMETHODIMP OemUiPlugin::QueryColorProfile(HANDLE /*printer*/, POEMUIOBJ /*driver*/,
                                             DEVMODEW* /*publicDevmode*/, PVOID /*privateDevmode*/,
                                             ULONG queryMode, VOID* profile, ULONG* profileSize,
-                                            DWORD* profileFlags) {
+                                            DWORD* profileFlags) noexcept {
     return oemui::QueryColorProfile(queryMode, profile, profileSize, profileFlags);
 }
 
 STDMETHODIMP OemUiPlugin::FontInstallerDlgProc(HWND /*window*/, UINT /*message*/, WPARAM /*first*/,
-                                               LPARAM /*second*/) {
+                                               LPARAM /*second*/) noexcept {
     return E_NOTIMPL;
 }
 
 STDMETHODIMP OemUiPlugin::UpdateExternalFonts(HANDLE /*printer*/, HANDLE /*heap*/,
-                                              PWSTR /*cartridges*/) {
+                                              PWSTR /*cartridges*/) noexcept {
     return E_NOTIMPL;
 }
 

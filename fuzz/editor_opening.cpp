@@ -2,7 +2,7 @@
 // the input says and leaves by one of the buttons: the caller's list can be indexed after OK and is
 // untouched after Cancel, and nothing stays open.
 
-#include "common/page_state.h"
+#include "common/current_printer.h"
 #include "fuzz/fuzz_text.h"
 #include "platform/faults/live_objects.h"
 #include "resources/resource_ids.h"

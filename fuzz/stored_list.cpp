@@ -1,13 +1,13 @@
 // A stored watermark list: after the check it can be indexed and its texts can be read.
 
 #include "fuzz/fuzz_text.h"
-#include "watermark/watermark_list.h"
+#include "watermark/damaged_list.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) {
     static oemui::WatermarkList list;
     list = {};
     fuzz::FillFrom(&list, bytes, size);
-    oemui::SanitizeWatermarkList(&list);
+    static_cast<void>(oemui::SanitizeWatermarkList(&list));
     fuzz::Require(list.Count >= 0 && list.Count <= oemui::kWatermarkCapacity);
     fuzz::Require(list.Selected == 0 || (list.Selected > 0 && list.Selected < list.Count));
     for (const oemui::WatermarkRecord& entry : list.Entries) {

@@ -59,20 +59,20 @@ bool ClosePrinterConnection(PrinterLink* link) {
     return true;
 }
 
-bool SendToPrinter(PrinterLink* link, const char* bytes, DWORD length, DWORD* sent) {
+bool SendToPrinter(PrinterLink* link, std::string_view bytes, DWORD* sent) {
     *sent = 0;
     if (link->Found == 0) return true;
-    const int accepted = ::send(link->Socket, bytes, static_cast<int>(length), 0);
+    const int accepted = ::send(link->Socket, bytes.data(), static_cast<int>(bytes.size()), 0);
     if (accepted == SOCKET_ERROR) return ::WSAGetLastError() == WSAEWOULDBLOCK;
     *sent = static_cast<DWORD>(accepted);
     return true;
 }
 
-bool ReceiveFromPrinter(PrinterLink* link, char* buffer, DWORD size, DWORD* received,
+bool ReceiveFromPrinter(PrinterLink* link, std::span<char> buffer, DWORD* received,
                         int* lastError) {
     *received = 0;
     if (link->Found == 0) return true;
-    const int count = ::recv(link->Socket, buffer, static_cast<int>(size), 0);
+    const int count = ::recv(link->Socket, buffer.data(), static_cast<int>(buffer.size()), 0);
     if (count == SOCKET_ERROR) {
         *lastError = ::WSAGetLastError();
         return *lastError == WSAEWOULDBLOCK;

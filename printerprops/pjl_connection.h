@@ -3,6 +3,9 @@
 
 #include <windows.h>
 
+#include <span>
+#include <string_view>
+
 #include "printerprops/port_discovery.h"
 
 namespace oemui {
@@ -10,22 +13,22 @@ namespace oemui {
 /// Connects to the printer's raw port, 9100, and makes the socket non-blocking; a connection that
 /// is open already is used as it is and not counted again. The connect blocks. Nothing stays open
 /// on failure.
-bool OpenPrinterConnection(PrinterLink* link);
+[[nodiscard]] bool OpenPrinterConnection(PrinterLink* link);
 
 /// Gives back one open; the last one makes the socket blocking again and closes it.
 /// \return false when the socket cannot be made blocking; it then stays the caller's.
-bool ClosePrinterConnection(PrinterLink* link);
+[[nodiscard]] bool ClosePrinterConnection(PrinterLink* link);
 
 /// Sends once; what the connection does not take is not sent again.
 /// \param sent  bytes taken; 0 when the socket would have blocked or the link has no host.
-bool SendToPrinter(PrinterLink* link, const char* bytes, DWORD length, DWORD* sent);
+[[nodiscard]] bool SendToPrinter(PrinterLink* link, std::string_view bytes, DWORD* sent);
 
 /// Receives once.
 /// \param received  bytes brought; 0 when the socket would have blocked or the link has no host.
 /// \param lastError  the error when receiving fails, would-block included. Otherwise it stays as it
 ///                   was: a connection that the printer closes in good order is no error.
 /// \return false when the connection broke or the printer closed it.
-bool ReceiveFromPrinter(PrinterLink* link, char* buffer, DWORD size, DWORD* received,
-                        int* lastError);
+[[nodiscard]] bool ReceiveFromPrinter(PrinterLink* link, std::span<char> buffer, DWORD* received,
+                                      int* lastError);
 
 }  // namespace oemui

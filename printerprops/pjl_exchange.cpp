@@ -4,13 +4,10 @@
 #include <string_view>
 
 #include "printerprops/pjl_connection.h"
+#include "printerprops/pjl_reply_wait.h"
 
 namespace oemui {
 namespace {
-
-constexpr int kReceiveAttempts = 60;
-constexpr DWORD kPollMilliseconds = 250;
-constexpr char kFormFeed = '\f';
 
 constexpr std::string_view kExitLanguage = "\x1B%-12345X";
 constexpr std::string_view kLineEnd = "\r\n";
@@ -34,13 +31,6 @@ struct Message {
     DWORD Length;
 };
 
-/// Where a reply goes.
-struct ReplyBuffer {
-    char* Bytes;
-    DWORD Size;
-    DWORD* Length;
-};
-
 /// A connection for the length of a scope.
 class Connection {
 public:
@@ -61,13 +51,14 @@ private:
     bool isOpen_;
 };
 
-bool EqualIgnoringCase(std::string_view left, std::string_view capitals) {
-    return std::equal(left.begin(), left.end(), capitals.begin(), capitals.end(),
+/// Whether a word is a keyword, which is given in capitals; of ASCII only, whatever its case.
+bool IsKeyword(std::string_view word, std::string_view keyword) {
+    return std::equal(word.begin(), word.end(), keyword.begin(), keyword.end(),
                       [](char a, char b) { return a == b || (a >= 'a' && a - 'a' + 'A' == b); });
 }
 
 Mode ModeOf(std::string_view command) {
-    if (EqualIgnoringCase(command, "READ")) return Mode::kRead;
+    if (IsKeyword(command, "READ")) return Mode::kRead;
     if (command.find("#SET#") != std::string_view::npos) return Mode::kSet;
     if (command.find("#GET#") != std::string_view::npos) return Mode::kGet;
     return Mode::kNone;
@@ -79,7 +70,7 @@ Command ParseCommand(std::string_view command) {
     if (mode == Mode::kRead) return {mode, {}};
     command.remove_prefix(std::min(command.find_first_not_of(kDelimiters), command.size()));
     const std::string_view token = command.substr(0, command.find_first_of(kDelimiters));
-    if (!EqualIgnoringCase(token, "#SET#") && !EqualIgnoringCase(token, "#GET#")) {
+    if (!IsKeyword(token, "#SET#") && !IsKeyword(token, "#GET#")) {
         return {Mode::kNone, {}};
     }
     return {mode, command.substr(std::min(token.size() + 1, command.size()))};
@@ -95,42 +86,9 @@ bool BuildMessage(std::string_view text, Message* message) {
     return true;
 }
 
-/// The end of all attempts: a printer that had nothing to say when receiving last failed counts as
-/// one that answered nothing, even when it has hung up since.
-bool EndWithoutReply(int receiveError, const ReplyBuffer& reply) {
-    if (receiveError != WSAEWOULDBLOCK) return false;
-    *reply.Length = 0;
-    return true;
-}
-
-bool ReadAtOnce(PrinterLink* link, const ReplyBuffer& reply) {
-    int receiveError = 0;
-    for (int attempt = 0; attempt < kReceiveAttempts; ++attempt) {
-        if (ReceiveFromPrinter(link, reply.Bytes, reply.Size, reply.Length, &receiveError)) {
-            return true;
-        }
-    }
-    return EndWithoutReply(receiveError, reply);
-}
-
-/// Polls until a form feed has arrived.
-bool PollReply(PrinterLink* link, const ReplyBuffer& reply) {
-    int receiveError = 0;
-    ::Sleep(kPollMilliseconds);
-    for (int poll = 0; poll < kReceiveAttempts; ++poll) {
-        char* piece = reply.Bytes + *reply.Length;
-        DWORD received = 0;
-        ReceiveFromPrinter(link, piece, reply.Size - *reply.Length, &received, &receiveError);
-        *reply.Length += received;
-        if (std::find(piece, piece + received, kFormFeed) != piece + received) return true;
-        ::Sleep(kPollMilliseconds);
-    }
-    return EndWithoutReply(receiveError, reply);
-}
-
 bool SubstituteReply(const ReplyBuffer& reply) {
-    if (reply.Size <= kSubstituteReply.size() + 1) return false;
-    std::copy(kSubstituteReply.begin(), kSubstituteReply.end(), reply.Bytes);
+    if (reply.Room.size() <= kSubstituteReply.size() + 1) return false;
+    std::copy(kSubstituteReply.begin(), kSubstituteReply.end(), reply.Room.begin());
     *reply.Length = static_cast<DWORD>(kSubstituteReply.size());
     return true;
 }
@@ -139,14 +97,14 @@ bool SendCommand(PrinterLink* link, const Command& command, const ReplyBuffer& r
     Message message;
     DWORD sent = 0;
     if (!BuildMessage(command.Text, &message)) return false;
-    const bool isSent = SendToPrinter(link, message.Bytes, message.Length, &sent);
+    const bool isSent = SendToPrinter(link, {message.Bytes, message.Length}, &sent);
     if (command.Kind == Mode::kSet || !isSent) return isSent;
     return sent == 0 ? SubstituteReply(reply) : PollReply(link, reply);
 }
 
 }  // namespace
 
-bool ExchangePjl(PrinterLink* link, LPCWSTR command, char* reply, DWORD size, DWORD* length) {
+bool ExchangePjl(PrinterLink* link, LPCWSTR command, std::span<char> reply, DWORD* length) {
     *length = 0;
     char narrow[kPjlMessageCapacity];
     if (::WideCharToMultiByte(CP_ACP, 0, command, -1, narrow, sizeof narrow, nullptr, nullptr) ==
@@ -154,7 +112,7 @@ bool ExchangePjl(PrinterLink* link, LPCWSTR command, char* reply, DWORD size, DW
         return false;
     }
     const Command parsed = ParseCommand(narrow);
-    const ReplyBuffer buffer = {reply, size, length};
+    const ReplyBuffer buffer = {reply, length};
     const Connection connection(link);
     if (!connection) return false;
     switch (parsed.Kind) {

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <span>
+
 #include "printerprops/port_discovery.h"
 
 namespace oemui {
@@ -18,10 +20,11 @@ inline constexpr std::size_t kMaxPjlText = 235;
 /// \param command  at most 255 characters: "READ" reads whatever the printer sends; "#SET#", a
 ///                 blank or line feed and a text sends the text; "#GET#" the same sends it and
 ///                 reads the reply up to a form feed, for up to about 15 seconds.
-/// \param size     room in `reply`, in bytes; the reply is not terminated.
+/// \param reply    receives the bytes; they are not terminated.
 /// \param length   bytes of the reply; 0 when none arrived in time.
 /// \return false when the connection could not be made or broke, or the command carries no text or
 ///         too long a one.
-bool ExchangePjl(PrinterLink* link, LPCWSTR command, char* reply, DWORD size, DWORD* length);
+[[nodiscard]] bool ExchangePjl(PrinterLink* link, LPCWSTR command, std::span<char> reply,
+                               DWORD* length);
 
 }  // namespace oemui

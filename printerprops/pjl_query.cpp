@@ -50,7 +50,7 @@ bool GetAnswer(HANDLE printer, LPCWSTR question, Reply* reply) {
 bool AskDirectly(PrinterLink* link, Reply* reply) {
     const SocketLibrary library;
     if (!library) return false;
-    return ExchangePjl(link, kConfigQuestion, reply->Bytes, kReplyCapacity, &reply->Length);
+    return ExchangePjl(link, kConfigQuestion, reply->Bytes, &reply->Length);
 }
 
 /// Asks through the spooler. The device status only shows that the monitor answers at all.
@@ -73,32 +73,25 @@ bool AskThroughSpooler(LPCWSTR printerName, Reply* reply) {
 
 }  // namespace
 
-bool QueryInstalledOptions(LPCWSTR printerName, PrinterLink link, UINT32* tray2Sel,
-                           UINT32* tray3Sel, UINT32* duplexSel) {
+std::optional<InstalledOptions> QueryInstalledOptions(LPCWSTR printerName, PrinterLink link) {
     Reply reply;
     const bool isAsked = IsDirectKind(link.Kind) ? AskDirectly(&link, &reply)
                                                  : AskThroughSpooler(printerName, &reply);
-    if (isAsked) {
-        ParseInstalledOptions({reply.Bytes, reply.Length}, tray2Sel, tray3Sel, duplexSel);
-    }
-    return isAsked;
+    if (!isAsked) return {};
+    return ParseInstalledOptions({reply.Bytes, reply.Length}).value_or(InstalledOptions{});
 }
 
-bool ParseInstalledOptions(std::string_view reply, UINT32* tray2Sel, UINT32* tray3Sel,
-                           UINT32* duplexSel) {
+std::optional<InstalledOptions> ParseInstalledOptions(std::string_view reply) {
     const std::string_view text = reply.substr(0, reply.find('\0'));
     const std::size_t echo = text.find(kEcho);
-    if (echo == std::string_view::npos) return false;
+    if (echo == std::string_view::npos) return {};
     const std::size_t formFeed = text.find('\f', echo);
-    if (formFeed == std::string_view::npos) return false;
+    if (formFeed == std::string_view::npos) return {};
     const std::string_view configuration = text.substr(echo, formFeed - echo);
-    const auto selection = [configuration](std::string_view option) -> UINT32 {
-        return configuration.find(option) == std::string_view::npos ? 1 : 0;
+    const auto names = [configuration](std::string_view option) {
+        return configuration.find(option) != std::string_view::npos;
     };
-    *tray2Sel = selection(kTray2);
-    *tray3Sel = selection(kTray3);
-    *duplexSel = selection(kDuplex);
-    return true;
+    return InstalledOptions{names(kTray2), names(kTray3), names(kDuplex)};
 }
 
 }  // namespace oemui

@@ -3,8 +3,10 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string_view>
 
+#include "printerprops/installed_options.h"
 #include "printerprops/port_discovery.h"
 
 namespace oemui {
@@ -13,20 +15,19 @@ namespace oemui {
 /// it has no terminator of its own.
 inline constexpr DWORD kReplyCapacity = 1024;
 
-/// Asks the printer for its second tray, third tray and duplex unit. Each selection becomes 0
-/// (installed) or 1 (not installed) when an answer was understood and stays as it was otherwise.
+/// Asks the printer for its second tray, third tray and duplex unit.
 /// \param link  as discovery left it. Share and internet ports are asked over a connection of the
 ///              plug-in's own, every other port through the spooler.
-/// \return whether the question was asked. Blocks for up to about 15 seconds on the direct way,
-///         after a connect that takes as long as the platform lets it.
-bool QueryInstalledOptions(LPCWSTR printerName, PrinterLink link, UINT32* tray2Sel,
-                           UINT32* tray3Sel, UINT32* duplexSel);
+/// \return what is installed, everything when no answer was understood; nothing when the question
+///         was not asked. Blocks for up to about 15 seconds on the direct way, after a connect that
+///         takes as long as the platform lets it.
+[[nodiscard]] std::optional<InstalledOptions> QueryInstalledOptions(LPCWSTR printerName,
+                                                                    PrinterLink link);
 
 /// Reads the installed options out of a printer's reply: what stands between the echo of the
 /// question and the form feed that follows it counts.
 /// \param reply  the bytes received; an embedded zero ends the text earlier.
-/// \return false, and nothing written, without the echo or its form feed.
-bool ParseInstalledOptions(std::string_view reply, UINT32* tray2Sel, UINT32* tray3Sel,
-                           UINT32* duplexSel);
+/// \return nothing without the echo or its form feed.
+[[nodiscard]] std::optional<InstalledOptions> ParseInstalledOptions(std::string_view reply);
 
 }  // namespace oemui

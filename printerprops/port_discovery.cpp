@@ -1,8 +1,8 @@
 #include "printerprops/port_discovery.h"
 
-#include "common/join_text.h"
 #include "common/model_identity.h"
-#include "common/printer_info.h"
+#include "common/spooler_records.h"
+#include "common/text.h"
 #include "common/unique_handle.h"
 #include "printerprops/socket_library.h"
 
@@ -58,9 +58,10 @@ bool ReachPort(LPWSTR port, PrinterLink* link) {
 }
 
 bool FindInPlace(LPCWSTR portName, const MonitorPlace& place, PrinterLink* link) {
-    WCHAR portsKey[kPathCapacity];
-    if (!JoinText(portsKey, {kMonitorsKey, place.Monitor, TEXT("\\Ports")})) return false;
-    if (!FindPortInMonitor(portName, portsKey, place.ValueName, place.FallbackValue, link)) {
+    FixedText<kPathCapacity> portsKey;
+    if (!portsKey.Join({kMonitorsKey, place.Monitor, TEXT("\\Ports")})) return false;
+    if (!FindPortInMonitor(portName, portsKey.c_str(), place.ValueName, place.FallbackValue,
+                           link)) {
         return false;
     }
     link->Found = 1;
@@ -82,8 +83,8 @@ void FindInFamilyMonitors(LPCWSTR portName, PlatformFamily family, PrinterLink* 
 }
 
 void TakeHost(TextView host, PortKind kind, PrinterLink* link) {
-    WCHAR hostName[kPathCapacity];
-    if (!JoinText(hostName, {host}) || !ResolveHost(hostName, &link->Address)) return;
+    FixedText<kPathCapacity> hostName;
+    if (!hostName.Join({host}) || !ResolveHost(hostName.c_str(), &link->Address)) return;
     link->Found = 1;
     link->Kind = kind;
 }
@@ -113,30 +114,30 @@ void ClassifyIpp(TextView port, PrinterLink* link) {
 
 /// Whether one of the key's sub-keys is named exactly so; the registry itself ignores case.
 bool HasSubkey(HKEY key, TextView wanted) {
-    WCHAR name[kKeyNameCapacity];
+    FixedText<kKeyNameCapacity> name;
     for (DWORD index = 0;; ++index) {
         DWORD length = kKeyNameCapacity;
         const LSTATUS status =
-            ::RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr);
+            ::RegEnumKeyExW(key, index, name.Room(), &length, nullptr, nullptr, nullptr, nullptr);
         // A name that does not fit its buffer is none that is looked for.
         if (status == ERROR_MORE_DATA) continue;
         if (status != ERROR_SUCCESS) return false;
-        if (TextView(name, length) == wanted) return true;
+        if (TextView(name.c_str(), length) == wanted) return true;
     }
 }
 
 bool ResolveSetting(HKEY port, LPCWSTR valueName, sockaddr_in* address) {
     // One character more than is read: stored texts may lack their terminator.
-    WCHAR text[kSettingLength + 1] = {};
+    FixedText<kSettingLength + 1> text;
     DWORD size = kSettingLength * sizeof(WCHAR);
     DWORD type = REG_NONE;
-    if (::RegQueryValueExW(port, valueName, nullptr, &type, reinterpret_cast<BYTE*>(text), &size) !=
-            ERROR_SUCCESS ||
+    if (::RegQueryValueExW(port, valueName, nullptr, &type, reinterpret_cast<BYTE*>(text.Room()),
+                           &size) != ERROR_SUCCESS ||
         type != REG_SZ) {
         return false;
     }
-    text[std::min<std::size_t>(size / sizeof(WCHAR), kSettingLength)] = 0;
-    return ResolveHost(text, address);
+    text.CutAt(size / sizeof(WCHAR));
+    return ResolveHost(text.c_str(), address);
 }
 
 bool IsLetter(char character) {
@@ -164,9 +165,10 @@ bool DiscoverPrinterPort(HANDLE printer, PrinterLink* link) {
     PrinterLink found = {};
     bool isReachable = false;
     bool isBidirectional = false;
-    if (const PrinterInfo info = PrinterInfo::Read(printer)) {
-        isBidirectional = (info->Attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0;
-        if (info->pPortName != nullptr) isReachable = ReachPort(info->pPortName, &found);
+    const auto records = ReadPrinterInfo(printer);
+    for (const PRINTER_INFO_2W& info : records.All()) {
+        isBidirectional = (info.Attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0;
+        if (info.pPortName != nullptr) isReachable = ReachPort(info.pPortName, &found);
     }
     *link = found;
     return isReachable && (IsDirectKind(found.Kind) || isBidirectional);
@@ -209,9 +211,9 @@ bool FindPortInMonitor(LPCWSTR portName, LPCWSTR portsKey, LPCWSTR valueName, LP
                        PrinterLink* link) {
     const UniqueKey ports = OpenMachineKey(portsKey);
     if (!ports || !HasSubkey(ports.Get(), portName)) return false;
-    WCHAR portKey[kPathCapacity];
-    if (!JoinText(portKey, {portsKey, TEXT("\\"), portName})) return false;
-    const UniqueKey port = OpenMachineKey(portKey);
+    FixedText<kPathCapacity> portKey;
+    if (!portKey.Join({portsKey, TEXT("\\"), portName})) return false;
+    const UniqueKey port = OpenMachineKey(portKey.c_str());
     if (!port) return false;
     if (ResolveSetting(port.Get(), valueName, &link->Address)) return true;
     return fallbackValue != nullptr && ResolveSetting(port.Get(), fallbackValue, &link->Address);

@@ -5,8 +5,6 @@
 
 #include <winsock.h>
 
-#include "common/text.h"
-
 namespace oemui {
 
 /// What kind of port a printer hangs on. The value 1 is not used.
@@ -49,7 +47,7 @@ constexpr bool IsNetworkKind(PortKind kind) {
 /// \param printer  an open printer handle with PRINTER_ACCESS_USE.
 /// \param link     replaced whatever the outcome; all zero when the printer tells nothing.
 /// Blocks while a host name is looked up. Any thread.
-bool DiscoverPrinterPort(HANDLE printer, PrinterLink* link);
+[[nodiscard]] bool DiscoverPrinterPort(HANDLE printer, PrinterLink* link);
 
 /// Classifies a port and resolves the host behind it into `Kind`, `Found` and `Address`.
 /// \param portName  cut at its first comma in place: of pooled ports only the first counts.
@@ -71,12 +69,12 @@ OSVERSIONINFOW PlatformVersion();
 ///                       own key has to fit 263 characters.
 /// \param valueName      the value that holds the host: text of at most 260 bytes.
 /// \param fallbackValue  the value to take when the first one does not resolve, or null.
-bool FindPortInMonitor(LPCWSTR portName, LPCWSTR portsKey, LPCWSTR valueName, LPCWSTR fallbackValue,
-                       PrinterLink* link);
+[[nodiscard]] bool FindPortInMonitor(LPCWSTR portName, LPCWSTR portsKey, LPCWSTR valueName,
+                                     LPCWSTR fallbackValue, PrinterLink* link);
 
 /// Resolves a host name, at most 259 bytes in the narrow character set. A name that does not begin
 /// with a letter is taken as a dotted address as it comes, all ones when it is none.
 /// \param address  its family is IPv4 afterwards, also when the name is not found; the port stays.
-bool ResolveHost(LPCWSTR hostName, sockaddr_in* address);
+[[nodiscard]] bool ResolveHost(LPCWSTR hostName, sockaddr_in* address);
 
 }  // namespace oemui

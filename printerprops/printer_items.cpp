@@ -9,9 +9,11 @@ namespace {
 
 constexpr DWORD kPluginItemCount = 2;
 
-/// Selections of the switch and of the option items.
+/// Selections of the switch, and of the option items.
 constexpr LONG kSwitchOn = 0;
 constexpr LONG kSwitchOff = 1;
+constexpr LONG kInstalled = 0;
+constexpr LONG kNotInstalled = 1;
 
 constexpr DWORD kGreyed = OPTIF_DISABLED | OPTIF_CHANGED;
 constexpr DWORD kEditable = OPTIF_CALLBACK | OPTIF_CHANGED;
@@ -27,34 +29,14 @@ constexpr OptionItem kTray3 = {IDS_TRAY_3, IDS_INSTALLED};
 constexpr OptionItem kDuplex = {IDS_DUPLEX_OPTION, 0};
 constexpr OptionItem kOptions[] = {kTray2, kTray3, kDuplex};
 
-/// A text of the string table in a block of the page's heap, for as long as a search lasts; no text
-/// for ID 0 or one that the table lacks.
-class SearchText {
-public:
-    SearchText(const OEMCUIPPARAM& params, UINT textId)
-        : heap_(params.hOEMHeap),
-          text_(textId == 0 ? nullptr : LoadItemText(heap_, PageModule(params), textId)) {}
-    SearchText(const SearchText&) = delete;
-    SearchText& operator=(const SearchText&) = delete;
-    ~SearchText() {
-        if (text_ != nullptr) ::HeapFree(heap_, 0, text_);
-    }
-
-    explicit operator bool() const { return text_ != nullptr; }
-
-    /// Whether a text of the page is this one. The page's records may hold string IDs in the place
-    /// of texts; those never match.
-    bool Matches(LPCWSTR text) const {
-        return text_ != nullptr && !IS_INTRESOURCE(text) && TextView(text_) == text;
-    }
-
-private:
-    HANDLE heap_;
-    PWSTR text_;
-};
+/// Whether a text of the page is this one. The page's records may hold string IDs in the place of
+/// texts; those never match.
+bool IsText(LPCWSTR shown, const MessageText& wanted) {
+    return !wanted.empty() && ItemText(shown) == wanted.View();
+}
 
 LPCWSTR FirstOptionText(const OPTITEM& item) {
-    const POPTPARAM first = FindChoice(item, 0);
+    const OPTPARAM* first = FindChoice(item, 0);
     return first == nullptr ? nullptr : first->pData;
 }
 
@@ -69,12 +51,13 @@ POPTITEM FindSwitch(POEMCUIPPARAM params) {
 
 bool IsSwitchedOn(const OPTITEM* item, const OEMCUIPPARAM& params) {
     return item != nullptr && item->Sel == kSwitchOn &&
-           SearchText(params, IDS_AUTO_CONFIGURE).Matches(item->pName);
+           IsText(item->pName, MessageText(IDS_AUTO_CONFIGURE, PageModule(params)));
 }
 
-bool SetSelection(POPTITEM item, UINT32 selection) {
-    if (item == nullptr || item->Sel == static_cast<LONG>(selection)) return false;
-    item->Sel = static_cast<LONG>(selection);
+bool SelectOption(OPTITEM* item, bool isInstalled) {
+    const LONG selection = isInstalled ? kInstalled : kNotInstalled;
+    if (item == nullptr || item->Sel == selection) return false;
+    item->Sel = selection;
     item->Flags |= OPTIF_CHANGED;
     return true;
 }
@@ -109,7 +92,7 @@ HRESULT BuildPrinterItems(DWORD /*mode*/, POEMCUIPPARAM params) {
     return S_OK;
 }
 
-LONG APIENTRY PrinterPropertyCallback(PCPSUICBPARAM callback, POEMCUIPPARAM params) {
+LONG APIENTRY PrinterPropertyCallback(PCPSUICBPARAM callback, POEMCUIPPARAM params) noexcept {
     if (callback == nullptr || params == nullptr) return CPSUICB_ACTION_NONE;
     switch (callback->Reason) {
         case CPSUICB_REASON_SEL_CHANGED:
@@ -127,7 +110,7 @@ LONG APIENTRY PrinterPropertyCallback(PCPSUICBPARAM callback, POEMCUIPPARAM para
 }
 
 void PrinterPageActivated(POEMCUIPPARAM params) {
-    const POPTITEM autoConfigure = FindSwitch(params);
+    OPTITEM* const autoConfigure = FindSwitch(params);
     if (autoConfigure == nullptr) return;
     PrinterLink link;
     if (!DiscoverPrinterPort(params->hPrinter, &link)) {
@@ -144,11 +127,11 @@ void PrinterPageActivated(POEMCUIPPARAM params) {
 }
 
 void UpdateOptionItemStates(POEMCUIPPARAM params) {
-    const POPTITEM autoConfigure = FindSwitch(params);
+    OPTITEM* const autoConfigure = FindSwitch(params);
     if (autoConfigure == nullptr) return;
     const bool isOn = autoConfigure->Sel == kSwitchOn;
     for (const OptionItem& option : kOptions) {
-        const POPTITEM item = FindItem(params, option);
+        OPTITEM* const item = FindItem(params, option);
         if (item == nullptr) continue;
         // Greying adds to the item's flags; opening it for the user drops all others.
         item->Flags = isOn ? item->Flags | kGreyed : kEditable;
@@ -157,29 +140,25 @@ void UpdateOptionItemStates(POEMCUIPPARAM params) {
 
 bool AutoConfigure(POEMCUIPPARAM params, const PrinterLink& link, bool* changed) {
     *changed = false;
-    UINT32 tray2Sel = 0;
-    UINT32 tray3Sel = 0;
-    UINT32 duplexSel = 0;
-    const POPTITEM tray2 = FindItem(params, kTray2);
-    const POPTITEM tray3 = FindItem(params, kTray3);
-    const POPTITEM duplex = FindItem(params, kDuplex);
-    if (!QueryInstalledOptions(params->pPrinterName, link, &tray2Sel, &tray3Sel, &duplexSel)) {
-        return false;
-    }
-    *changed |= SetSelection(tray2, tray2Sel);
-    *changed |= SetSelection(tray3, tray3Sel);
-    *changed |= SetSelection(duplex, duplexSel);
+    OPTITEM* const tray2 = FindItem(params, kTray2);
+    OPTITEM* const tray3 = FindItem(params, kTray3);
+    OPTITEM* const duplex = FindItem(params, kDuplex);
+    const auto installed = QueryInstalledOptions(params->pPrinterName, link);
+    if (!installed) return false;
+    *changed |= SelectOption(tray2, installed->Tray2);
+    *changed |= SelectOption(tray3, installed->Tray3);
+    *changed |= SelectOption(duplex, installed->Duplex);
     return true;
 }
 
 int FindDriverItemByName(POEMCUIPPARAM params, UINT nameId, UINT firstOptionId) {
-    const SearchText name(*params, nameId);
-    if (!name || params->pDrvOptItems == nullptr) return -1;
-    const SearchText firstOption(*params, firstOptionId);
+    if (params->pDrvOptItems == nullptr) return -1;
+    const MessageText name(nameId, PageModule(*params));
+    const MessageText firstOption(firstOptionId, PageModule(*params));
     for (DWORD index = 0; index < params->cDrvOptItems; ++index) {
         const OPTITEM& item = params->pDrvOptItems[index];
-        if (item.Level <= 1 || !name.Matches(item.pName)) continue;
-        if (firstOptionId == 0 || firstOption.Matches(FirstOptionText(item))) {
+        if (item.Level <= 1 || !IsText(item.pName, name)) continue;
+        if (firstOptionId == 0 || IsText(FirstOptionText(item), firstOption)) {
             return static_cast<int>(index);
         }
     }

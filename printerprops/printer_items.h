@@ -15,7 +15,7 @@ HRESULT BuildPrinterItems(DWORD mode, POEMCUIPPARAM params);
 
 /// What the property sheet reports of the printer page. May wait for the printer.
 /// \return the action code for the sheet, CPSUICB_ACTION_*.
-LONG APIENTRY PrinterPropertyCallback(PCPSUICBPARAM callback, POEMCUIPPARAM params);
+LONG APIENTRY PrinterPropertyCallback(PCPSUICBPARAM callback, POEMCUIPPARAM params) noexcept;
 
 /// Switches "Auto Configure" by whether the printer can be asked, and asks it when it is on.
 void PrinterPageActivated(POEMCUIPPARAM params);

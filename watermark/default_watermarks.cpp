@@ -1,12 +1,8 @@
 #include "watermark/default_watermarks.h"
 
-#include <cmath>
-#include <iterator>
-
 #include "common/model_identity.h"
-#include "common/page_state.h"
-#include "common/unique_handle.h"
 #include "resources/resource_ids.h"
+#include "watermark/watermark_angle.h"
 #include "watermark/watermark_codec.h"
 #include "watermark/watermark_store.h"
 
@@ -16,48 +12,33 @@ constinit WatermarkList WorkingWatermarkList = {};
 
 namespace {
 
-using UniqueDeviceContext = UniqueHandle<HDC, ::DeleteDC>;
-
 constexpr int kDecimal = 10;
-constexpr UINT32 kPortrait = 1;
-constexpr double kFallbackDegrees = 45.0;
 
 /// One value of the default file, at most 511 characters; empty when it is missing.
-class DefaultFileValue {
-public:
-    explicit DefaultFileValue(LPCWSTR key) {
-        ::GetPrivateProfileStringW(TEXT("WatermarkInfo"), key, TEXT(""), characters_,
-                                   static_cast<DWORD>(std::size(characters_)),
-                                   Model().DefaultWatermarkFile);
-    }
-
-    TextView View() const { return TextIn(characters_); }
-
-private:
-    WCHAR characters_[512] = {};
-};
+FixedText<512> DefaultFileValue(LPCWSTR key) {
+    FixedText<512> value;
+    ::GetPrivateProfileStringW(TEXT("WatermarkInfo"), key, TEXT(""), value.Room(), 512,
+                               Model().DefaultWatermarkFile);
+    return value;
+}
 
 /// How many entries the file gives; a file that declares more than a list holds is read that far.
 INT32 DeclaredCount() {
-    const DefaultFileValue value(TEXT("NUM"));
+    const auto value = DefaultFileValue(TEXT("NUM"));
     const TextView number = value.View().substr(0, value.View().find(TEXT(',')));
-    const INT32 count = ParseInteger(number, number.size(), kDecimal);
-    return std::clamp(count, INT32{0}, kWatermarkCapacity);
-}
-
-void ReadEntry(INT32 index, WatermarkRecord* record) {
-    WCHAR key[16];
-    ::wsprintfW(key, TEXT("dat%ld"), index);
-    ParseDefaultWatermarkLine(DefaultFileValue(key).View(), record);
+    return std::clamp(ParseInteger(number, kDecimal), INT32{0}, kWatermarkCapacity);
 }
 
 void ReadDefaultFile(WatermarkList* list) {
     const INT32 count = DeclaredCount();
-    for (INT32 i = 0; i < count; ++i) ReadEntry(i, &list->Entries[i]);
+    for (INT32 i = 0; i < count; ++i) {
+        const auto line = DefaultFileValue(PrintText(TEXT("dat%ld"), i).c_str());
+        ParseDefaultWatermarkLine(line.View(), &list->Entries[i]);
+    }
     list->NoneSelected = 0;
     list->Count = count;
     list->Selected = 0;
-    list->Orientation = kPortrait;
+    list->Orientation = StoredValue(PageOrientation::kPortrait);
 }
 
 }  // namespace
@@ -69,21 +50,7 @@ void InitPrinterWatermarkList(LPCWSTR printerName) {
 
 void LoadDefaultWatermarks(WatermarkList* list) {
     ReadDefaultFile(list);
-    for (INT32 i = 0; i < list->Count; ++i) {
-        WatermarkRecord& record = list->Entries[i];
-        if (record.AngleKind != kAngleDiagonal) continue;
-        record.AngleDegrees = static_cast<INT32>(DiagonalAngleDegrees());
-    }
-}
-
-double DiagonalAngleDegrees() {
-    const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName, PRINTER_ACCESS_USE);
-    if (!printer) return kFallbackDegrees;
-    const UniqueDeviceContext page(::CreateDCW(nullptr, CurrentPrinterName, nullptr, nullptr));
-    if (!page) return kFallbackDegrees;
-    const double width = ::GetDeviceCaps(page.Get(), PHYSICALWIDTH);
-    const double height = ::GetDeviceCaps(page.Get(), PHYSICALHEIGHT);
-    return std::atan2(height, width) * 180.0 / kPi;
+    for (WatermarkRecord& entry : ListedEntries(*list)) RefreshDiagonalAngle(&entry);
 }
 
 }  // namespace oemui

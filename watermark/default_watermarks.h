@@ -6,9 +6,6 @@
 
 namespace oemui {
 
-/// Coarse on purpose: angles computed with it are stored, and a closer value would shift them.
-inline constexpr double kPi = 3.1415927;
-
 /// The one list in which the editor works, and in which a printer's first list is built.
 /// Property sheet's thread.
 extern WatermarkList WorkingWatermarkList;
@@ -20,9 +17,5 @@ void InitPrinterWatermarkList(LPCWSTR printerName);
 /// Builds the default list in memory. Diagonal entries get the angle of the current printer's page.
 /// Fields that the file does not give, such as `ColorIndex`, keep what the list held.
 void LoadDefaultWatermarks(WatermarkList* list);
-
-/// The angle of the diagonal of the current printer's default page (`CurrentPrinterName`), in
-/// degrees; 45 when it cannot be measured.
-double DiagonalAngleDegrees();
 
 }  // namespace oemui

@@ -26,10 +26,7 @@ public:
         return field;
     }
 
-    INT32 Number() {
-        const TextView field = Text();
-        return ParseInteger(field, field.size(), kDecimal);
-    }
+    INT32 Number() { return ParseInteger(Text(), kDecimal); }
 
     BYTE Byte() { return static_cast<BYTE>(Number()); }
 
@@ -39,10 +36,10 @@ private:
 
 }  // namespace
 
-INT32 ParseInteger(TextView text, std::size_t length, int radix) {
+INT32 ParseInteger(TextView text, int radix) {
     // Unsigned: a value that does not fit wraps around.
     UINT32 value = 0;
-    const TextView counted = text.substr(0, std::min(length, kDigitScratch));
+    const TextView counted = text.substr(0, kDigitScratch);
     for (const WCHAR character : counted.substr(0, counted.find(WCHAR{0}))) {
         const int digit = DigitValue(character);
         if (digit == kNoDigit || digit >= radix) continue;

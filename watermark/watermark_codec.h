@@ -6,11 +6,10 @@
 namespace oemui {
 
 /// Reads the digits of a text and skips everything else, signs included.
-/// \param text    read up to its first terminator, at most 255 characters.
-/// \param length  characters of the text to read.
-/// \param radix   2..36; letters are digits in either case.
+/// \param text   read up to its first terminator, at most 255 characters.
+/// \param radix  2..36; letters are digits in either case.
 /// \return the value modulo 2^32; 0 without digits.
-INT32 ParseInteger(TextView text, std::size_t length, int radix);
+[[nodiscard]] INT32 ParseInteger(TextView text, int radix);
 
 /// Decodes one line of fifteen comma-separated fields: index, name, text, face name, point size,
 /// bold, italic, red, green, blue, angle kind, degrees, position kind, horizontal and vertical

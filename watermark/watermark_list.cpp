@@ -1,15 +1,6 @@
 #include "watermark/watermark_list.h"
 
 namespace oemui {
-namespace {
-
-/// A terminated text keeps the characters behind its terminator: stored bytes stay the same.
-template <std::size_t Capacity>
-void TerminateText(WCHAR (&text)[Capacity]) {
-    if (TextIn(text).size() == Capacity) text[Capacity - 1] = 0;
-}
-
-}  // namespace
 
 void CopyWatermark(WatermarkRecord* destination, const WatermarkRecord& source) {
     destination->Index = source.Index;
@@ -31,20 +22,13 @@ void CopyWatermark(WatermarkRecord* destination, const WatermarkRecord& source) 
     destination->ColorIndex = source.ColorIndex;
 }
 
-void TerminateTexts(WatermarkRecord* record) {
-    TerminateText(record->Name);
-    TerminateText(record->Text);
-    TerminateText(record->FaceName);
-}
-
-bool SanitizeWatermarkList(WatermarkList* list) {
-    if (list->Count < 0 || list->Count > kWatermarkCapacity) {
-        *list = {};
-        return false;
-    }
-    if (list->Selected < 0 || list->Selected >= list->Count) list->Selected = 0;
-    for (WatermarkRecord& record : list->Entries) TerminateTexts(&record);
-    return true;
+void CopyWatermarkList(WatermarkList* destination, const WatermarkList& source) {
+    destination->NoneSelected = source.NoneSelected;
+    destination->Count = source.Count;
+    destination->Selected = source.Selected;
+    destination->Orientation = source.Orientation;
+    WatermarkRecord* copy = destination->Entries;
+    for (const WatermarkRecord& entry : ListedEntries(source)) CopyWatermark(copy++, entry);
 }
 
 }  // namespace oemui

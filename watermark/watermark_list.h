@@ -2,28 +2,33 @@
 /// every devmode share.
 #pragma once
 
-#include "common/text.h"
+#include <span>
+
+#include "common/fixed_text.h"
+#include "watermark/watermark_limits.h"
 
 namespace oemui {
 
-/// Values of `WatermarkRecord::AngleKind`.
-inline constexpr UINT32 kAngleHorizontal = 0;
-inline constexpr UINT32 kAngleDiagonal = 1;
-inline constexpr UINT32 kAngleVertical = 2;
-inline constexpr UINT32 kAngleUserDefine = 3;
-
 /// Values of `WatermarkRecord::PositionKind`.
-inline constexpr UINT32 kPositionCenter = 0;
-inline constexpr UINT32 kPositionUserSetting = 1;
+enum class PositionKind : UINT32 { kCenter, kUserSetting };
+
+/// Values of `WatermarkList::Orientation`; any other value draws the page as the paper is.
+enum class PageOrientation : UINT32 { kPortrait = 1, kLandscape = 2 };
+
+/// The number under which a record keeps a choice.
+template <typename Choice>
+[[nodiscard]] constexpr UINT32 StoredValue(Choice choice) {
+    return static_cast<UINT32>(choice);
+}
 
 /// One watermark. Little-endian; texts are UTF-16, terminated inside their array. The ranges are
 /// the editor's: a record from outside may hold anything.
 struct WatermarkRecord {
     UINT32 Index;  ///< position in the list, from 0
     UINT32 InUse;  ///< 1 = the slot holds a watermark
-    WCHAR Name[32];
-    WCHAR Text[64];  ///< what is printed
-    WCHAR FaceName[32];
+    WCHAR Name[kNameCapacity];
+    WCHAR Text[kTextCapacity];  ///< what is printed
+    WCHAR FaceName[kFaceNameCapacity];
     INT32 PointSize;  ///< points, 8..200
     BYTE Bold;        ///< nonzero = bold
     BYTE Italic;
@@ -31,7 +36,7 @@ struct WatermarkRecord {
     BYTE Green;
     BYTE Blue;
     BYTE Padding[3];
-    UINT32 AngleKind;
+    UINT32 AngleKind;     ///< one of `AngleKind`, in watermark_angle.h
     INT32 AngleDegrees;   ///< -180..180, counter-clockwise
     UINT32 PositionKind;  ///< centred, or by the offsets
     INT32 OffsetX;        ///< points (1/72 inch) from the page's centre, -999..999
@@ -44,9 +49,6 @@ static_assert(offsetof(WatermarkRecord, FaceName) == 200);
 static_assert(offsetof(WatermarkRecord, PointSize) == 264);
 static_assert(offsetof(WatermarkRecord, AngleKind) == 276);
 static_assert(offsetof(WatermarkRecord, ColorIndex) == 296);
-
-/// Entries that a list holds at most.
-inline constexpr INT32 kWatermarkCapacity = 16;
 
 /// A printer's watermarks. Entry 0 stands for no watermark; entries 0..Count-1 are the list.
 struct WatermarkList {
@@ -64,16 +66,22 @@ static_assert(offsetof(WatermarkList, Entries) == 16);
 /// without terminator is cut at its array's end.
 void CopyWatermark(WatermarkRecord* destination, const WatermarkRecord& source);
 
-/// Terminates every text of the record inside its array; a terminated record is not changed.
-void TerminateTexts(WatermarkRecord* record);
+/// Copies the header and the listed entries. Slots behind the source's `Count` stay as they were.
+void CopyWatermarkList(WatermarkList* destination, const WatermarkList& source);
 
-/// Makes a list from outside safe to index and to read: a `Selected` outside the list becomes 0,
-/// every text is terminated. A well-formed list stays as it is, byte for byte.
-/// \return false, with the whole list cleared, when `Count` lies outside 0..16.
-bool SanitizeWatermarkList(WatermarkList* list);
+/// Whether an index names an entry of the list, whatever the list's header says.
+[[nodiscard]] constexpr bool IsListed(const WatermarkList& list, INT32 index) {
+    return index >= 0 && index < list.Count && index < kWatermarkCapacity;
+}
+
+/// The listed entries, never more than there are slots.
+[[nodiscard]] constexpr auto ListedEntries(auto& list) {
+    const INT32 count = std::clamp(list.Count, INT32{0}, kWatermarkCapacity);
+    return std::span(list.Entries).first(static_cast<std::size_t>(count));
+}
 
 /// The index itself when it can index a list's slots, otherwise 0 (no watermark).
-constexpr UINT32 UsableWatermarkIndex(UINT32 index) {
+[[nodiscard]] constexpr UINT32 UsableWatermarkIndex(UINT32 index) {
     return index < static_cast<UINT32>(kWatermarkCapacity) ? index : 0;
 }
 

@@ -1,7 +1,9 @@
 #include "watermark/watermark_store.h"
 
+#include "common/message.h"
 #include "common/unique_handle.h"
 #include "resources/resource_ids.h"
+#include "watermark/damaged_list.h"
 
 namespace oemui {
 namespace {

@@ -9,7 +9,7 @@ namespace oemui {
 /// Reads the printer's list. A shorter stored value leaves zeros behind it.
 /// \param list  made safe to index and to read before it comes back; all zero unless read.
 /// \return 0; the spooler's status; ERROR_INVALID_DATA when the stored `Count` is outside 0..16.
-DWORD ReadPrinterWatermarkList(HANDLE printer, WatermarkList* list);
+[[nodiscard]] DWORD ReadPrinterWatermarkList(HANDLE printer, WatermarkList* list);
 
 /// Stores a list as the printer's. Failures are told to the user, caption "Error": a printer that
 /// cannot be opened with full access, or a value that cannot be written; the stored list then stays

@@ -14,6 +14,7 @@ namespace oemui {
 /// the printer allowed, and written back into the caller's list. It ends with 0 after Cancel:
 /// nothing stored, the caller's list untouched. One editor at a time in a process; on the thread
 /// that runs the dialog.
-INT_PTR CALLBACK WatermarkEditorProc(HWND dialog, UINT message, WPARAM first, LPARAM second);
+INT_PTR CALLBACK WatermarkEditorProc(HWND dialog, UINT message, WPARAM first,
+                                     LPARAM second) noexcept;
 
 }  // namespace oemui

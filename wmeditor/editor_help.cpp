@@ -1,10 +1,9 @@
 #include "wmeditor/editor_help.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
 
 #include "common/driver_info.h"
-#include "common/join_text.h"
 #include "common/model_identity.h"
 #include "common/page_state.h"
 #include "common/unique_handle.h"
@@ -23,7 +22,7 @@ struct HelpContext {
     DWORD context;
 };
 
-constexpr HelpContext kEditorHelpContexts[] = {
+constexpr auto kEditorHelpContexts = std::to_array<HelpContext>({
     {IDC_PREVIEW_GROUP, 1300},
     {IDC_PREVIEW_AREA, 1301},
     {IDC_PREVIEW_PAGE, 1301},
@@ -67,34 +66,15 @@ constexpr HelpContext kEditorHelpContexts[] = {
     {IDC_VERTICAL_SPIN, 1318},
     {IDC_CENTER, 1318},
     {IDC_USER_POSITION, 1318},
-};
-static_assert(std::size(kEditorHelpContexts) == 43);
-
-/// A block of the process heap.
-class HeapBlock {
-public:
-    explicit HeapBlock(PBYTE block) : block_(block) {}
-    HeapBlock(const HeapBlock&) = delete;
-    HeapBlock& operator=(const HeapBlock&) = delete;
-    ~HeapBlock() {
-        if (block_ != nullptr) ::HeapFree(::GetProcessHeap(), 0, block_);
-    }
-    PBYTE Get() const { return block_; }
-
-private:
-    PBYTE block_;
-};
-
-TextView HelpFileName() {
-    return TextIn(Model().HelpFile);
-}
+});
+static_assert(kEditorHelpContexts.size() == 43);
 
 /// The help file in the directory of the driver's own file.
-bool BesideDriver(LPCWSTR driverPath, WCHAR (&path)[MAX_PATH]) {
+bool BesideDriver(LPCWSTR driverPath, HelpPath* path) {
     const TextView driver(driverPath);
     const std::size_t lastBackslash = driver.rfind(TEXT('\\'));
     if (lastBackslash == TextView::npos) return false;
-    return JoinText(path, {driver.substr(0, lastBackslash + 1), HelpFileName()});
+    return path->Join({driver.substr(0, lastBackslash + 1), TextIn(Model().HelpFile)});
 }
 
 /// Asks with the extended version record first: not every system knows it.
@@ -113,44 +93,42 @@ bool ReadSystemPlatform(DWORD* platform) {
 }  // namespace
 
 void ShowControlHelp(HWND dialog, const HELPINFO* request) {
-    WCHAR path[MAX_PATH];
-    if (request == nullptr || !FindHelpFilePath(path)) return;
-    ::WinHelpW(dialog, path, HELP_CONTEXTPOPUP, HelpTopicOfControl(request->iCtrlId));
+    HelpPath path;
+    if (request == nullptr || !FindHelpFilePath(&path)) return;
+    ::WinHelpW(dialog, path.c_str(), HELP_CONTEXTPOPUP, HelpTopicOfControl(request->iCtrlId));
 }
 
 void ShowEditorHelp(HWND dialog) {
-    WCHAR path[MAX_PATH];
-    if (FindHelpFilePath(path)) ::WinHelpW(dialog, path, HELP_CONTEXT, kEditorTopic);
+    HelpPath path;
+    if (FindHelpFilePath(&path)) ::WinHelpW(dialog, path.c_str(), HELP_CONTEXT, kEditorTopic);
 }
 
 DWORD HelpTopicOfControl(int controlId) {
-    const auto* const found = std::find_if(
-        std::begin(kEditorHelpContexts), std::end(kEditorHelpContexts),
-        [controlId](const HelpContext& entry) { return entry.controlId == controlId; });
-    const DWORD context = found != std::end(kEditorHelpContexts) ? found->context : 0;
+    const auto found = std::ranges::find(kEditorHelpContexts, controlId, &HelpContext::controlId);
+    const DWORD context = found != kEditorHelpContexts.end() ? found->context : 0;
     // The help file has one topic for all settings and buttons without a topic of their own.
     if (context > kLastControlTopic) return kSettingsTopic;
     return std::max(context, kFirstControlTopic);
 }
 
-bool FindHelpFilePath(WCHAR (&path)[MAX_PATH]) {
+bool FindHelpFilePath(HelpPath* path) {
     const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName, PRINTER_ACCESS_USE);
     if (!printer) return DefaultHelpFilePath(path);
-    const HeapBlock block(QueryDriverInfo(::GetProcessHeap(), printer.Get(), 2));
-    const auto* const driver = reinterpret_cast<const DRIVER_INFO_2W*>(block.Get());
-    return driver != nullptr && driver->pDriverPath != nullptr &&
-           BesideDriver(driver->pDriverPath, path);
+    const HeapBlock info = QueryDriverInfo(::GetProcessHeap(), printer.Get(), 2);
+    if (!info) return false;
+    const LPCWSTR driver = info.As<DRIVER_INFO_2W>().pDriverPath;
+    return driver != nullptr && BesideDriver(driver, path);
 }
 
-bool DefaultHelpFilePath(WCHAR (&path)[MAX_PATH]) {
+bool DefaultHelpFilePath(HelpPath* path) {
     DWORD platform = 0;
     if (!ReadSystemPlatform(&platform)) return false;
-    WCHAR directory[MAX_PATH];
-    const UINT length = ::GetSystemDirectoryW(directory, static_cast<UINT>(std::size(directory)));
-    if (length == 0 || length >= std::size(directory)) return false;
-    const TextView system(directory, length);
-    if (platform != VER_PLATFORM_WIN32_NT) return JoinText(path, {system});
-    return JoinText(path, {system, TEXT("\\spool\\drivers\\x64\\3\\"), HelpFileName()});
+    FixedText<MAX_PATH> system;
+    const UINT length = ::GetSystemDirectoryW(system.Room(), MAX_PATH);
+    if (length == 0 || length >= MAX_PATH) return false;
+    if (platform != VER_PLATFORM_WIN32_NT) return path->Join({system.View()});
+    return path->Join(
+        {system.View(), TEXT("\\spool\\drivers\\x64\\3\\"), TextIn(Model().HelpFile)});
 }
 
 }  // namespace oemui

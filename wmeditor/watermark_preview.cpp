@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <utility>
 
 #include "common/unique_handle.h"
 #include "resources/resource_ids.h"
-#include "watermark/default_watermarks.h"
-#include "wmeditor/editor_arithmetic.h"
+#include "watermark/watermark_angle.h"
+#include "wmeditor/dialog_controls.h"
 
 namespace oemui {
 namespace {
@@ -43,23 +45,16 @@ private:
 /// The client area of a control, and a device context to draw on it.
 class ControlSurface {
 public:
-    explicit ControlSurface(HWND control)
-        : control_(control), context_(control == nullptr ? nullptr : ::GetDC(control)) {
-        if (control_ != nullptr) ::GetClientRect(control_, &area_);
-    }
-    ControlSurface(const ControlSurface&) = delete;
-    ControlSurface& operator=(const ControlSurface&) = delete;
-    ~ControlSurface() {
-        if (context_ != nullptr) ::ReleaseDC(control_, context_);
+    explicit ControlSurface(HWND control) : context_(control) {
+        if (control != nullptr) ::GetClientRect(control, &area_);
     }
 
-    HDC Get() const { return context_; }
+    HDC Get() const { return context_.Get(); }
     const RECT& Area() const { return area_; }
-    bool CanBeDrawn() const { return context_ != nullptr && area_.right > 0 && area_.bottom > 0; }
+    bool CanBeDrawn() const { return Get() != nullptr && area_.right > 0 && area_.bottom > 0; }
 
 private:
-    HWND control_;
-    HDC context_;
+    WindowContext context_;
     RECT area_{};
 };
 
@@ -125,6 +120,18 @@ RECT PreviewArea(HWND dialog) {
             rectangle.bottom - origin.y};
 }
 
+/// The settings may hold anything: their sums and products wrap in 32 bits, like the platform's.
+constexpr INT32 Wrapped(std::int64_t number) {
+    return static_cast<INT32>(number);
+}
+
+/// Cuts a number toward zero; 0 when the result does not fit, or when it is no number.
+constexpr INT32 TruncatedToInt32(double number) {
+    constexpr double kBelow = static_cast<double>(std::numeric_limits<INT32>::min()) - 1.0;
+    constexpr double kAbove = static_cast<double>(std::numeric_limits<INT32>::max()) + 1.0;
+    return number > kBelow && number < kAbove ? static_cast<INT32>(number) : 0;
+}
+
 INT32 WholeMillimetres(INT32 tenths) {
     return tenths / 10;
 }
@@ -141,13 +148,14 @@ INT32 FallbackStep(INT32 side) {
 
 /// How far an offset moves the text, in pixels.
 INT32 OffsetInPixels(INT32 offset, INT32 scale, INT32 side) {
-    if (scale != 0) return WrappedProduct(offset, scale) / kPointsPerInch;
-    return WrappedProduct(FallbackStep(side), offset);
+    if (scale != 0) return Wrapped(std::int64_t{offset} * scale) / kPointsPerInch;
+    return Wrapped(std::int64_t{FallbackStep(side)} * offset);
 }
 
 }  // namespace
 
-void PaintWatermarkPreview(HWND dialog, const WatermarkRecord& record, UINT32 orientation) {
+void PaintWatermarkPreview(HWND dialog, const WatermarkRecord& record,
+                           PageOrientation orientation) {
     const PaintCycle paint(dialog);
     PaintPreviewBackground(dialog, paint.Get());
     const HWND page = ::GetDlgItem(dialog, IDC_PREVIEW_PAGE);
@@ -167,18 +175,18 @@ void PaintPreviewBackground(HWND dialog, HDC reference) {
     picture.Show();
 }
 
-PreviewPageSize ScalePreviewPage(const PaperSize& paper, UINT32 orientation) {
+PreviewPageSize ScalePreviewPage(const PaperSize& paper, PageOrientation orientation) {
     const PaperSize& drawn = HasSize(paper) ? paper : kA4;
     const double width = WholeMillimetres(drawn.Width) / kMillimetresPerInch;
     const double length = WholeMillimetres(drawn.Length) / kMillimetresPerInch;
     const INT32 scale =
         TruncatedToInt32(kLongerSidePixels / (drawn.Width > drawn.Length ? width : length));
     PreviewPageSize page{TruncatedToInt32(scale * width), TruncatedToInt32(scale * length), scale};
-    if (orientation == kLandscape) std::swap(page.width, page.height);
+    if (orientation == PageOrientation::kLandscape) std::swap(page.width, page.height);
     return page;
 }
 
-PreviewPage ComputePreviewPage(HWND dialog, UINT32 orientation) {
+PreviewPage ComputePreviewPage(HWND dialog, PageOrientation orientation) {
     const PreviewPageSize size = ScalePreviewPage(PreviewPaperSize, orientation);
     const RECT area = PreviewArea(dialog);
     const LONG left = (area.left + area.right) / 2 - size.width / 2;
@@ -190,20 +198,20 @@ POINT ComputeTextOrigin(const RECT& page, INT32 fontHeight, INT32 scale,
                         const WatermarkRecord& record) {
     const double angle = record.AngleDegrees * kPi / 180.0;
     const double halfHeight = fontHeight * 0.5;
-    const INT32 x =
-        WrappedSum((page.left + page.right) / 2, -TruncatedToInt32(std::sin(angle) * halfHeight));
-    const INT32 y =
-        WrappedSum((page.top + page.bottom) / 2, -TruncatedToInt32(std::cos(angle) * halfHeight));
+    const std::int64_t x =
+        std::int64_t{(page.left + page.right) / 2} - TruncatedToInt32(std::sin(angle) * halfHeight);
+    const std::int64_t y =
+        std::int64_t{(page.top + page.bottom) / 2} - TruncatedToInt32(std::cos(angle) * halfHeight);
     const INT32 right = OffsetInPixels(record.OffsetX, scale, page.right - page.left);
     const INT32 up = OffsetInPixels(record.OffsetY, scale, page.bottom - page.top);
-    return {WrappedSum(x, right), WrappedDifference(y, up)};
+    return {Wrapped(x + right), Wrapped(y - up)};
 }
 
 LOGFONTW MakePreviewFont(const WatermarkRecord& record) {
     LOGFONTW font{};
     font.lfHeight = std::max<LONG>(::MulDiv(record.PointSize, kFontPixelsPerInch, kPointsPerInch),
                                    kSmallestFontHeight);
-    font.lfEscapement = WrappedProduct(record.AngleDegrees, 10);
+    font.lfEscapement = Wrapped(std::int64_t{record.AngleDegrees} * 10);
     font.lfWeight = record.Bold != 0 ? FW_BOLD : FW_NORMAL;
     font.lfItalic = record.Italic != 0 ? 1 : 0;
     font.lfCharSet = DEFAULT_CHARSET;

@@ -9,12 +9,9 @@
 
 namespace oemui {
 
-/// Orientation that exchanges the page's width and height; any other value leaves them.
-inline constexpr UINT32 kLandscape = 2;
-
 /// Draws the whole preview: the area around the page, and the page with the watermark.
 /// \param record  any content; angle and offsets alone place the text, their kinds are not read.
-void PaintWatermarkPreview(HWND dialog, const WatermarkRecord& record, UINT32 orientation);
+void PaintWatermarkPreview(HWND dialog, const WatermarkRecord& record, PageOrientation orientation);
 
 /// Fills the preview area.
 /// \param reference  the device context whose format the memory bitmap takes.
@@ -27,9 +24,9 @@ struct PreviewPageSize {
     INT32 scale;   ///< pixels per inch; 0 for a paper longer than 170 inches
 };
 
-/// Scales a paper so that its longer side has at most 170 pixels. A paper without a size counts
-/// as A4.
-PreviewPageSize ScalePreviewPage(const PaperSize& paper, UINT32 orientation);
+/// Scales a paper so that its longer side has at most 170 pixels; landscape exchanges the sides. A
+/// paper without a size counts as A4.
+[[nodiscard]] PreviewPageSize ScalePreviewPage(const PaperSize& paper, PageOrientation orientation);
 
 struct PreviewPage {
     RECT rectangle;  ///< in the dialog's client coordinates, centred in the preview area
@@ -37,16 +34,16 @@ struct PreviewPage {
 };
 
 /// Where the page selected on the document page (`PreviewPaperSize`) stands in the dialog.
-PreviewPage ComputePreviewPage(HWND dialog, UINT32 orientation);
+[[nodiscard]] PreviewPage ComputePreviewPage(HWND dialog, PageOrientation orientation);
 
 /// The point of the text's top centre that puts the middle of the turned text line on the page's
 /// centre, moved by the record's offsets. Any record content; results wrap in 32 bits.
 /// \param fontHeight  pixels.
 /// \param scale  pixels per inch; with 0, one offset unit is a twentieth of the page.
-POINT ComputeTextOrigin(const RECT& page, INT32 fontHeight, INT32 scale,
-                        const WatermarkRecord& record);
+[[nodiscard]] POINT ComputeTextOrigin(const RECT& page, INT32 fontHeight, INT32 scale,
+                                      const WatermarkRecord& record);
 
 /// The font of the preview: 15 pixels for 72 points, at least 3, whatever the paper's scale.
-LOGFONTW MakePreviewFont(const WatermarkRecord& record);
+[[nodiscard]] LOGFONTW MakePreviewFont(const WatermarkRecord& record);
 
 }  // namespace oemui

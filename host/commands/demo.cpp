@@ -22,20 +22,16 @@ struct DemoPrinter {
     const char* port;
 };
 
-constexpr std::array kDemoPrinters = {
-    DemoPrinter{"Office", "T", "USB001"},
-    DemoPrinter{"Studio", "U", "USB002"},
-    DemoPrinter{"Workshop", "V", "USB003"},
-};
+constexpr auto kDemoPrinters = std::to_array<DemoPrinter>({
+    {"Office", "T", "USB001"},
+    {"Studio", "U", "USB002"},
+    {"Workshop", "V", "USB003"},
+});
 
 void InstallMissing(const DemoPrinter& demo, const CommandContext& context) {
-    const std::vector<PrinterSummary> printers = ListPrinters();
-    const bool installed = std::any_of(
-        printers.begin(), printers.end(),
-        [&](const PrinterSummary& printer) { return platform::Utf8(printer.name) == demo.name; });
-    if (installed) return;
-    InstallPrinter({demo.name, FindModel(demo.model), ParsePort(demo.port, "", ""), false},
-                   context.source);
+    const auto isIt = [&](const std::u16string& name) { return platform::Utf8(name) == demo.name; };
+    if (std::ranges::any_of(ListPrinters(), isIt, &PrinterSummary::name)) return;
+    InstallPrinter({demo.name, FindModel(demo.model), ParsePort(demo.port), false}, context.source);
 }
 
 void PrintPages(const CommandContext& context) {

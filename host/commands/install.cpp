@@ -20,8 +20,8 @@ struct InstallOptions {
 
 const Model& RequireModel(const std::string& letter) {
     const Model* model = FindModel(letter);
-    if (model) return *model;
-    throw UsageFailure("no model \"" + letter + "\"; known: U, T and V");
+    if (model != nullptr) return *model;
+    throw UsageFailure("no model " + Quoted(letter) + "; known: U, T and V");
 }
 
 void Install(const InstallOptions& options, const CommandContext& context) {

@@ -15,20 +15,18 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr const char16_t* kWatermarkValue = u"WaterMarkList";
-constexpr const char16_t* kSettingValue = u"EAIDCDisable";
-
 // What installing and using the printer left in its data.
 Json DriverDataToJson(HANDLE printer) {
     Json written = Json::object();
-    DWORD number = 0;
-    if (PrinterDataNumber(printer, kSettingValue, &number)) written["EAIDCDisable"] = number;
-    for (const OptionKeywords& keywords : AllOptionKeywords()) {
-        const std::u16string setting =
-            PrinterDataText(printer, platform::Utf16(keywords.feature).c_str());
-        if (!setting.empty()) written[keywords.feature] = platform::Utf8(setting);
+    if (const std::optional<DWORD> setting = PrinterDataNumber(printer, u"EAIDCDisable")) {
+        written["EAIDCDisable"] = *setting;
     }
-    if (const DWORD bytes = PrinterDataSize(printer, kWatermarkValue)) {
+    for (const InstallableOption& option : InstallableOptions()) {
+        const std::u16string setting =
+            PrinterDataText(printer, platform::Utf16(option.feature).c_str());
+        if (!setting.empty()) written[option.feature] = platform::Utf8(setting);
+    }
+    if (const DWORD bytes = PrinterDataSize(printer, u"WaterMarkList")) {
         written["WaterMarkList"] = std::to_string(bytes) + " bytes";
     }
     return written;
@@ -37,14 +35,14 @@ Json DriverDataToJson(HANDLE printer) {
 Json PrinterToJson(const PrinterSummary& printer) {
     const std::string name = platform::Utf8(printer.name);
     const Model* model = ModelOfDriver(printer.driver);
-    const PrinterHandle handle = OpenNamedPrinter(name, PRINTER_ACCESS_USE);
+    const oemui::UniquePrinter handle = OpenNamedPrinter(name, PRINTER_ACCESS_USE);
     return {{"name", name},
-            {"model", model ? Json(std::string(1, model->letter)) : Json()},
+            {"model", model != nullptr ? Json(std::string(1, model->letter)) : Json()},
             {"driver", platform::Utf8(printer.driver)},
             {"port", platform::Utf8(printer.port)},
             {"bidi", printer.bidirectional},
             {"printProcessor", platform::Utf8(printer.printProcessor)},
-            {"driverData", DriverDataToJson(handle.get())}};
+            {"driverData", DriverDataToJson(handle.Get())}};
 }
 
 std::string Bare(const Json& value) {
@@ -114,9 +112,9 @@ void AddForms(CLI::App& app, CommandContext& context) {
     command->callback([name, added, &context] {
         UseChosenMachine(context);
         const DWORD access = added->empty() ? PRINTER_ACCESS_USE : PRINTER_ALL_ACCESS;
-        const PrinterHandle printer = OpenNamedPrinter(*name, access);
-        for (const std::string& form : *added) AddForm(printer.get(), form);
-        if (added->empty()) PrintForms(printer.get(), context.out);
+        const oemui::UniquePrinter printer = OpenNamedPrinter(*name, access);
+        for (const std::string& form : *added) AddForm(printer.Get(), form);
+        if (added->empty()) PrintForms(printer.Get(), context.out);
     });
 }
 

@@ -1,4 +1,5 @@
 // document, printer: a page in text or in a window.
+#include <algorithm>
 #include <memory>
 #include <ostream>
 
@@ -26,18 +27,17 @@ struct PageOptions {
 
 // The one item with a button opens the editor.
 PageItem& ItemWithButton(PageSession& page) {
-    for (PageItem& item : page.Items()) {
-        if (item.HasButton()) return item;
-    }
-    throw Failure("the page has no editor");
+    const auto item = std::ranges::find_if(page.Items(), &PageItem::HasButton);
+    if (item == page.Items().end()) throw Failure("the page has no editor");
+    return *item;
 }
 
 void Edit(PageSession& page, const TerminalUser& user, const EditScript& script) {
     PageItem& item = ItemWithButton(page);
     page.PressButton(item);
     if (user.Dialogs() == 0) {
-        throw Failure("the editor does not open while \"" + item.Name() + "\" is \"" +
-                      item.SelectionText() + "\"");
+        throw Failure("the editor does not open while " + Quoted(item.Name()) + " is " +
+                      Quoted(item.SelectionText()));
     }
     const std::string error = script.Error();
     if (!error.empty()) throw Failure("script " + error);

@@ -45,7 +45,7 @@ std::atomic<PlayedPrinter*> signalledPrinter{nullptr};
 
 extern "C" void StopOnSignal(int) {
     PlayedPrinter* printer = signalledPrinter.load();
-    if (printer) printer->Stop();
+    if (printer != nullptr) printer->Stop();
 }
 
 class SignalScope {

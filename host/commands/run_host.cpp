@@ -18,9 +18,10 @@ constexpr int kNotUnderstood = 2;
 // as missing.
 std::filesystem::path DefaultMachine() {
     const char* dataHome = std::getenv("XDG_DATA_HOME");
-    if (dataHome && *dataHome == '/') return std::filesystem::path(dataHome) / "oemui/machine";
+    if (dataHome != nullptr && *dataHome == '/')
+        return std::filesystem::path(dataHome) / "oemui/machine";
     const char* home = std::getenv("HOME");
-    const std::filesystem::path base = home && *home == '/' ? home : ".";
+    const std::filesystem::path base = home != nullptr && *home == '/' ? home : ".";
     return base / ".local/share/oemui/machine";
 }
 

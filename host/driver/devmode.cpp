@@ -5,58 +5,49 @@
 #include <cstring>
 
 #include "host/errors/failure.h"
-#include "host/spooler/records.h"
+#include "host/spooler/printers.h"
 #include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {
-
-// The driver takes part of a stored public devmode only when every value is one it knows.
-struct ValueRange {
-    SHORT DEVMODEW::*field;
-    SHORT lowest;
-    SHORT highest;
-};
-
-constexpr std::array kShortRanges = {
-    ValueRange{&DEVMODEW::dmOrientation, DMORIENT_PORTRAIT, DMORIENT_LANDSCAPE},
-    ValueRange{&DEVMODEW::dmCopies, 1, 999},
-    ValueRange{&DEVMODEW::dmDefaultSource, 1, 32767},
-    ValueRange{&DEVMODEW::dmColor, DMCOLOR_MONOCHROME, DMCOLOR_COLOR},
-    ValueRange{&DEVMODEW::dmDuplex, DMDUP_SIMPLEX, DMDUP_HORIZONTAL},
-    ValueRange{&DEVMODEW::dmCollate, DMCOLLATE_FALSE, DMCOLLATE_TRUE},
-};
 
 constexpr SHORT kAutomaticSource = 7;
 constexpr DWORD kPlainMedia = 1;
 constexpr DWORD kMostMediaType = 0xFFFF;
 constexpr DWORD kHighestIcm = 4;
 
-template <std::size_t Capacity>
-void CopyName(WCHAR (&field)[Capacity], std::u16string_view text) {
-    const std::size_t length = std::min(text.size(), Capacity - 1);
-    std::copy_n(text.data(), length, field);
-    std::fill(field + length, field + Capacity, u'\0');
-}
+// The driver takes part of a stored public devmode only when every value is one it knows.
+template <typename Number>
+struct ValueRange {
+    Number DEVMODEW::*field;
+    Number lowest;
+    Number highest;
+};
+
+constexpr auto kShortRanges = std::to_array<ValueRange<SHORT>>({
+    {&DEVMODEW::dmOrientation, DMORIENT_PORTRAIT, DMORIENT_LANDSCAPE},
+    {&DEVMODEW::dmCopies, 1, 999},
+    {&DEVMODEW::dmDefaultSource, 1, 32767},
+    {&DEVMODEW::dmColor, DMCOLOR_MONOCHROME, DMCOLOR_COLOR},
+    {&DEVMODEW::dmDuplex, DMDUP_SIMPLEX, DMDUP_HORIZONTAL},
+    {&DEVMODEW::dmCollate, DMCOLLATE_FALSE, DMCOLLATE_TRUE},
+});
+constexpr auto kLongRanges = std::to_array<ValueRange<DWORD>>({
+    {&DEVMODEW::dmMediaType, 1, kMostMediaType},
+    {&DEVMODEW::dmICMMethod, 1, kHighestIcm},
+    {&DEVMODEW::dmICMIntent, 1, kHighestIcm},
+});
 
 void TakePublic(DEVMODEW& own, const DEVMODEW& stored) {
-    for (const ValueRange& range : kShortRanges) {
-        const SHORT value = stored.*range.field;
+    const auto take = [&](const auto& range) {
+        const auto value = stored.*range.field;
         if (value >= range.lowest && value <= range.highest) own.*range.field = value;
-    }
-    if (stored.dmMediaType >= 1 && stored.dmMediaType <= kMostMediaType) {
-        own.dmMediaType = stored.dmMediaType;
-    }
-    if (stored.dmICMMethod >= 1 && stored.dmICMMethod <= kHighestIcm) {
-        own.dmICMMethod = stored.dmICMMethod;
-    }
-    if (stored.dmICMIntent >= 1 && stored.dmICMIntent <= kHighestIcm) {
-        own.dmICMIntent = stored.dmICMIntent;
-    }
-    const WCHAR* name = stored.dmFormName;
-    const WCHAR* end = std::find(name, name + CCHFORMNAME, u'\0');
-    if (end != name && end != name + CCHFORMNAME) {
-        CopyName(own.dmFormName, std::u16string_view(name, static_cast<std::size_t>(end - name)));
+    };
+    std::ranges::for_each(kShortRanges, take);
+    std::ranges::for_each(kLongRanges, take);
+    const auto* end = std::ranges::find(stored.dmFormName, u'\0');
+    if (end != std::begin(stored.dmFormName) && end != std::end(stored.dmFormName)) {
+        ::lstrcpynW(own.dmFormName, stored.dmFormName, CCHFORMNAME);
     }
 }
 
@@ -90,31 +81,38 @@ DWORD PlugInBlockSize(DriverModule& module, HANDLE printer) {
     return params.cbBufSize;
 }
 
+// For a call that writes the devmode's public part and the plug-in's block.
+OEMDMPARAM ParamsInto(Devmode& devmode, DriverModule& module, HANDLE printer) {
+    OEMDMPARAM params = MakeParams(module, printer);
+    params.pPublicDMOut = &devmode.Public();
+    params.pOEMDMOut = devmode.PlugIn().data();
+    params.cbBufSize = static_cast<DWORD>(devmode.PlugIn().size());
+    return params;
+}
+
 // The stored block is handed in with room for a whole one, and never claims more than was stored.
 void MergePlugInBlock(DriverModule& module, HANDLE printer, Devmode& devmode,
                       std::span<const BYTE> stored) {
     if (stored.size() < sizeof(OEM_DMEXTRAHEADER)) return;
     std::vector<BYTE> source(std::max(stored.size(), devmode.PlugIn().size()));
-    std::copy(stored.begin(), stored.end(), source.begin());
+    std::ranges::copy(stored, source.begin());
     OEM_DMEXTRAHEADER header{};
     std::memcpy(&header, source.data(), sizeof(header));
     header.dwSize = std::min(header.dwSize, static_cast<DWORD>(stored.size()));
     std::memcpy(source.data(), &header, sizeof(header));
-    OEMDMPARAM params = MakeParams(module, printer);
-    params.pPublicDMIn = params.pPublicDMOut = &devmode.Public();
+    OEMDMPARAM params = ParamsInto(devmode, module, printer);
+    params.pPublicDMIn = &devmode.Public();
     params.pOEMDMIn = source.data();
-    params.pOEMDMOut = devmode.PlugIn().data();
-    params.cbBufSize = static_cast<DWORD>(devmode.PlugIn().size());
     CallDevMode(module, OEMDM_MERGE, params);
 }
 
 }  // namespace
 
-Devmode::Devmode(std::u16string_view printerName, DWORD plugInSize)
+Devmode::Devmode(const std::u16string& printerName, DWORD plugInSize)
     : bytes_(sizeof(DEVMODEW) + sizeof(DriverBlock) + plugInSize) {
     DEVMODEW& own = Public();
-    CopyName(own.dmDeviceName, printerName);
-    CopyName(own.dmFormName, u"A4");
+    ::lstrcpynW(own.dmDeviceName, printerName.c_str(), CCHDEVICENAME);
+    ::lstrcpynW(own.dmFormName, u"A4", CCHFORMNAME);
     own.dmSpecVersion = DM_SPECVERSION;
     own.dmDriverVersion = 1;
     own.dmSize = sizeof(DEVMODEW);
@@ -145,10 +143,6 @@ DriverBlock& Devmode::Driver() {
     return *reinterpret_cast<DriverBlock*>(bytes_.data() + sizeof(DEVMODEW));
 }
 
-const DriverBlock& Devmode::Driver() const {
-    return *reinterpret_cast<const DriverBlock*>(bytes_.data() + sizeof(DEVMODEW));
-}
-
 std::span<BYTE> Devmode::PlugIn() {
     return std::span(bytes_).subspan(sizeof(DEVMODEW) + sizeof(DriverBlock));
 }
@@ -174,22 +168,16 @@ std::span<const BYTE> Devmode::TakeStored(std::span<const BYTE> stored) {
 
 Devmode DefaultDevmode(DriverModule& module, HANDLE printer, const std::u16string& printerName) {
     Devmode devmode(printerName, PlugInBlockSize(module, printer));
-    OEMDMPARAM params = MakeParams(module, printer);
-    params.pPublicDMOut = &devmode.Public();
-    params.pOEMDMOut = devmode.PlugIn().data();
-    params.cbBufSize = static_cast<DWORD>(devmode.PlugIn().size());
+    OEMDMPARAM params = ParamsInto(devmode, module, printer);
     CallDevMode(module, OEMDM_DEFAULT, params);
     return devmode;
 }
 
 Devmode PrinterDevmode(DriverModule& module, HANDLE printer, const std::u16string& printerName) {
     Devmode devmode = DefaultDevmode(module, printer, printerName);
-    const RecordBlock<PRINTER_INFO_2W> block(
-        "the printer cannot be read", [&](LPBYTE buffer, DWORD size, LPDWORD needed) {
-            return ::GetPrinterW(printer, 2, buffer, size, needed);
-        });
-    const DEVMODEW* stored = block.Records()->pDevMode;
-    if (!stored) return devmode;
+    const RecordBlock<PRINTER_INFO_2W> record = PrinterRecord(printer);
+    const DEVMODEW* stored = record.Single().pDevMode;
+    if (stored == nullptr) return devmode;
     // The spooler has checked that the two sizes lie within the record.
     const std::span bytes(reinterpret_cast<const BYTE*>(stored),
                           std::size_t{stored->dmSize} + stored->dmDriverExtra);
@@ -198,12 +186,9 @@ Devmode PrinterDevmode(DriverModule& module, HANDLE printer, const std::u16strin
 }
 
 void StorePrinterDevmode(HANDLE printer, const Devmode& devmode) {
-    RecordBlock<PRINTER_INFO_2W> block("the printer cannot be read",
-                                       [&](LPBYTE buffer, DWORD size, LPDWORD needed) {
-                                           return ::GetPrinterW(printer, 2, buffer, size, needed);
-                                       });
-    block.Records()->pDevMode = const_cast<DEVMODEW*>(&devmode.Public());
-    if (!::SetPrinterW(printer, 2, reinterpret_cast<LPBYTE>(block.Records()), 0)) {
+    const RecordBlock<PRINTER_INFO_2W> record = PrinterRecord(printer);
+    record.Single().pDevMode = const_cast<DEVMODEW*>(&devmode.Public());
+    if (!::SetPrinterW(printer, 2, reinterpret_cast<LPBYTE>(&record.Single()), 0)) {
         FailWithLastError("the settings cannot be stored");
     }
 }

@@ -28,16 +28,15 @@ class Devmode {
 public:
     /// The driver's defaults for a printer; the plug-in's block is zero.
     /// \param plugInSize  bytes of the plug-in's block.
-    Devmode(std::u16string_view printerName, DWORD plugInSize);
+    Devmode(const std::u16string& printerName, DWORD plugInSize);
 
-    DEVMODEW& Public();
-    const DEVMODEW& Public() const;
-    DriverBlock& Driver();
-    const DriverBlock& Driver() const;
+    [[nodiscard]] DEVMODEW& Public();
+    [[nodiscard]] const DEVMODEW& Public() const;
+    [[nodiscard]] DriverBlock& Driver();
     /// The plug-in's block; it may be empty.
-    std::span<BYTE> PlugIn();
-    std::span<const BYTE> PlugIn() const;
-    std::span<const BYTE> Bytes() const { return bytes_; }
+    [[nodiscard]] std::span<BYTE> PlugIn();
+    [[nodiscard]] std::span<const BYTE> PlugIn() const;
+    [[nodiscard]] std::span<const BYTE> Bytes() const { return bytes_; }
 
     /// Takes over the public and the driver's settings of a stored devmode as far as they are
     /// valid. \return the stored plug-in block, whatever it holds; empty when there is none.
@@ -49,11 +48,13 @@ private:
 };
 
 /// The devmode of a printer as new: defaults of the driver and of the plug-in.
-Devmode DefaultDevmode(DriverModule& module, HANDLE printer, const std::u16string& printerName);
+[[nodiscard]] Devmode DefaultDevmode(DriverModule& module, HANDLE printer,
+                                     const std::u16string& printerName);
 
 /// The printer's default devmode: what is stored, merged over the defaults by driver and plug-in. A
 /// printer without one, or with one that is no devmode of the driver's, has the defaults.
-Devmode PrinterDevmode(DriverModule& module, HANDLE printer, const std::u16string& printerName);
+[[nodiscard]] Devmode PrinterDevmode(DriverModule& module, HANDLE printer,
+                                     const std::u16string& printerName);
 
 /// Keeps a devmode as the printer's default. The handle needs PRINTER_ACCESS_ADMINISTER.
 void StorePrinterDevmode(HANDLE printer, const Devmode& devmode);

@@ -4,52 +4,46 @@
 
 #include <windows.h>
 
-#include <array>
-#include <cstddef>
-#include <string_view>
+#include <vector>
 
 #include "host/driver/models.h"
 
 namespace host {
 
-enum class InstalledOption : std::uint8_t { AutoConfig, Tray2, Tray3, DuplexUnit };
-inline constexpr std::size_t kInstalledOptions = 4;
-
-/// The driver's name of an option and of its two settings; setting 0 is on or installed.
-struct OptionKeywords {
-    InstalledOption option;
-    const char* feature;
-    std::array<const char*, 2> settings;
-};
-
-/// In the order of `InstalledOption`.
-const std::array<OptionKeywords, kInstalledOptions>& AllOptionKeywords();
-
-class InstalledOptions {
-public:
-    /// Everything installed, automatic configuration on.
-    InstalledOptions() = default;
+/// As in a new printer: everything installed, automatic configuration on.
+struct InstalledOptions {
+    bool autoConfig = true;
+    bool tray2 = true;
+    bool tray3 = true;
+    bool duplexUnit = true;
 
     /// What a printer's data holds; an option that it does not hold is as in a new printer.
-    static InstalledOptions Read(HANDLE printer);
+    [[nodiscard]] static InstalledOptions Read(HANDLE printer);
     /// The handle needs PRINTER_ACCESS_ADMINISTER.
     void Store(HANDLE printer) const;
-
-    DWORD Setting(InstalledOption option) const {
-        return settings_[static_cast<std::size_t>(option)];
-    }
-    void Set(InstalledOption option, DWORD setting) {
-        settings_[static_cast<std::size_t>(option)] = setting;
-    }
 
     /// Answers as `DrvGetDriverSetting` does: the keyword of the feature's setting. E_NOTIMPL for a
     /// feature that the model lacks; false with ERROR_INSUFFICIENT_BUFFER when it does not fit.
     /// \param needed, returned  may be null.
-    BOOL Answer(const Model& model, PCSTR feature, PVOID output, DWORD outputSize, PDWORD needed,
-                PDWORD returned) const;
-
-private:
-    std::array<DWORD, kInstalledOptions> settings_{};
+    [[nodiscard]] BOOL Answer(const Model& model, PCSTR feature, PVOID output, DWORD outputSize,
+                              PDWORD needed, PDWORD returned) const;
 };
+
+/// A state of an option: for the driver, and for a person.
+struct OptionSetting {
+    const char* keyword;
+    const char16_t* text;
+};
+
+struct InstallableOption {
+    bool InstalledOptions::*option;
+    const char* feature;   ///< the driver's name of it
+    const char16_t* name;  ///< of its item, by which the plug-in finds it
+    OptionSetting installed;
+    OptionSetting missing;
+};
+
+/// The options of a model, in the order of their items; without a model those of the family.
+[[nodiscard]] std::vector<InstallableOption> InstallableOptions(const Model* model = nullptr);
 
 }  // namespace host

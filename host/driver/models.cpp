@@ -8,15 +8,15 @@
 namespace host {
 namespace {
 
-constexpr std::array kModels = {
-    Model{'U', 0, u"pigmentra 7120RZ", false},
-    Model{'T', 1, u"pigmentra 7140RZ", true},
-    Model{'V', 2, u"pigmentra 7160RZ", true},
-};
+constexpr auto kModels = std::to_array<Model>({
+    {'U', 0, u"pigmentra 7120RZ", false},
+    {'T', 1, u"pigmentra 7140RZ", true},
+    {'V', 2, u"pigmentra 7160RZ", true},
+});
 
 template <typename Condition>
 const Model* FirstModel(Condition condition) {
-    const auto* found = std::find_if(kModels.begin(), kModels.end(), condition);
+    const auto* found = std::ranges::find_if(kModels, condition);
     return found == kModels.end() ? nullptr : &*found;
 }
 
@@ -31,7 +31,7 @@ std::u16string Model::FileName(std::u16string_view rest) const {
 
 const Model* FindModel(std::string_view letter) {
     return FirstModel([&](const Model& model) {
-        return EqualIgnoringCase(letter, std::string_view(&model.letter, 1));
+        return EqualIgnoringAsciiCase(letter, std::string_view(&model.letter, 1));
     });
 }
 

@@ -14,14 +14,15 @@ struct Model {
     std::u16string_view driverName;
     bool hasTray3;  ///< whether a third tray can be installed at all
 
-    std::u16string FileName(std::u16string_view rest) const;  ///< "QVR" + letter + rest
-    std::u16string ModuleName() const { return FileName(u"__UI.DLL"); }
+    [[nodiscard]] std::u16string FileName(
+        std::u16string_view rest) const;  ///< "QVR" + letter + rest
+    [[nodiscard]] std::u16string ModuleName() const { return FileName(u"__UI.DLL"); }
 };
 
 /// The model of a letter, in either case; null for any other text.
-const Model* FindModel(std::string_view letter);
+[[nodiscard]] const Model* FindModel(std::string_view letter);
 
 /// The model of a registered driver's name; null for a driver that is none of the family's.
-const Model* ModelOfDriver(std::u16string_view driverName);
+[[nodiscard]] const Model* ModelOfDriver(std::u16string_view driverName);
 
 }  // namespace host

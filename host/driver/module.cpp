@@ -30,7 +30,7 @@ public:
     STDMETHODIMP DrvGetDriverSetting(PVOID driver, PCSTR feature, PVOID output, DWORD outputSize,
                                      PDWORD neededSize, PDWORD optionsReturned) override {
         POEMUIPROCS procedures = ProceduresOf(driver);
-        if (!procedures) return E_NOTIMPL;
+        if (procedures == nullptr) return E_NOTIMPL;
         const BOOL done = procedures->DrvGetDriverSetting(driver, feature, output, outputSize,
                                                           neededSize, optionsReturned);
         return done == E_NOTIMPL ? E_NOTIMPL : (done ? S_OK : E_FAIL);
@@ -39,7 +39,7 @@ public:
     STDMETHODIMP DrvUpdateUISetting(PVOID driver, PVOID optItem, DWORD previousSelection,
                                     DWORD mode) override {
         POEMUIPROCS procedures = ProceduresOf(driver);
-        if (!procedures) return E_NOTIMPL;
+        if (procedures == nullptr) return E_NOTIMPL;
         return procedures->DrvUpdateUISetting(driver, optItem, previousSelection, mode) ? S_OK
                                                                                         : E_FAIL;
     }
@@ -48,14 +48,10 @@ private:
     ~DriverInterface() = default;
 
     static POEMUIPROCS ProceduresOf(PVOID driver) {
-        return driver ? static_cast<POEMUIOBJ>(driver)->pOemUIProcs : nullptr;
+        return driver != nullptr ? static_cast<POEMUIOBJ>(driver)->pOemUIProcs : nullptr;
     }
 
     std::atomic<ULONG> references_{1};
-};
-
-struct ReleasedUnknown {
-    void operator()(IUnknown* object) const { object->Release(); }
 };
 
 using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
@@ -63,13 +59,13 @@ using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
 IPrintOemUI* CreatePlugIn(HMODULE module, const std::string& file) {
     const auto getClassObject = reinterpret_cast<GetClassObject>(
         reinterpret_cast<void*>(::GetProcAddress(module, "DllGetClassObject")));
-    if (!getClassObject) FailWithLastError(file + " is no plug-in");
+    if (getClassObject == nullptr) FailWithLastError(file + " is no plug-in");
     IClassFactory* factory = nullptr;
     if (FAILED(
             getClassObject(CLSID_OEMUI, IID_IClassFactory, reinterpret_cast<void**>(&factory)))) {
         throw Failure(file + " gives no class factory");
     }
-    const std::unique_ptr<IUnknown, ReleasedUnknown> factoryOwner(factory);
+    const std::unique_ptr<IUnknown, Released> factoryOwner(factory);
     void* plugIn = nullptr;
     if (FAILED(factory->CreateInstance(nullptr, IID_IPrintOemUI, &plugIn))) {
         throw Failure(file + " gives no user interface object");
@@ -83,18 +79,16 @@ DriverModule::DriverModule(const std::u16string& path)
     : path_(path), module_(::LoadLibraryW(path.c_str())) {
     const std::string file = platform::Utf8(path);
     if (!module_) FailWithLastError(file + " cannot be loaded");
-    plugIn_.reset(CreatePlugIn(module_.get(), file));
+    plugIn_.reset(CreatePlugIn(module_.Get(), file));
     auto* driverInterface = new DriverInterface;
-    const std::unique_ptr<IUnknown, ReleasedUnknown> ownReference(driverInterface);
+    const std::unique_ptr<IUnknown, Released> ownReference(driverInterface);
     if (FAILED(plugIn_->PublishDriverInterface(driverInterface))) {
         throw Failure(file + " refuses the driver's interface");
     }
 }
 
-DriverModule::~DriverModule() = default;
-
-std::unique_ptr<DriverModule> LoadPrinterModule(HANDLE printer) {
-    return std::make_unique<DriverModule>(DriverModulePath(printer));
+DriverModule LoadPrinterModule(HANDLE printer) {
+    return DriverModule(DriverModulePath(printer));
 }
 
 }  // namespace host

@@ -8,34 +8,34 @@
 #include <string>
 
 #include "common/oem_driver_interface.h"
-#include "host/spooler/handles.h"
+#include "common/unique_handle.h"
 
 namespace host {
+
+/// Gives an object of the component model back.
+struct Released {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
 
 class DriverModule {
 public:
     /// Loads a module and makes its object. Throws `Failure` when the file is no plug-in.
     /// \param path  the platform path of the module.
     explicit DriverModule(const std::u16string& path);
-    /// Releases the object, then the module.
-    ~DriverModule();
     DriverModule(const DriverModule&) = delete;
     DriverModule& operator=(const DriverModule&) = delete;
 
-    IPrintOemUI& PlugIn() const { return *plugIn_; }
-    HMODULE Handle() const { return module_.get(); }
-    const std::u16string& Path() const { return path_; }
+    [[nodiscard]] IPrintOemUI& PlugIn() const { return *plugIn_; }
+    [[nodiscard]] HMODULE Handle() const { return module_.Get(); }
+    [[nodiscard]] const std::u16string& Path() const { return path_; }
 
 private:
-    struct Released {
-        void operator()(IPrintOemUI* plugIn) const { plugIn->Release(); }
-    };
     std::u16string path_;
-    ModuleHandle module_;
-    std::unique_ptr<IPrintOemUI, Released> plugIn_;
+    oemui::UniqueLibrary module_;
+    std::unique_ptr<IPrintOemUI, Released> plugIn_;  ///< goes before its module
 };
 
 /// Loads the module of a printer's registered driver.
-std::unique_ptr<DriverModule> LoadPrinterModule(HANDLE printer);
+[[nodiscard]] DriverModule LoadPrinterModule(HANDLE printer);
 
 }  // namespace host

@@ -1,28 +1,17 @@
-/// The driver's part of a page: its items, and where their values come from and go to.
+/// The driver's items of the two property pages.
 #pragma once
 
+#include "host/driver/devmode.h"
+#include "host/driver/installed_options.h"
+#include "host/driver/models.h"
 #include "host/driver/option_items.h"
 
 namespace host {
 
-class PageItems {
-public:
-    virtual ~PageItems() = default;
+/// The items of the document page, over a devmode, which must live as long as they do.
+[[nodiscard]] OptionItems DocumentPageItems(HANDLE printer, const Model& model, Devmode& devmode);
 
-    ItemTree& Tree() { return tree_; }
-    const ItemTree& Tree() const { return tree_; }
-
-    /// Brings the driver's settings in step with an item's selection.
-    virtual void Take(std::size_t item) = 0;
-    void TakeAll() {
-        for (std::size_t item = 0; item < tree_.Records().size(); ++item) Take(item);
-    }
-
-    /// Keeps the settings in the machine.
-    virtual void Save() = 0;
-
-private:
-    ItemTree tree_;
-};
+/// The items of the printer page, over its options, which must live as long as they do.
+[[nodiscard]] OptionItems PrinterPageItems(const Model& model, InstalledOptions& options);
 
 }  // namespace host

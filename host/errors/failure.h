@@ -5,6 +5,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace host {
 
@@ -20,10 +21,10 @@ public:
     using Failure::Failure;
 };
 
-/// What an error code of the platform means, in words and with its number.
-std::string PlatformErrorText(DWORD error);
+/// A name as messages have it: "NAME", with the marks.
+[[nodiscard]] std::string Quoted(std::string_view name);
 
-/// Throws a `Failure` "what: why".
+/// Throws a `Failure` "what: why", the error code in words and with its number.
 [[noreturn]] void FailWith(const std::string& what, DWORD error);
 
 /// The same with the thread's last error.

@@ -10,16 +10,6 @@ namespace {
 constexpr std::size_t kMostSuggestions = 3;
 constexpr std::size_t kFewNames = 8;
 
-char LowerCase(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-std::string LowerCase(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), [](char c) { return LowerCase(c); });
-    return lower;
-}
-
 // The number of letters to insert, drop or replace, or of neighbours to exchange, between two
 // texts.
 std::size_t EditDistance(std::string_view left, std::string_view right) {
@@ -41,23 +31,31 @@ std::size_t EditDistance(std::string_view left, std::string_view right) {
     return row.back();
 }
 
-std::string Quoted(const std::vector<std::string>& names) {
+std::string QuotedList(const std::vector<std::string>& names) {
     std::string text;
-    for (const std::string& name : names) text += (text.empty() ? "\"" : ", \"") + name + "\"";
+    for (const std::string& name : names) text += (text.empty() ? "" : ", ") + Quoted(name);
     return text;
 }
 
 }  // namespace
 
-bool EqualIgnoringCase(std::string_view left, std::string_view right) {
-    return LowerCase(left) == LowerCase(right);
+std::string AsciiLowerCase(std::string_view text) {
+    std::string lower(text);
+    for (char& letter : lower) {
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    }
+    return lower;
+}
+
+bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
+    return AsciiLowerCase(left) == AsciiLowerCase(right);
 }
 
 std::vector<std::string> NearNames(std::string_view wanted, const std::vector<std::string>& known) {
-    const std::string lowerWanted = LowerCase(wanted);
+    const std::string lowerWanted = AsciiLowerCase(wanted);
     std::vector<std::pair<std::size_t, std::string>> near;
     for (const std::string& name : known) {
-        const std::string lowerName = LowerCase(name);
+        const std::string lowerName = AsciiLowerCase(name);
         std::size_t distance = EditDistance(lowerWanted, lowerName);
         // The beginning or a part of a name is as good as one slip.
         if (!lowerWanted.empty() && lowerName.find(lowerWanted) != std::string::npos) {
@@ -67,8 +65,7 @@ std::vector<std::string> NearNames(std::string_view wanted, const std::vector<st
             near.emplace_back(distance, name);
         }
     }
-    std::stable_sort(near.begin(), near.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::ranges::stable_sort(near, {}, &std::pair<std::size_t, std::string>::first);
     std::vector<std::string> names;
     for (const auto& [distance, name] : near) {
         if (names.size() < kMostSuggestions) names.push_back(name);
@@ -78,11 +75,11 @@ std::vector<std::string> NearNames(std::string_view wanted, const std::vector<st
 
 std::string UnknownName(std::string_view kind, std::string_view wanted,
                         const std::vector<std::string>& known) {
-    std::string text = "no " + std::string(kind) + " \"" + std::string(wanted) + "\"";
+    std::string text = "no " + std::string(kind) + " " + Quoted(wanted);
     const std::vector<std::string> near = NearNames(wanted, known);
-    if (!near.empty()) return text + "; did you mean " + Quoted(near) + "?";
+    if (!near.empty()) return text + "; did you mean " + QuotedList(near) + "?";
     if (known.empty()) return text + "; there is none";
-    if (known.size() <= kFewNames) return text + "; known: " + Quoted(known);
+    if (known.size() <= kFewNames) return text + "; known: " + QuotedList(known);
     return text;
 }
 

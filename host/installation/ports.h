@@ -5,7 +5,7 @@
 
 namespace host {
 
-enum class PortForm {
+enum class PortKind {
     Standard,  ///< "IP_ADDRESS", or any name with an address: a standard TCP/IP port
     Lpr,       ///< "HOST:QUEUE", or any name with a server
     Regal,     ///< "REGAL_ADDRESS", or any name with an address
@@ -14,7 +14,7 @@ enum class PortForm {
 
 struct PortSpec {
     std::string name;
-    PortForm form = PortForm::Direct;
+    PortKind kind = PortKind::Direct;
     std::string host;  ///< address or name of the host; empty for direct ports
 };
 
@@ -22,7 +22,8 @@ struct PortSpec {
 /// missing or the kind is unknown.
 /// \param kind  "tcpip", "lpr", "regal" or "direct"; empty: the name tells.
 /// \param address  empty: the name tells.
-PortSpec ParsePort(const std::string& name, const std::string& kind, const std::string& address);
+[[nodiscard]] PortSpec ParsePort(const std::string& name, const std::string& kind = "",
+                                 const std::string& address = "");
 
 /// Registers the port with its monitor.
 void RegisterPort(const PortSpec& port);

@@ -82,7 +82,7 @@ void RegisterDriver(const Model& model) {
     }
 }
 
-PrinterHandle RegisterPrinter(const InstallRequest& request, std::u16string name) {
+oemui::UniquePrinter RegisterPrinter(const InstallRequest& request, std::u16string name) {
     std::u16string port = platform::Utf16(request.port.name);
     std::u16string driver(request.model->driverName);
     std::u16string processor = u"winprint";
@@ -95,13 +95,13 @@ PrinterHandle RegisterPrinter(const InstallRequest& request, std::u16string name
     printer.pDatatype = datatype.data();
     printer.Attributes =
         PRINTER_ATTRIBUTE_LOCAL | (request.bidirectional ? PRINTER_ATTRIBUTE_ENABLE_BIDI : 0u);
-    HANDLE handle = ::AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&printer));
-    if (!handle) FailWithLastError("printer \"" + request.name + "\" cannot be installed");
-    return PrinterHandle(handle);
+    oemui::UniquePrinter added(::AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&printer)));
+    if (!added) FailWithLastError("printer " + Quoted(request.name) + " cannot be installed");
+    return added;
 }
 
 // The plug-in may shorten the name where it lies: it gets a copy of its own.
-void SendPrinterEvent(DriverModule& module, std::u16string name, INT event) {
+void SendPrinterEvent(const DriverModule& module, std::u16string name, INT event) {
     module.PlugIn().PrinterEvent(name.data(), event, 0, 0);
 }
 
@@ -113,23 +113,17 @@ std::string ShortName(const std::string& name) {
 void CheckName(const std::string& name, const std::string& shortName) {
     const std::u16string wide = platform::Utf16(shortName);
     if (wide.empty() || wide.size() > kLongestName || wide.find(u',') != std::u16string::npos) {
-        throw UsageFailure("\"" + name + "\" is no name for a printer (1 to " +
+        throw UsageFailure(Quoted(name) + " is no name for a printer (1 to " +
                            std::to_string(kLongestName) + " characters without commas)");
     }
 }
 
 // Asked before anything is written: a refused installation leaves the machine as it was.
-void CheckIsNew(const std::string& name, std::u16string shortName) {
-    HANDLE handle = nullptr;
-    const BOOL isOpen = ::OpenPrinterW(shortName.data(), &handle, nullptr);
-    const PrinterHandle existing(handle);
-    if (!isOpen && ::GetLastError() == ERROR_INVALID_PRINTER_NAME) return;
-    if (isOpen) ::SetLastError(ERROR_PRINTER_ALREADY_EXISTS);
-    FailWithLastError("printer \"" + name + "\" cannot be installed");
-}
-
-void DeleteOpenPrinter(HANDLE printer, const std::string& name) {
-    if (!::DeletePrinter(printer)) FailWithLastError("printer \"" + name + "\" cannot be removed");
+void CheckIsNew(const std::string& name, const std::u16string& shortName) {
+    const bool exists{oemui::OpenPrinterFor(shortName.c_str(), PRINTER_ACCESS_USE)};
+    const DWORD error = exists ? ERROR_PRINTER_ALREADY_EXISTS : ::GetLastError();
+    if (error == ERROR_INVALID_PRINTER_NAME) return;
+    FailWith("printer " + Quoted(name) + " cannot be installed", error);
 }
 
 }  // namespace
@@ -151,26 +145,28 @@ void InstallPrinter(const InstallRequest& request, const PackageSource& source) 
     PlacePrintProcessor(*request.model);
     RegisterDriver(*request.model);
     RegisterPort(request.port);
-    const PrinterHandle printer = RegisterPrinter(request, name);
+    const oemui::UniquePrinter printer = RegisterPrinter(request, name);
     try {
-        const std::unique_ptr<DriverModule> module = LoadPrinterModule(printer.get());
-        StorePrinterDevmode(printer.get(), DefaultDevmode(*module, printer.get(), name));
-        SendPrinterEvent(*module, platform::Utf16(request.name), PRINTER_EVENT_INITIALIZE);
+        DriverModule module = LoadPrinterModule(printer.Get());
+        StorePrinterDevmode(printer.Get(), DefaultDevmode(module, printer.Get(), name));
+        SendPrinterEvent(module, platform::Utf16(request.name), PRINTER_EVENT_INITIALIZE);
     } catch (const Failure&) {
-        ::DeletePrinter(printer.get());
+        ::DeletePrinter(printer.Get());
         throw;
     }
 }
 
 void RemovePrinter(const std::string& name) {
-    const PrinterHandle printer = OpenNamedPrinter(name, PRINTER_ALL_ACCESS);
+    const oemui::UniquePrinter printer = OpenNamedPrinter(name, PRINTER_ALL_ACCESS);
     try {
-        const std::unique_ptr<DriverModule> module = LoadPrinterModule(printer.get());
-        SendPrinterEvent(*module, SummaryOf(printer.get()).name, PRINTER_EVENT_DELETE);
+        const DriverModule module = LoadPrinterModule(printer.Get());
+        SendPrinterEvent(module, SummaryOf(printer.Get()).name, PRINTER_EVENT_DELETE);
     } catch (const Failure&) {
         // A printer whose driver is gone must be removable all the same; nobody is left to tell.
     }
-    DeleteOpenPrinter(printer.get(), name);
+    if (!::DeletePrinter(printer.Get())) {
+        FailWithLastError("printer " + Quoted(name) + " cannot be removed");
+    }
 }
 
 std::vector<std::string> UninstallDriver(const Model& model) {
@@ -191,18 +187,18 @@ std::vector<std::string> UninstallDriver(const Model& model) {
 }
 
 ColorProfile QueryProfile(const std::string& printerName) {
-    const PrinterHandle printer = OpenNamedPrinter(printerName, PRINTER_ACCESS_USE);
-    const std::unique_ptr<DriverModule> module = LoadPrinterModule(printer.get());
+    const oemui::UniquePrinter printer = OpenNamedPrinter(printerName, PRINTER_ACCESS_USE);
+    const DriverModule module = LoadPrinterModule(printer.Get());
     ULONG size = 0;
     DWORD flags = 0;
-    IPrintOemUI& plugIn = module->PlugIn();
-    plugIn.QueryColorProfile(printer.get(), nullptr, nullptr, nullptr, QCP_DEVICEPROFILE, nullptr,
+    IPrintOemUI& plugIn = module.PlugIn();
+    plugIn.QueryColorProfile(printer.Get(), nullptr, nullptr, nullptr, QCP_DEVICEPROFILE, nullptr,
                              &size, &flags);
     if (::GetLastError() != ERROR_INSUFFICIENT_BUFFER || size == 0 || size > 0xFFFF) {
         throw Failure("the driver names no colour profile");
     }
     std::u16string name(size / sizeof(char16_t) + 1, u'\0');
-    if (FAILED(plugIn.QueryColorProfile(printer.get(), nullptr, nullptr, nullptr, QCP_DEVICEPROFILE,
+    if (FAILED(plugIn.QueryColorProfile(printer.Get(), nullptr, nullptr, nullptr, QCP_DEVICEPROFILE,
                                         name.data(), &size, &flags))) {
         FailWithLastError("the driver names no colour profile");
     }

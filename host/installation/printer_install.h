@@ -17,7 +17,7 @@ struct PackageSource {
 };
 
 /// The sources beside the running program: `../package` and `../standin` of its folder.
-PackageSource OwnPackageSource();
+[[nodiscard]] PackageSource OwnPackageSource();
 
 struct InstallRequest {
     std::string name;  ///< UTF-8; a server part `\\server\` is dropped, but the event has it
@@ -45,6 +45,6 @@ struct ColorProfile {
 };
 
 /// The colour profile that the plug-in names for a printer's output.
-ColorProfile QueryProfile(const std::string& printerName);
+[[nodiscard]] ColorProfile QueryProfile(const std::string& printerName);
 
 }  // namespace host

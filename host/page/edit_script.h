@@ -15,6 +15,7 @@
 #include <windef.h>
 
 #include <filesystem>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -24,9 +25,9 @@ class EditScript {
 public:
     /// \param text  UTF-8. Throws `UsageFailure` with the line's number for a line that is not
     ///        understood.
-    static EditScript Parse(const std::string& text);
+    [[nodiscard]] static EditScript Parse(const std::string& text);
     /// The same from a file.
-    static EditScript Read(const std::filesystem::path& file);
+    [[nodiscard]] static EditScript Read(const std::filesystem::path& file);
 
     /// Carries out the lines in a dialog that is on screen, as a user with mouse and keys. Stops
     /// when the lines are at their end or one of them cannot be done.
@@ -35,24 +36,23 @@ public:
     /// The answer that the line after the current one gives to a message box.
     /// \param type  MB_OK, MB_OKCANCEL or MB_YESNO. \return IDOK...; 0 when the script says nothing
     ///        or an answer that the box does not have.
-    int TakeAnswer(UINT type);
+    [[nodiscard]] int TakeAnswer(UINT type);
 
     /// What went wrong, with the line's number; empty when every line was carried out.
-    std::string Error() const;
+    [[nodiscard]] std::string Error() const;
 
 private:
-    enum class Verb : std::uint8_t { Choose, Type, Press, Step, Key, Answer, Close };
+    struct Verb;
     struct Action {
-        Verb verb;
+        const Verb* verb;
         int line;            ///< from 1
         int number;          ///< control, key or button, by the verb
-        int steps;           ///< of an up-down
         std::string object;  ///< as written, for messages
-        std::u16string text;
+        std::string value;   ///< a choice, a text or a number of steps
     };
 
+    static std::span<const Verb> Verbs();
     static Action ParseLine(const std::string& line, int number);
-    bool Do(HWND dialog, const Action& action) const;
 
     std::vector<Action> actions_;
     std::size_t next_ = 0;

@@ -1,6 +1,5 @@
 #include "host/page/json.h"
 
-#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -108,15 +107,11 @@ const char* TypeName(ItemKind kind) {
 
 Json ChoicesToJson(const PageItem& item) {
     Json choices = Json::array();
-    for (std::size_t i = 0; i < item.ChoiceCount(); ++i) {
-        const bool range = item.Kind() == ItemKind::Number && i == 1;
-        const std::string text =
-            range ? std::to_string(item.Lowest()) + ".." + std::to_string(item.Highest())
-                  : item.ChoiceText(i);
-        choices.push_back({{"text", text},
-                           {"enabled", item.ChoiceEnabled(i)},
-                           {"visible", item.ChoiceVisible(i)},
-                           {"stop", item.ChoiceStopped(i)}});
+    for (const PageChoice& choice : item.Choices()) {
+        choices.push_back({{"text", choice.text},
+                           {"enabled", choice.enabled},
+                           {"visible", choice.visible},
+                           {"stop", choice.stopped}});
     }
     return choices;
 }
@@ -135,7 +130,8 @@ Json ItemToJson(const PageItem& item) {
                    {"changed", item.Changed()},
                    {"helpFile", nullptr},
                    {"helpIndex", record.HelpIndex}};
-    if (help && help->pHelpFile) object["helpFile"] = platform::Utf8(help->pHelpFile);
+    if (help != nullptr && help->pHelpFile != nullptr)
+        object["helpFile"] = platform::Utf8(help->pHelpFile);
     return object;
 }
 

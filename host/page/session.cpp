@@ -1,7 +1,6 @@
 #include "host/page/session.h"
 
-#include "host/driver/document_page_items.h"
-#include "host/driver/printer_page_items.h"
+#include "host/driver/page_items.h"
 #include "host/errors/failure.h"
 #include "platform/text/text_encoding.h"
 
@@ -12,19 +11,23 @@ namespace {
 constexpr DWORD kMostPlugInItems = 256;
 
 // A user who may not administer the printer can still look at its pages.
-PrinterHandle OpenForPage(const std::string& name) {
-    std::u16string wideName = platform::Utf16(name);
-    PRINTER_DEFAULTSW defaults{nullptr, nullptr, PRINTER_ALL_ACCESS};
-    HANDLE printer = nullptr;
-    if (::OpenPrinterW(wideName.data(), &printer, &defaults)) return PrinterHandle(printer);
-    return OpenNamedPrinter(name, PRINTER_ACCESS_USE);
+oemui::UniquePrinter OpenForPage(const std::string& name) {
+    oemui::UniquePrinter printer =
+        oemui::OpenPrinterFor(platform::Utf16(name).c_str(), PRINTER_ALL_ACCESS);
+    return printer ? std::move(printer) : OpenNamedPrinter(name, PRINTER_ACCESS_USE);
 }
 
-const Model* RequireModel(const PrinterSummary& printer) {
+const Model* ModelOf(const PrinterSummary& printer) {
     const Model* model = ModelOfDriver(printer.driver);
-    if (model) return model;
-    throw Failure("printer \"" + platform::Utf8(printer.name) + "\" has the driver \"" +
-                  platform::Utf8(printer.driver) + "\", which is none of the family's");
+    if (model != nullptr) return model;
+    throw Failure("printer " + Quoted(platform::Utf8(printer.name)) + " has the driver " +
+                  Quoted(platform::Utf8(printer.driver)) + ", which is none of the family's");
+}
+
+void RequireUsable(const PageItem& item) {
+    if (!item.Visible()) throw Failure(Quoted(item.Name()) + " is not on the page");
+    if (!item.IsSetting()) throw Failure(Quoted(item.Name()) + " has no choices");
+    if (!item.Enabled()) throw Failure(Quoted(item.Name()) + " is not available now");
 }
 
 DWORD PropertyMode(PageKind kind) {
@@ -37,40 +40,35 @@ PageSession::PageSession(const std::string& printerName, PageKind kind, HWND own
     : kind_(kind),
       owner_(owner),
       printerHandle_(OpenForPage(printerName)),
-      printer_(SummaryOf(printerHandle_.get())),
-      model_(RequireModel(printer_)),
-      module_(LoadPrinterModule(printerHandle_.get())),
-      devmode_(PrinterDevmode(*module_, printerHandle_.get(), printer_.name)),
-      options_(InstalledOptions::Read(printerHandle_.get())),
+      printer_(SummaryOf(printerHandle_.Get())),
+      model_(ModelOf(printer_)),
+      module_(LoadPrinterModule(printerHandle_.Get())),
+      devmode_(PrinterDevmode(module_, printerHandle_.Get(), printer_.name)),
+      options_(InstalledOptions::Read(printerHandle_.Get())),
+      driverItems_(MakeDriverItems()),
       heap_(::HeapCreate(0, 0, 0)) {
     if (!heap_) FailWithLastError("the page has no memory");
-    MakeDriverItems();
     MakeParams();
     AddPlugInItems();
     CollectItems();
-    Activate();
+    Report(CPSUICB_REASON_SETACTIVE, nullptr, 0);
 }
 
-PageSession::~PageSession() = default;
-
-void PageSession::MakeDriverItems() {
-    if (kind_ == PageKind::Document) {
-        driverItems_ = std::make_unique<DocumentPageItems>(printerHandle_.get(), *model_, devmode_);
-    } else {
-        driverItems_ = std::make_unique<PrinterPageItems>(printerHandle_.get(), *model_, options_);
-    }
+OptionItems PageSession::MakeDriverItems() {
+    return kind_ == PageKind::Document ? DocumentPageItems(printerHandle_.Get(), *model_, devmode_)
+                                       : PrinterPageItems(*model_, options_);
 }
 
 void PageSession::MakeParams() {
     procedures_ = {&PageSession::GetDriverSetting, &PageSession::UpdateUiSetting};
     driverObject_ = {{sizeof(OEMUIOBJ), &procedures_}, this};
-    std::vector<OPTITEM>& driverRecords = driverItems_->Tree().Records();
+    std::vector<OPTITEM>& driverRecords = driverItems_.Records();
     params_.cbSize = sizeof(params_);
     params_.poemuiobj = &driverObject_.object;
-    params_.hPrinter = printerHandle_.get();
+    params_.hPrinter = printerHandle_.Get();
     params_.pPrinterName = printer_.name.data();
-    params_.hModule = module_->Handle();
-    params_.hOEMHeap = heap_.get();
+    params_.hModule = module_.Handle();
+    params_.hOEMHeap = heap_.Get();
     params_.pPublicDM = &devmode_.Public();
     params_.pOEMDM = devmode_.PlugIn().data();
     params_.pDrvOptItems = driverRecords.data();
@@ -79,7 +77,7 @@ void PageSession::MakeParams() {
 
 // The plug-in is asked twice: for the number of its items, then to fill them.
 void PageSession::AddPlugInItems() {
-    IPrintOemUI& plugIn = module_->PlugIn();
+    IPrintOemUI& plugIn = module_.PlugIn();
     const DWORD mode = PropertyMode(kind_);
     if (FAILED(plugIn.CommonUIProp(mode, &params_)) || params_.cOEMOptItems > kMostPlugInItems) {
         throw Failure("the plug-in refuses the page");
@@ -92,88 +90,75 @@ void PageSession::AddPlugInItems() {
 }
 
 void PageSession::CollectItems() {
-    ItemTree& tree = driverItems_->Tree();
-    for (std::size_t i = 0; i < tree.Records().size(); ++i) {
-        PageItem& item = items_.emplace_back(tree.Records()[i], true, tree.Keyword(i));
-        item.SetChoiceKeywords(tree.Choices(i));
+    std::vector<OPTITEM>& records = driverItems_.Records();
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        items_.emplace_back(records[i], driverItems_.Keyword(i), driverItems_.Choices(i));
     }
     for (OPTITEM& record : plugInItems_) {
-        if (record.pName || record.pOptType) items_.emplace_back(record, false, "");
+        if (record.pName != nullptr || record.pOptType != nullptr) items_.emplace_back(record);
     }
 }
 
-LONG PageSession::Activate() {
-    return Report(CPSUICB_REASON_SETACTIVE, nullptr, 0);
-}
-
-void PageSession::RequireUsable(const PageItem& item) const {
-    if (!item.Visible()) throw Failure("\"" + item.Name() + "\" is not on the page");
-    if (item.Kind() == ItemKind::Group) throw Failure("\"" + item.Name() + "\" has no choices");
-    if (!item.Enabled()) throw Failure("\"" + item.Name() + "\" is not available now");
-}
-
-LONG PageSession::Choose(PageItem& item, std::size_t choice) {
+void PageSession::Choose(PageItem& item, std::size_t choice) {
     RequireUsable(item);
-    if (item.Kind() != ItemKind::List || choice >= item.ChoiceCount() ||
-        !item.ChoiceVisible(choice)) {
-        throw Failure("\"" + item.Name() + "\" has no such choice");
+    const std::vector<PageChoice> choices = item.Choices();
+    if (item.Kind() != ItemKind::List || choice >= choices.size() || !choices[choice].visible) {
+        throw Failure(Quoted(item.Name()) + " has no such choice");
     }
-    if (!item.ChoiceEnabled(choice) || item.ChoiceStopped(choice)) {
-        throw Failure("\"" + item.ChoiceText(choice) + "\" of \"" + item.Name() +
-                      "\" is not available now");
+    if (!choices[choice].Usable()) {
+        throw Failure(Quoted(choices[choice].text) + " of " + Quoted(item.Name()) +
+                      " is not available now");
     }
-    return Select(item, static_cast<LONG>(choice));
+    Select(item, static_cast<LONG>(choice));
 }
 
-LONG PageSession::SetNumber(PageItem& item, LONG number) {
+void PageSession::SetNumber(PageItem& item, LONG number) {
     RequireUsable(item);
-    if (item.Kind() != ItemKind::Number) throw Failure("\"" + item.Name() + "\" is no number");
+    if (item.Kind() != ItemKind::Number) throw Failure(Quoted(item.Name()) + " is no number");
     if (number < item.Lowest() || number > item.Highest()) {
-        throw Failure("\"" + item.Name() + "\" must be " + std::to_string(item.Lowest()) + " to " +
-                      std::to_string(item.Highest()) + ", not " + std::to_string(number));
+        throw Failure(Quoted(item.Name()) + " must be " + item.Range(" to ") + ", not " +
+                      std::to_string(number));
     }
-    return Select(item, number);
+    Select(item, number);
 }
 
 // What was selected already is no change, and nobody hears of it.
-LONG PageSession::Select(PageItem& item, LONG selection) {
+void PageSession::Select(PageItem& item, LONG selection) {
     OPTITEM& record = item.Record();
     const LONG oldSelection = record.Sel;
-    if (oldSelection == selection) return CPSUICB_ACTION_NONE;
+    if (oldSelection == selection) return;
     record.Sel = selection;
     record.Flags |= OPTIF_CHANGED;
     // The driver hears of its items first: the plug-in finds the public devmode in step.
-    if (item.FromDriver()) TakeDriverItem(&record);
-    if ((record.Flags & OPTIF_CALLBACK) == 0) return CPSUICB_ACTION_NONE;
-    return Report(CPSUICB_REASON_SEL_CHANGED, &record, oldSelection);
+    driverItems_.Take(&record);
+    if ((record.Flags & OPTIF_CALLBACK) != 0) {
+        Report(CPSUICB_REASON_SEL_CHANGED, &record, oldSelection);
+    }
 }
 
 LONG PageSession::PressButton(PageItem& item) {
     RequireUsable(item);
-    if (!item.HasButton()) throw Failure("\"" + item.Name() + "\" has no button");
+    if (!item.HasButton()) throw Failure(Quoted(item.Name()) + " has no button");
     return Report(CPSUICB_REASON_EXTPUSH, &item.Record(), item.Record().Sel);
 }
 
 bool PageSession::Apply() {
-    driverItems_->TakeAll();
+    driverItems_.TakeAll();
     const LONG action = Report(CPSUICB_REASON_APPLYNOW, nullptr, 0);
     if (action == CPSUICB_ACTION_NO_APPLY_EXIT) return false;
     // The plug-in may have put back what cannot be.
-    driverItems_->TakeAll();
-    driverItems_->Save();
+    driverItems_.TakeAll();
+    if (kind_ == PageKind::Document) {
+        StorePrinterDevmode(printerHandle_.Get(), devmode_);
+    } else {
+        options_.Store(printerHandle_.Get());
+    }
     return true;
 }
 
-void PageSession::TakeDriverItem(const OPTITEM* record) {
-    const std::vector<OPTITEM>& records = driverItems_->Tree().Records();
-    for (std::size_t i = 0; i < records.size(); ++i) {
-        if (&records[i] == record) driverItems_->Take(i);
-    }
-}
-
 LONG PageSession::Report(WORD reason, OPTITEM* current, LONG oldSelection) {
-    if (!params_.OEMCUIPCallback) return CPSUICB_ACTION_NONE;
-    std::vector<OPTITEM>& driverRecords = driverItems_->Tree().Records();
+    if (params_.OEMCUIPCallback == nullptr) return CPSUICB_ACTION_NONE;
+    std::vector<OPTITEM>& driverRecords = driverItems_.Records();
     CPSUICBPARAM callback{};
     callback.cbSize = sizeof(callback);
     callback.Reason = reason;
@@ -181,7 +166,7 @@ LONG PageSession::Report(WORD reason, OPTITEM* current, LONG oldSelection) {
     callback.pOptItem = driverRecords.data();
     callback.cOptItem = static_cast<WORD>(driverRecords.size());
     // Reasons that concern no item come with the first one.
-    callback.pCurItem = current ? current : driverRecords.data();
+    callback.pCurItem = current != nullptr ? current : driverRecords.data();
     callback.OldSel = oldSelection;
     return params_.OEMCUIPCallback(&callback, &params_);
 }
@@ -195,7 +180,7 @@ BOOL APIENTRY PageSession::GetDriverSetting(PVOID driver, PCSTR feature, PVOID o
 
 BOOL APIENTRY PageSession::UpdateUiSetting(PVOID driver, PVOID optItem, DWORD, DWORD) {
     PageSession* session = static_cast<DriverObject*>(driver)->session;
-    session->TakeDriverItem(static_cast<const OPTITEM*>(optItem));
+    session->driverItems_.Take(static_cast<const OPTITEM*>(optItem));
     return TRUE;
 }
 

@@ -17,24 +17,25 @@ LONG ParseNumber(const PageItem& item, std::string_view text) {
     const char* end = digits.data() + digits.size();
     const auto [rest, error] = std::from_chars(digits.data(), end, number);
     if (error != std::errc() || rest != end) {
-        throw Failure("\"" + item.Name() + "\" is a number from " + std::to_string(item.Lowest()) +
-                      " to " + std::to_string(item.Highest()) + ", not \"" + std::string(text) +
-                      "\"");
+        throw Failure(Quoted(item.Name()) + " is a number from " + item.Range(" to ") + ", not " +
+                      Quoted(text));
     }
     return number;
 }
 
 std::size_t FindChoice(const PageItem& item, std::string_view name) {
+    const std::vector<PageChoice> choices = item.Choices();
     std::vector<std::string> known;
-    for (std::size_t i = 0; i < item.ChoiceCount(); ++i) {
-        if (!item.ChoiceVisible(i)) continue;
-        if (EqualIgnoringCase(item.ChoiceText(i), name) ||
-            EqualIgnoringCase(item.ChoiceKeyword(i), name)) {
+    for (std::size_t i = 0; i < choices.size(); ++i) {
+        const PageChoice& choice = choices[i];
+        if (!choice.visible) continue;
+        if (EqualIgnoringAsciiCase(choice.text, name) ||
+            EqualIgnoringAsciiCase(choice.keyword, name)) {
             return i;
         }
-        known.push_back(item.ChoiceText(i));
+        known.push_back(choice.text);
     }
-    throw Failure(UnknownName("choice of \"" + item.Name() + "\"", name, known));
+    throw Failure(UnknownName("choice of " + Quoted(item.Name()), name, known));
 }
 
 }  // namespace
@@ -42,8 +43,9 @@ std::size_t FindChoice(const PageItem& item, std::string_view name) {
 PageItem& FindItem(PageSession& page, std::string_view name) {
     std::vector<std::string> known;
     for (PageItem& item : page.Items()) {
-        if (!item.Visible() || item.Kind() == ItemKind::Group) continue;
-        if (EqualIgnoringCase(item.Name(), name) || EqualIgnoringCase(item.Keyword(), name)) {
+        if (!item.IsSetting()) continue;
+        if (EqualIgnoringAsciiCase(item.Name(), name) ||
+            EqualIgnoringAsciiCase(item.Keyword(), name)) {
             return item;
         }
         known.push_back(item.Name());
@@ -55,7 +57,7 @@ PageItem& FindItem(PageSession& page, std::string_view name) {
 void SetItem(PageSession& page, const std::string& setting) {
     const std::size_t equals = setting.find('=');
     if (equals == std::string::npos || equals == 0) {
-        throw UsageFailure("\"" + setting + "\" is no setting: expected Item=Choice");
+        throw UsageFailure(Quoted(setting) + " is no setting: expected Item=Choice");
     }
     const std::string_view value = std::string_view(setting).substr(equals + 1);
     PageItem& item = FindItem(page, std::string_view(setting).substr(0, equals));

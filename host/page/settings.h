@@ -10,7 +10,7 @@ namespace host {
 
 /// The visible item of a name: its displayed text or its keyword, case ignored. An unknown one is a
 /// `Failure` that tells the near ones.
-PageItem& FindItem(PageSession& page, std::string_view name);
+[[nodiscard]] PageItem& FindItem(PageSession& page, std::string_view name);
 
 /// Sets one item as a user would. \param setting  "Item=Choice" or "Item=Number", the choice by its
 /// displayed text or its keyword. Throws `UsageFailure` when it is no setting, `Failure` when the

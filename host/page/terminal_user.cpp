@@ -1,51 +1,29 @@
 #include "host/page/terminal_user.h"
 
-#include <windows.h>
-
-#include <array>
+#include <algorithm>
 #include <ostream>
 
+#include "host/page/message_buttons.h"
 #include "platform/text/text_encoding.h"
 
 namespace host {
-namespace {
-
-struct Button {
-    int id;
-    const char* name;
-};
-
-constexpr std::array kButtons = {Button{IDOK, "OK"}, Button{IDCANCEL, "Cancel"},
-                                 Button{IDYES, "Yes"}, Button{IDNO, "No"}};
-
-const char* ButtonName(int id) {
-    for (const Button& button : kButtons) {
-        if (button.id == id) return button.name;
-    }
-    return "?";
-}
-
-// The answer with which nothing is overwritten or deleted.
-int SafeAnswer(UINT type) {
-    if (type == MB_YESNO) return IDNO;
-    return type == MB_OKCANCEL ? IDCANCEL : IDOK;
-}
-
-}  // namespace
 
 int TerminalUser::AnswerMessageBox(const platform::MessageBoxRequest& request) {
-    const int scripted = script_ ? script_->TakeAnswer(request.type) : 0;
-    const int answer = scripted != 0 ? scripted : SafeAnswer(request.type);
+    const int scripted = script_ != nullptr ? script_->TakeAnswer(request.type) : 0;
+    const int answer = scripted != 0 ? scripted : AnswersOf(request.type).safe;
     out_ << "driverhost: [" << platform::Utf8(request.caption) << "] "
          << platform::Utf8(request.text);
-    if (request.type != MB_OK) out_ << " -> " << ButtonName(answer);
+    if (request.type != MB_OK) {
+        const auto* button = std::ranges::find(kMessageButtons, answer, &NamedNumber::number);
+        out_ << " -> " << (button == kMessageButtons.end() ? "?" : button->name);
+    }
     out_ << '\n' << std::flush;
     return answer;
 }
 
 void TerminalUser::WorkInDialog(HWND dialog) {
     ++dialogs_;
-    if (script_) script_->Work(dialog);
+    if (script_ != nullptr) script_->Work(dialog);
 }
 
 void TerminalUser::ReadHelp(const platform::HelpRequest& request) {

@@ -11,9 +11,9 @@ namespace host {
 
 class TerminalUser final : public platform::User {
 public:
-    /// \param out  for the messages. \param script  may be null: dialogs are closed again then.
-    /// Both
-    ///        must live as long as the user.
+    /// Both must live as long as the user.
+    /// \param out  for the messages.
+    /// \param script  may be null: dialogs are closed again then.
     explicit TerminalUser(std::ostream& out, EditScript* script = nullptr)
         : out_(out), script_(script) {}
 
@@ -22,7 +22,7 @@ public:
     void ReadHelp(const platform::HelpRequest& request) override;
 
     /// How many dialogs came up.
-    int Dialogs() const { return dialogs_; }
+    [[nodiscard]] int Dialogs() const { return dialogs_; }
 
 private:
     std::ostream& out_;

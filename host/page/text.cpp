@@ -11,32 +11,26 @@ namespace {
 constexpr std::size_t kValueColumn = 34;
 
 void PrintChoices(const PageItem& item, std::ostream& out) {
-    for (std::size_t i = 0; i < item.ChoiceCount(); ++i) {
-        if (!item.ChoiceVisible(i)) continue;
+    const std::vector<PageChoice> choices = item.Choices();
+    for (std::size_t i = 0; i < choices.size(); ++i) {
+        if (!choices[i].visible) continue;
         const bool current = item.Record().Sel == static_cast<LONG>(i);
-        const bool usable = item.ChoiceEnabled(i) && !item.ChoiceStopped(i);
-        const std::string keyword = (current ? "*" : "") + item.ChoiceKeyword(i);
-        out << ' ' << (usable ? keyword : "[" + keyword + "]");
+        const std::string keyword = (current ? "*" : "") + choices[i].keyword;
+        out << ' ' << (choices[i].Usable() ? keyword : "[" + keyword + "]");
     }
 }
 
 void PrintNumber(const PageItem& item, std::ostream& out) {
-    out << ' ' << item.Lowest() << ".." << item.Highest();
+    out << ' ' << item.Range("..");
     if (!item.Unit().empty()) out << ' ' << item.Unit();
     out << " *" << item.Record().Sel;
 }
 
 std::string Notes(const PageItem& item) {
     std::string notes;
-    if (item.HasButton()) {
-        const WCHAR* title = item.Record().pExtPush->pTitle;
-        if (title) notes += "  <" + platform::Utf8(title) + ">";
-    }
-    const auto selection = static_cast<std::size_t>(item.Record().Sel);
-    if (item.Kind() == ItemKind::List && selection < item.ChoiceCount() &&
-        item.ChoiceStopped(selection)) {
-        notes += "  (stop: not installed)";
-    }
+    const WCHAR* title = item.ButtonTitle();
+    if (title != nullptr) notes += "  <" + platform::Utf8(title) + ">";
+    if (item.SelectionStopped()) notes += "  (stop: not installed)";
     if (!item.Enabled()) notes += "  (not available)";
     return notes;
 }
@@ -64,7 +58,7 @@ void PrintPage(PageSession& page, std::ostream& out) {
 
 void PrintItemLines(PageSession& page, std::ostream& out) {
     for (const PageItem& item : page.Items()) {
-        if (!item.Visible() || item.Kind() == ItemKind::Group) continue;
+        if (!item.IsSetting()) continue;
         out << item.Keyword() << '/' << item.Name() << ':';
         if (item.Kind() == ItemKind::Number) {
             PrintNumber(item, out);

@@ -1,6 +1,5 @@
 // What the played printer says.
-#include <algorithm>
-
+#include "host/errors/suggestions.h"
 #include "host/played_printer/printer.h"
 
 namespace host {
@@ -33,12 +32,6 @@ std::string StatusLines() {
     return Line("CODE=10001") + Line("DISPLAY=\"Ready\"") + Line("ONLINE=TRUE");
 }
 
-void ToLowerCase(std::string& text) {
-    std::transform(text.begin(), text.end(), text.begin(), [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    });
-}
-
 // Junk that is the same in every run; a form feed in it would end the answer early.
 std::string Junk(std::size_t bytes) {
     std::string junk(bytes, '\0');
@@ -57,7 +50,7 @@ std::string PjlAnswer(std::string_view command, const PlayedPrinterOptions& opti
     const bool config = command == kConfigQuestion;
     if (!config && command != kStatusQuestion) return {};
     std::string lines = config ? ConfigLines(options) : StatusLines();
-    if (options.lowerCase) ToLowerCase(lines);
+    if (options.lowerCase) lines = AsciiLowerCase(lines);
     std::string answer = Junk(options.junk);
     if (options.staleBlockFirst) answer += Line("@PJL USTATUS DEVICE") + Line("CODE=10023") + '\f';
     if (!options.noEcho) answer += Line(command);

@@ -33,7 +33,7 @@ in_addr LoopbackAddress(const std::string& text) {
     in_addr address{};
     const bool valid = ::inet_pton(AF_INET, text.c_str(), &address) == 1;
     if (!valid || (ntohl(address.s_addr) >> 24) != 127) {
-        throw Failure("\"" + text + "\" is not a loopback address (127.x.y.z)");
+        throw Failure(Quoted(text) + " is not a loopback address (127.x.y.z)");
     }
     return address;
 }

@@ -31,7 +31,7 @@ struct PlayedPrinterOptions {
 
 /// The answer to one PJL command line; empty for a line that is no question it knows.
 /// \param command  without line end, such as "@PJL INFO CONFIG".
-std::string PjlAnswer(std::string_view command, const PlayedPrinterOptions& options);
+[[nodiscard]] std::string PjlAnswer(std::string_view command, const PlayedPrinterOptions& options);
 
 /// Takes the lines of the log, without line ends.
 using LogLine = std::function<void(const std::string&)>;
@@ -54,7 +54,7 @@ public:
 private:
     class Connection;
 
-    bool Running() const;
+    [[nodiscard]] bool Running() const;
     void ServeConnection(int descriptor);
 
     PlayedPrinterOptions options_;

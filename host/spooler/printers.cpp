@@ -1,12 +1,13 @@
 #include "host/spooler/printers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 
 #include "host/errors/failure.h"
 #include "host/errors/suggestions.h"
-#include "host/spooler/records.h"
 #include "platform/text/text_encoding.h"
 
 namespace host {
@@ -21,11 +22,9 @@ PrinterSummary Summarize(const PRINTER_INFO_2W& record) {
             (record.Attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0};
 }
 
-std::vector<std::string> PrinterNames() {
-    std::vector<std::string> names;
-    for (const PrinterSummary& printer : ListPrinters())
-        names.push_back(platform::Utf8(printer.name));
-    return names;
+[[noreturn]] void RefuseForm(const std::string& definition) {
+    throw UsageFailure(Quoted(definition) +
+                       " is no form: expected Name=WIDTHxHEIGHT in millimetres");
 }
 
 // Thousandths of a millimetre; anything but a number from 1 mm to 100 m is refused.
@@ -34,8 +33,7 @@ LONG ParseMillimetres(std::string_view text, const std::string& definition) {
     const char* end = text.data() + text.size();
     const auto [rest, error] = std::from_chars(text.data(), end, millimetres);
     if (error != std::errc() || rest != end || !(millimetres >= 1 && millimetres <= 100'000)) {
-        throw UsageFailure("\"" + definition +
-                           "\" is no form: expected Name=WIDTHxHEIGHT in millimetres");
+        RefuseForm(definition);
     }
     return static_cast<LONG>(std::lround(millimetres * 1000));
 }
@@ -43,49 +41,47 @@ LONG ParseMillimetres(std::string_view text, const std::string& definition) {
 }  // namespace
 
 std::vector<PrinterSummary> ListPrinters() {
-    DWORD count = 0;
     const RecordBlock<PRINTER_INFO_2W> block(
-        "the printers cannot be listed", [&](LPBYTE buffer, DWORD size, LPDWORD needed) {
-            return ::EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 2, buffer, size, needed, &count);
+        "the printers cannot be listed",
+        [](LPBYTE buffer, DWORD size, LPDWORD needed, LPDWORD count) {
+            return ::EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 2, buffer, size, needed, count);
         });
     std::vector<PrinterSummary> printers;
-    for (DWORD i = 0; i < count; ++i) printers.push_back(Summarize(block.Records()[i]));
+    std::ranges::transform(block.Records(), std::back_inserter(printers), Summarize);
     return printers;
 }
 
-PrinterHandle OpenNamedPrinter(const std::string& name, DWORD access) {
-    std::u16string wideName = platform::Utf16(name);
-    PRINTER_DEFAULTSW defaults{nullptr, nullptr, access};
-    HANDLE printer = nullptr;
-    if (!::OpenPrinterW(wideName.data(), &printer, &defaults)) {
-        const DWORD error = ::GetLastError();
-        if (error != ERROR_INVALID_PRINTER_NAME) {
-            FailWith("printer \"" + name + "\" cannot be opened", error);
-        }
-        throw Failure(UnknownName("printer", name, PrinterNames()));
+oemui::UniquePrinter OpenNamedPrinter(const std::string& name, DWORD access) {
+    oemui::UniquePrinter printer = oemui::OpenPrinterFor(platform::Utf16(name).c_str(), access);
+    if (printer) return printer;
+    const DWORD error = ::GetLastError();
+    if (error != ERROR_INVALID_PRINTER_NAME) {
+        FailWith("printer " + Quoted(name) + " cannot be opened", error);
     }
-    return PrinterHandle(printer);
+    std::vector<std::string> known;
+    for (const PrinterSummary& other : ListPrinters()) known.push_back(platform::Utf8(other.name));
+    throw Failure(UnknownName("printer", name, known));
+}
+
+RecordBlock<PRINTER_INFO_2W> PrinterRecord(HANDLE printer) {
+    return {"the printer cannot be read", [&](LPBYTE buffer, DWORD size, LPDWORD needed, LPDWORD) {
+                return ::GetPrinterW(printer, 2, buffer, size, needed);
+            }};
 }
 
 PrinterSummary SummaryOf(HANDLE printer) {
-    const RecordBlock<PRINTER_INFO_2W> block(
-        "the printer cannot be read", [&](LPBYTE buffer, DWORD size, LPDWORD needed) {
-            return ::GetPrinterW(printer, 2, buffer, size, needed);
-        });
-    return Summarize(*block.Records());
+    return Summarize(PrinterRecord(printer).Single());
 }
 
 std::vector<Form> ListForms(HANDLE printer) {
-    DWORD count = 0;
     const RecordBlock<FORM_INFO_1W> block(
-        "the forms cannot be listed", [&](LPBYTE buffer, DWORD size, LPDWORD needed) {
-            return ::EnumFormsW(printer, 1, buffer, size, needed, &count);
+        "the forms cannot be listed",
+        [&](LPBYTE buffer, DWORD size, LPDWORD needed, LPDWORD count) {
+            return ::EnumFormsW(printer, 1, buffer, size, needed, count);
         });
     std::vector<Form> forms;
-    for (DWORD i = 0; i < count; ++i) {
-        const FORM_INFO_1W& record = block.Records()[i];
-        forms.push_back(
-            {RecordText(record.pName), record.Size, (record.Flags & FORM_BUILTIN) == 0});
+    for (const FORM_INFO_1W& form : block.Records()) {
+        forms.push_back({RecordText(form.pName), form.Size, (form.Flags & FORM_BUILTIN) == 0});
     }
     return forms;
 }
@@ -94,8 +90,7 @@ void AddForm(HANDLE printer, const std::string& definition) {
     const std::size_t equals = definition.rfind('=');
     const std::size_t cross = definition.find('x', equals == std::string::npos ? 0 : equals);
     if (equals == std::string::npos || cross == std::string::npos || equals == 0) {
-        throw UsageFailure("\"" + definition +
-                           "\" is no form: expected Name=WIDTHxHEIGHT in millimetres");
+        RefuseForm(definition);
     }
     const std::string_view text = definition;
     std::u16string name = platform::Utf16(text.substr(0, equals));
@@ -106,16 +101,17 @@ void AddForm(HANDLE printer, const std::string& definition) {
     form.Size.cy = ParseMillimetres(text.substr(cross + 1), definition);
     form.ImageableArea = {0, 0, form.Size.cx, form.Size.cy};
     if (!::AddFormW(printer, 1, reinterpret_cast<LPBYTE>(&form))) {
-        FailWithLastError("form \"" + definition + "\" cannot be added");
+        FailWithLastError("form " + Quoted(definition) + " cannot be added");
     }
 }
 
 std::u16string DriverModulePath(HANDLE printer) {
     const RecordBlock<DRIVER_INFO_2W> block(
-        "the printer's driver cannot be read", [&](LPBYTE buffer, DWORD size, LPDWORD needed) {
+        "the printer's driver cannot be read",
+        [&](LPBYTE buffer, DWORD size, LPDWORD needed, LPDWORD) {
             return ::GetPrinterDriverW(printer, nullptr, 2, buffer, size, needed);
         });
-    return RecordText(block.Records()->pConfigFile);
+    return RecordText(block.Single().pConfigFile);
 }
 
 std::u16string PrinterDataText(HANDLE printer, const char16_t* name) {
@@ -130,15 +126,14 @@ std::u16string PrinterDataText(HANDLE printer, const char16_t* name) {
     return text.substr(0, text.find(u'\0'));
 }
 
-bool PrinterDataNumber(HANDLE printer, const char16_t* name, DWORD* number) {
+std::optional<DWORD> PrinterDataNumber(HANDLE printer, const char16_t* name) {
     DWORD type = REG_NONE;
     DWORD size = 0;
     DWORD value = 0;
     const DWORD status = ::GetPrinterDataW(printer, const_cast<LPWSTR>(name), &type,
                                            reinterpret_cast<LPBYTE>(&value), sizeof(value), &size);
-    if (status != ERROR_SUCCESS || type != REG_DWORD || size != sizeof(value)) return false;
-    *number = value;
-    return true;
+    const bool isNumber = status == ERROR_SUCCESS && type == REG_DWORD && size == sizeof(value);
+    return isNumber ? std::optional(value) : std::nullopt;
 }
 
 DWORD PrinterDataSize(HANDLE printer, const char16_t* name) {

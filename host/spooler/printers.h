@@ -3,10 +3,14 @@
 
 #include <windows.h>
 
+#include <winspool.h>
+
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "host/spooler/handles.h"
+#include "common/unique_handle.h"
+#include "host/spooler/records.h"
 
 namespace host {
 
@@ -25,32 +29,34 @@ struct Form {
 };
 
 /// All printers, in the spooler's order. Throws `Failure` when the store cannot be read.
-std::vector<PrinterSummary> ListPrinters();
+[[nodiscard]] std::vector<PrinterSummary> ListPrinters();
 
 /// Opens a printer by its name (UTF-8); an unknown name is a `Failure` that tells the near ones.
 /// \param access  PRINTER_ACCESS_USE, PRINTER_ALL_ACCESS...
-PrinterHandle OpenNamedPrinter(const std::string& name, DWORD access);
+[[nodiscard]] oemui::UniquePrinter OpenNamedPrinter(const std::string& name, DWORD access);
 
-PrinterSummary SummaryOf(HANDLE printer);
+/// What the spooler keeps of an open printer.
+[[nodiscard]] RecordBlock<PRINTER_INFO_2W> PrinterRecord(HANDLE printer);
+[[nodiscard]] PrinterSummary SummaryOf(HANDLE printer);
 
 /// The forms of the printer's machine, in the order in which the form item lists them.
-std::vector<Form> ListForms(HANDLE printer);
+[[nodiscard]] std::vector<Form> ListForms(HANDLE printer);
 
 /// Adds a form of the user's. \param definition  "Name=WIDTHxHEIGHT" in millimetres, decimals
 /// allowed. Throws `UsageFailure` when it is not understood.
 void AddForm(HANDLE printer, const std::string& definition);
 
-/// The platform path of a driver file: the registered driver's module.
-std::u16string DriverModulePath(HANDLE printer);
+/// The platform path of the registered driver's module.
+[[nodiscard]] std::u16string DriverModulePath(HANDLE printer);
 
 /// A text value of the printer's data; empty when there is none or when it is no text.
-std::u16string PrinterDataText(HANDLE printer, const char16_t* name);
+[[nodiscard]] std::u16string PrinterDataText(HANDLE printer, const char16_t* name);
 
-/// A number of the printer's data. \return false when there is none.
-bool PrinterDataNumber(HANDLE printer, const char16_t* name, DWORD* number);
+/// A number of the printer's data, if there is one.
+[[nodiscard]] std::optional<DWORD> PrinterDataNumber(HANDLE printer, const char16_t* name);
 
 /// The size in bytes of a value of the printer's data; 0 when there is none.
-DWORD PrinterDataSize(HANDLE printer, const char16_t* name);
+[[nodiscard]] DWORD PrinterDataSize(HANDLE printer, const char16_t* name);
 
 void SetPrinterDataText(HANDLE printer, const char16_t* name, const std::u16string& text);
 

@@ -29,20 +29,13 @@ QString RowText(const PageItem& item) {
     return name + ": " + QString::fromStdString(item.SelectionText());
 }
 
-bool SelectionStopped(const PageItem& item) {
-    const LONG selection = item.Record().Sel;
-    return item.Kind() == ItemKind::List && selection >= 0 &&
-           static_cast<std::size_t>(selection) < item.ChoiceCount() &&
-           item.ChoiceStopped(static_cast<std::size_t>(selection));
-}
-
 QString WithoutMnemonic(QString text) {
     return text.replace('&', "&&");
 }
 
 QString ButtonTitle(const PageItem& item) {
-    const WCHAR* title = item.Record().pExtPush->pTitle;
-    const QString text = title ? QString::fromUtf16(title) : QStringLiteral("...");
+    const WCHAR* title = item.ButtonTitle();
+    const QString text = title != nullptr ? QString::fromUtf16(title) : QStringLiteral("...");
     return text.contains('&') ? text : '&' + text;
 }
 

@@ -5,26 +5,23 @@
 #include <QString>
 #include <QWidget>
 
-#include "host/driver/option_items.h"
+#include "host/page/item.h"
 
 namespace host {
 
 /// The row of an item in the tree: "Name: selection", or the name alone for a group.
-QString RowText(const PageItem& item);
-
-/// Whether the selected choice of a list carries a stop mark.
-bool SelectionStopped(const PageItem& item);
+[[nodiscard]] QString RowText(const PageItem& item);
 
 /// A text for a place where '&' marks a letter: every '&' of the text stays one.
-QString WithoutMnemonic(QString text);
+[[nodiscard]] QString WithoutMnemonic(QString text);
 
 /// A button's title; without a letter of its own the first one works with Alt.
-QString ButtonTitle(const PageItem& item);
+[[nodiscard]] QString ButtonTitle(const PageItem& item);
 
 /// The stop mark, as large as the small icons of a widget.
-QIcon StopMark(const QWidget& widget);
+[[nodiscard]] QIcon StopMark(const QWidget& widget);
 
 /// Nothing, in the same size: texts line up with those that have a mark.
-QIcon NoMark(const QWidget& widget);
+[[nodiscard]] QIcon NoMark(const QWidget& widget);
 
 }  // namespace host

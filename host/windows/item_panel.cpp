@@ -55,20 +55,21 @@ void ItemPanel::Connect(const ItemActions& actions) {
 
 void ItemPanel::ShowItem(PageItem* item) {
     item_ = item;
-    const bool isList = item && item->Kind() == ItemKind::List;
-    const bool isNumber = item && item->Kind() == ItemKind::Number;
-    setTitle(item ? WithoutMnemonic(QString::fromStdString(item->Name())) : QString(" "));
+    const bool isList = item != nullptr && item->Kind() == ItemKind::List;
+    const bool isNumber = item != nullptr && item->Kind() == ItemKind::Number;
+    setTitle(item != nullptr ? WithoutMnemonic(QString::fromStdString(item->Name()))
+                             : QString(" "));
     label_->setVisible(isList || isNumber);
     choices_->setVisible(isList);
     number_->setVisible(isNumber);
     range_->setVisible(!isList);
-    button_->setVisible(item && item->HasButton());
-    range_->setText(item ? "Choose one of the settings below it to change it." : "");
+    button_->setVisible(item != nullptr && item->HasButton());
+    range_->setText(item != nullptr ? "Choose one of the settings below it to change it." : "");
     if (isList) ShowChoices();
     if (isNumber) ShowNumber();
-    if (item && item->HasButton()) button_->setText(ButtonTitle(*item));
+    if (item != nullptr && item->HasButton()) button_->setText(ButtonTitle(*item));
     for (QWidget* control : std::initializer_list<QWidget*>{label_, choices_, number_, button_}) {
-        control->setEnabled(item && item->Enabled());
+        control->setEnabled(item != nullptr && item->Enabled());
     }
 }
 
@@ -76,19 +77,19 @@ void ItemPanel::ShowChoices() {
     const QSignalBlocker quiet(choices_);
     label_->setBuddy(choices_);
     choices_->clear();
-    for (std::size_t i = 0; i < item_->ChoiceCount(); ++i) {
-        if (item_->ChoiceVisible(i)) AddChoice(i);
+    const std::vector<PageChoice> choices = item_->Choices();
+    for (std::size_t i = 0; i < choices.size(); ++i) {
+        if (choices[i].visible) AddChoice(choices[i], i);
     }
     LineUpChoices();
     choices_->setCurrentIndex(choices_->findData(qulonglong(item_->Record().Sel)));
 }
 
-void ItemPanel::AddChoice(std::size_t choice) {
-    const QString text = QString::fromStdString(item_->ChoiceText(choice));
-    const bool stopped = item_->ChoiceStopped(choice);
-    choices_->addItem(stopped ? StopMark(*this) : QIcon(), text, qulonglong(choice));
+void ItemPanel::AddChoice(const PageChoice& choice, std::size_t number) {
+    const QIcon mark = choice.stopped ? StopMark(*this) : QIcon();
+    choices_->addItem(mark, QString::fromStdString(choice.text), qulonglong(number));
     auto* rows = static_cast<QStandardItemModel*>(choices_->model());
-    rows->item(rows->rowCount() - 1)->setEnabled(item_->ChoiceEnabled(choice) && !stopped);
+    rows->item(rows->rowCount() - 1)->setEnabled(choice.Usable());
 }
 
 void ItemPanel::LineUpChoices() {

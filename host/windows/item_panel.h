@@ -9,7 +9,7 @@
 #include <QSpinBox>
 #include <functional>
 
-#include "host/driver/option_items.h"
+#include "host/page/item.h"
 
 namespace host {
 
@@ -31,7 +31,7 @@ public:
 private:
     void Connect(const ItemActions& actions);
     void ShowChoices();
-    void AddChoice(std::size_t choice);
+    void AddChoice(const PageChoice& choice, std::size_t number);
     void LineUpChoices();
     void ShowNumber();
 

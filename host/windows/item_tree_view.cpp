@@ -15,7 +15,7 @@ QString Remarks(const PageItem& item, bool changed) {
     QString remarks;
     if (changed) remarks += ", changed";
     if (!item.Enabled()) remarks += ", not available";
-    if (SelectionStopped(item)) remarks += ", not installed";
+    if (item.SelectionStopped()) remarks += ", not installed";
     return remarks;
 }
 
@@ -42,9 +42,7 @@ void ItemTreeView::ShowItems(std::vector<PageItem>& items) {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         rows_[i]->setExpanded((items[i].Record().Flags & OPTIF_COLLAPSE) == 0);
     }
-    const auto usable = std::find_if(items.begin(), items.end(), [](const PageItem& item) {
-        return item.Visible() && item.Kind() != ItemKind::Group;
-    });
+    const auto usable = std::ranges::find_if(items, &PageItem::IsSetting);
     if (usable != items.end()) Choose(*usable);
 }
 
@@ -64,21 +62,21 @@ void ItemTreeView::RefreshRow(QTreeWidgetItem& row, const PageItem& item, bool c
     // A greyed row can still be chosen: its help tells what it needs.
     row.setForeground(
         0, palette().brush(item.Enabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text));
-    row.setIcon(0, SelectionStopped(item) ? StopMark(*this) : QIcon());
+    row.setIcon(0, item.SelectionStopped() ? StopMark(*this) : QIcon());
     QFont face = font();
     face.setBold(changed);
     row.setFont(0, face);
 }
 
 void ItemTreeView::LeaveHiddenRow() {
-    if (!currentItem() || !currentItem()->isHidden()) return;
+    if (currentItem() == nullptr || !currentItem()->isHidden()) return;
     QTreeWidgetItem* above = itemAbove(currentItem());
-    setCurrentItem(above ? above : topLevelItem(0));
+    setCurrentItem(above != nullptr ? above : topLevelItem(0));
 }
 
 PageItem* ItemTreeView::Chosen() const {
-    const auto row = std::find(rows_.begin(), rows_.end(), currentItem());
-    if (!currentItem() || row == rows_.end()) return nullptr;
+    const auto row = std::ranges::find(rows_, currentItem());
+    if (currentItem() == nullptr || row == rows_.end()) return nullptr;
     return &(*items_)[static_cast<std::size_t>(row - rows_.begin())];
 }
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "host/driver/option_items.h"
+#include "host/page/item.h"
 
 namespace host {
 
@@ -21,10 +21,10 @@ public:
     /// unchanged, in the items' order.
     void Refresh(const std::vector<LONG>& kept);
     /// The item of the chosen row; null when there is none.
-    PageItem* Chosen() const;
+    [[nodiscard]] PageItem* Chosen() const;
     void Choose(const PageItem& item);
 
-    QSize sizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
 
 private:
     void RefreshRow(QTreeWidgetItem& row, const PageItem& item, bool changed);

@@ -9,7 +9,7 @@
 namespace host {
 
 bool HasScreen() {
-    platform::gui::EnsureApplication();
+    platform::EnsureApplication();
     return QGuiApplication::platformName() != "offscreen";
 }
 
@@ -17,7 +17,7 @@ void ShowPageWindow(const std::string& printerName, PageKind kind) {
     if (!HasScreen()) {
         throw Failure("there is no display to open a window on; without --window the page is text");
     }
-    PropertySheet(printerName, kind).Run();
+    static_cast<void>(PropertySheet(printerName, kind).Run());
 }
 
 }  // namespace host

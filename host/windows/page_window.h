@@ -8,7 +8,7 @@
 namespace host {
 
 /// Whether there is a screen to show windows on.
-bool HasScreen();
+[[nodiscard]] bool HasScreen();
 
 /// Shows a page in a window until it is closed. Throws `Failure` without a screen, or when the page
 /// cannot be had. \param printerName  UTF-8.

@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <ostream>
@@ -90,13 +89,13 @@ public:
 
     int AnswerMessageBox(const platform::MessageBoxRequest& request) override {
         const char* name = boxes_ < scene_.boxes.size() ? scene_.boxes[boxes_++] : nullptr;
-        if (name) Keep(name, platform::SaveMessageBoxPicture(request, folder_ / name));
+        if (name != nullptr) Keep(name, platform::SaveMessageBoxPicture(request, folder_ / name));
         return terminal_.AnswerMessageBox(request);
     }
     void WorkInDialog(HWND dialog) override {
         terminal_.WorkInDialog(dialog);
-        if (scene_.dialog)
-            Keep(scene_.dialog, platform::SavePicture(dialog, folder_ / scene_.dialog));
+        const char* name = scene_.dialog;
+        if (name != nullptr) Keep(name, platform::SavePicture(dialog, folder_ / name));
     }
     void ReadHelp(const platform::HelpRequest& request) override {
         const char* name = "help-popup.png";
@@ -106,10 +105,7 @@ public:
     /// Throws unless the script was carried out and every picture could be written.
     void RequireDone() const {
         std::string problem = problem_.empty() ? script_.Error() : problem_;
-        const auto expected = static_cast<std::size_t>(
-            std::count_if(scene_.boxes.begin(), scene_.boxes.end(),
-                          [](const char* name) { return name != nullptr; }));
-        if (problem.empty() && boxes_ < expected) {
+        if (problem.empty() && boxes_ < scene_.boxes.size() && scene_.boxes[boxes_] != nullptr) {
             problem = std::string("no message for ") + scene_.boxes[boxes_];
         }
         if (!problem.empty()) throw Failure("the pictures stop: " + problem);
@@ -171,7 +167,7 @@ public:
 
 private:
     void Install(const char* name, const char* model) {
-        InstallPrinter({name, FindModel(model), ParsePort("USB001", "", ""), false}, source_);
+        InstallPrinter({name, FindModel(model), ParsePort("USB001"), false}, source_);
     }
 
     /// Does something with a user who takes pictures.
@@ -199,7 +195,7 @@ private:
                       const std::vector<const char*>& settings) {
         PageSession page(printer, kind);
         for (const char* setting : settings) SetItem(page, setting);
-        page.Apply();
+        static_cast<void>(page.Apply());  // some are refused, with a message
     }
 
     void TakePages();
@@ -311,9 +307,9 @@ void Album::TakeScalingConflict() {
 void Album::TakePaperMessages() {
     Install(kStudio, "U");
     {
-        const PrinterHandle printer = OpenNamedPrinter(kStudio, PRINTER_ALL_ACCESS);
+        const oemui::UniquePrinter printer = OpenNamedPrinter(kStudio, PRINTER_ALL_ACCESS);
         for (const char* form : {"Banner=210x900", "Card=120x150", "Square=210x210"}) {
-            AddForm(printer.get(), form);
+            AddForm(printer.Get(), form);
         }
     }
     const struct {
@@ -338,7 +334,7 @@ void SavePictures(const fs::path& folder, const PackageSource& source, std::ostr
     if (error) throw Failure(folder.native() + " cannot be made: " + error.message());
     // The same pictures whatever screen there is, and no windows that come and go on it.
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    platform::gui::EnsureApplication();
+    platform::EnsureApplication();
     const PassingMachine machine;
     Album(fs::absolute(folder), source, out).TakeAll();
 }

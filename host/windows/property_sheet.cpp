@@ -81,7 +81,7 @@ void PropertySheet::MakeButtons() {
     for (QPushButton* button : {ok_, cancel, apply_}) row->addWidget(button);
     connect(ok_, &QPushButton::clicked, this, [this] { accept(); });
     connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
-    connect(apply_, &QPushButton::clicked, this, [this] { Apply(); });
+    connect(apply_, &QPushButton::clicked, this, [this] { static_cast<void>(Apply()); });
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
     apply_->setEnabled(false);
 }
@@ -189,9 +189,9 @@ void PropertySheet::Tell(const std::string& text) {
 
 void PropertySheet::ShowItemHelp() {
     const PageItem* item = tree_->Chosen();
-    const OIEXT* help = item ? item->Help() : nullptr;
-    if (!help || !help->pHelpFile) {
-        status_->setText(item ? "There is no help for this setting." : "");
+    const OIEXT* help = item != nullptr ? item->Help() : nullptr;
+    if (help == nullptr || help->pHelpFile == nullptr) {
+        status_->setText(item != nullptr ? "There is no help for this setting." : "");
         return;
     }
     ::WinHelpW(handle_.Handle(), help->pHelpFile, HELP_CONTEXTPOPUP, item->Record().HelpIndex);

@@ -1,5 +1,5 @@
 /// A property page in a window: the tree of its items, the control of the chosen one, OK, Cancel
-/// and Apply. For the user-interface thread only; `platform::gui::EnsureApplication` comes first.
+/// and Apply. For the user-interface thread only; `platform::EnsureApplication` comes first.
 #pragma once
 
 #include <QDialog>
@@ -25,13 +25,13 @@ public:
 
     /// Shows the window, loads the page as soon as the window is painted, and waits for its end.
     /// Throws `Failure` when the page cannot be had. \return whether it ended with OK.
-    bool Run();
+    [[nodiscard]] bool Run();
 
     /// Builds the page. It may ask the printer: the window shows that it waits. Throws `Failure`.
     void Load();
 
     /// The page; after `Load` only.
-    PageSession& Page() { return *session_; }
+    [[nodiscard]] PageSession& Page() { return *session_; }
     /// Chooses an item in the tree as a click on its row does.
     void ChooseItem(const PageItem& item) { tree_->Choose(item); }
     /// Shows the page anew after something else changed it.
@@ -52,7 +52,7 @@ private:
     void LoadOrEnd();
     /// \param action  answers whether there is something to apply now.
     void Act(bool mayAsk, const std::function<bool()>& action);
-    bool Apply();
+    [[nodiscard]] bool Apply();
     void KeepSelections();
     void Tell(const std::string& text);
 

@@ -13,4 +13,9 @@ Answer Fail(DWORD error, Answer answer = {}) {
     return answer;
 }
 
+/// The answer of an operation that came to a result code: TRUE for success, or its failure.
+inline BOOL Answer(DWORD result) {
+    return result == 0 || Fail(result);
+}
+
 }  // namespace platform

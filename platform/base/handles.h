@@ -14,7 +14,7 @@
 namespace platform {
 
 /// A number not given out before: above 0, a multiple of four.
-std::uintptr_t NextHandleValue();
+[[nodiscard]] std::uintptr_t NextHandleValue();
 
 /// The objects of one kind that are open, counted among the live objects. For any thread; an
 /// object found stays alive while it is held, also when its handle is closed meanwhile.
@@ -24,7 +24,7 @@ public:
     /// \param kind  what the live objects are counted as; a literal.
     explicit HandleTable(const char* kind) : kind_(kind) {}
 
-    void* Insert(std::shared_ptr<Object> object) {
+    [[nodiscard]] void* Insert(std::shared_ptr<Object> object) {
         const std::lock_guard lock(mutex_);
         const std::uintptr_t value = NextHandleValue();
         objects_.emplace(value, std::move(object));
@@ -33,14 +33,14 @@ public:
     }
 
     /// Null when the handle is not open.
-    std::shared_ptr<Object> Find(const void* handle) const {
+    [[nodiscard]] std::shared_ptr<Object> Find(const void* handle) const {
         const std::lock_guard lock(mutex_);
         const auto found = objects_.find(reinterpret_cast<std::uintptr_t>(handle));
         return found == objects_.end() ? nullptr : found->second;
     }
 
     /// Closes a handle; null when it is not open.
-    std::shared_ptr<Object> Remove(const void* handle) {
+    [[nodiscard]] std::shared_ptr<Object> Remove(const void* handle) {
         const std::lock_guard lock(mutex_);
         auto node = objects_.extract(reinterpret_cast<std::uintptr_t>(handle));
         if (node.empty()) return nullptr;

@@ -11,9 +11,12 @@
 #include <cstring>
 #include <unordered_map>
 
+#include "platform/base/fail.h"
 #include "platform/base/handles.h"
 #include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
+
+using platform::Fail;
 
 namespace {
 
@@ -78,19 +81,11 @@ bool Free(Heap& heap, void* block) {
     return true;
 }
 
-BOOL Fail(DWORD error) {
-    SetLastError(error);
-    return FALSE;
-}
-
 }  // namespace
 
 HANDLE WINAPI HeapCreate(DWORD options, SIZE_T, SIZE_T maximumSize) {
-    DWORD error = ERROR_INVALID_PARAMETER;
-    if (platform::MustFail("HeapCreate", &error) || options != 0 || maximumSize != 0) {
-        SetLastError(error);
-        return nullptr;
-    }
+    if (const auto error = platform::InjectedFailure("HeapCreate")) return Fail<HANDLE>(*error);
+    if (options != 0 || maximumSize != 0) return Fail<HANDLE>(ERROR_INVALID_PARAMETER);
     return CreatedHeaps().Insert(std::make_shared<Heap>());
 }
 
@@ -111,15 +106,13 @@ HANDLE WINAPI GetProcessHeap() {
 }
 
 LPVOID WINAPI HeapAlloc(HANDLE heap, DWORD flags, SIZE_T size) {
-    DWORD error;
-    if (platform::MustFail("HeapAlloc", &error)) return nullptr;
+    if (platform::InjectedFailure("HeapAlloc")) return nullptr;
     const std::shared_ptr<Heap> owner = FindHeap(heap);
     return owner ? Allocate(*owner, size, (flags & HEAP_ZERO_MEMORY) != 0) : nullptr;
 }
 
 LPVOID WINAPI HeapReAlloc(HANDLE heap, DWORD flags, LPVOID block, SIZE_T size) {
-    DWORD error;
-    if (platform::MustFail("HeapReAlloc", &error)) return nullptr;
+    if (platform::InjectedFailure("HeapReAlloc")) return nullptr;
     const std::shared_ptr<Heap> owner = FindHeap(heap);
     return owner ? Resize(*owner, block, size, (flags & HEAP_ZERO_MEMORY) != 0) : nullptr;
 }
@@ -129,15 +122,6 @@ BOOL WINAPI HeapFree(HANDLE heap, DWORD, LPVOID block) {
     const std::shared_ptr<Heap> owner = FindHeap(heap);
     if (!owner) return Fail(ERROR_INVALID_HANDLE);
     return Free(*owner, block) ? TRUE : Fail(ERROR_INVALID_PARAMETER);
-}
-
-SIZE_T WINAPI HeapSize(HANDLE heap, DWORD, LPCVOID block) {
-    constexpr SIZE_T kUnknown = ~SIZE_T{0};
-    const std::shared_ptr<Heap> owner = FindHeap(heap);
-    if (!owner) return kUnknown;
-    const std::lock_guard lock(owner->mutex);
-    const auto known = owner->blocks.find(block);
-    return known == owner->blocks.end() ? kUnknown : known->second;
 }
 
 std::size_t platform::HeapBytes(void* heap) {

@@ -6,6 +6,6 @@
 namespace platform {
 
 /// Bytes allocated now from one heap (`HeapCreate`, `GetProcessHeap`); 0 for one that is closed.
-std::size_t HeapBytes(void* heap);
+[[nodiscard]] std::size_t HeapBytes(void* heap);
 
 }  // namespace platform

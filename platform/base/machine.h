@@ -3,12 +3,10 @@
 /// `registry.sqlite` (the registry), `Windows/` (INI files, System32, the driver directory) and
 /// `machine.log` (programs started). Paths that the plug-in sees are the platform's: `C:\...` is
 /// the machine's folder itself, so `C:\Windows` is its `Windows/`; any other file of the system is
-/// seen below `Z:\`. Path look-ups below `C:` ignore case, as the platform's file system does.
+/// seen below `Z:\`.
 #pragma once
 
 #include <filesystem>
-#include <string>
-#include <string_view>
 
 namespace platform {
 
@@ -19,17 +17,10 @@ namespace platform {
 void UseMachine(const std::filesystem::path& folder);
 
 /// The machine in use; empty before the first `UseMachine`.
-const std::filesystem::path& MachineFolder();
+[[nodiscard]] const std::filesystem::path& MachineFolder();
 
 /// The driver's directory of the machine, `Windows/System32/spool/drivers/x64/3`.
-std::filesystem::path DriverFolder();
-
-/// The file that a platform path names; an empty path when it names none (no machine, relative
-/// path with a drive, unknown drive). A path without drive is taken below the Windows directory.
-std::filesystem::path HostPath(std::u16string_view platformPath);
-
-/// The platform path under which the plug-in sees a file.
-std::u16string PlatformPath(const std::filesystem::path& hostPath);
+[[nodiscard]] std::filesystem::path DriverFolder();
 
 /// Has every later change of the machine call an operation first, which lets go of what it holds of
 /// the one in use. \param letGo  a function that lives as long as the process; given twice it is

@@ -1,18 +1,35 @@
-/// Look-ups in folders without regard to case, as the platform's file system does them.
+/// The platform's paths and the files of this system behind them. Look-ups below `C:` ignore case,
+/// as the platform's file system does.
 #pragma once
 
 #include <filesystem>
+#include <initializer_list>
+#include <string>
 #include <string_view>
 
 namespace platform {
 
+/// The file that a platform path names; an empty path when it names none (no machine, relative
+/// path with a drive, unknown drive). A path without drive is taken below the Windows directory.
+[[nodiscard]] std::filesystem::path NativePath(std::u16string_view platformPath);
+
+/// The same, empty also when there is no such file.
+[[nodiscard]] std::filesystem::path ExistingFile(std::u16string_view platformPath);
+
+/// The platform path under which the plug-in sees a file.
+[[nodiscard]] std::u16string PlatformPath(const std::filesystem::path& nativePath);
+
 /// The file or folder that a path below a folder names, each part found in any case. Parts are
 /// divided by backslashes or slashes; ".." never leaves the folder. Parts that do not exist are
 /// kept as they are spelled, so the result may name what is still to be made.
-std::filesystem::path ResolveIgnoringCase(const std::filesystem::path& folder,
-                                          std::u16string_view relative);
+[[nodiscard]] std::filesystem::path ResolveIgnoringCase(const std::filesystem::path& folder,
+                                                        std::u16string_view relative);
+
+/// The file of this name, so resolved, in the first folder that has it; empty when none has.
+[[nodiscard]] std::filesystem::path FindFile(std::initializer_list<std::filesystem::path> folders,
+                                             std::u16string_view name);
 
 /// The file of the running program.
-std::filesystem::path ProgramFile();
+[[nodiscard]] std::filesystem::path ProgramFile();
 
 }  // namespace platform

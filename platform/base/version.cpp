@@ -3,47 +3,24 @@
 
 #include <algorithm>
 #include <cstring>
-#include <mutex>
 #include <string_view>
 
-#include "platform/base/version.h"
+#include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 
-namespace platform {
-namespace {
-
-std::mutex mutex;
-SystemVersion current;
-
-SystemVersion CurrentVersion() {
-    const std::lock_guard lock(mutex);
-    return current;
-}
-
-}  // namespace
-
-void ReplaceSystemVersion(const SystemVersion& version) {
-    const std::lock_guard lock(mutex);
-    current = version;
-}
-
-}  // namespace platform
+using platform::Fail;
 
 BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW version) {
-    DWORD error = ERROR_INSUFFICIENT_BUFFER;
+    if (const auto error = platform::InjectedFailure("GetVersionExW")) return Fail(*error);
     const DWORD size = version->dwOSVersionInfoSize;
-    if (platform::MustFail("GetVersionExW", &error) ||
-        (size != sizeof(OSVERSIONINFOW) && size != sizeof(OSVERSIONINFOEXW))) {
-        SetLastError(error);
-        return FALSE;
+    if (size != sizeof(OSVERSIONINFOW) && size != sizeof(OSVERSIONINFOEXW)) {
+        return Fail(ERROR_INSUFFICIENT_BUFFER);
     }
-    const platform::SystemVersion current = platform::CurrentVersion();
     OSVERSIONINFOEXW answer{};
     answer.dwOSVersionInfoSize = size;
-    answer.dwMajorVersion = current.major;
-    answer.dwMinorVersion = current.minor;
-    answer.dwBuildNumber = current.build;
-    answer.dwPlatformId = current.platformId;
+    answer.dwMajorVersion = 10;
+    answer.dwBuildNumber = 19045;
+    answer.dwPlatformId = VER_PLATFORM_WIN32_NT;
     answer.wProductType = VER_NT_WORKSTATION;
     // The longer record begins with the fields of the shorter one.
     std::memcpy(static_cast<void*>(version), &answer, size);
@@ -52,12 +29,10 @@ BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW version) {
 
 UINT WINAPI GetSystemDirectoryW(LPWSTR path, UINT size) {
     constexpr std::u16string_view kSystemDirectory = u"C:\\Windows\\System32";
-    DWORD error;
-    if (platform::MustFail("GetSystemDirectoryW", &error)) {
-        SetLastError(error);
-        return 0;
+    if (const auto error = platform::InjectedFailure("GetSystemDirectoryW")) {
+        return Fail<UINT>(*error);
     }
     if (path == nullptr || size <= kSystemDirectory.size()) return kSystemDirectory.size() + 1;
-    *std::copy(kSystemDirectory.begin(), kSystemDirectory.end(), path) = 0;
+    *std::ranges::copy(kSystemDirectory, path).out = 0;
     return kSystemDirectory.size();
 }

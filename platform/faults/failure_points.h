@@ -16,7 +16,7 @@ namespace platform {
 /// \param point  the function's name, such as "SetPrinterDataW"; a literal.
 /// \return the code that the call must fail with now, in its own way (last error, status, result)
 ///         and without doing anything else; nothing when it may go on.
-std::optional<DWORD> InjectedFailure(const char* point);
+[[nodiscard]] std::optional<DWORD> InjectedFailure(const char* point);
 
 /// Passed by a function of the layer at its start. True when the call must fail now: the function
 /// then reports `*error` in its own way (last error, status, result) and does nothing else.
@@ -39,11 +39,11 @@ public:
     FailurePlan& operator=(const FailurePlan&) = delete;
 
     /// How many calls passed a point so far.
-    int Calls() const;
+    [[nodiscard]] int Calls() const;
     /// Whether the armed failure has happened.
-    bool Fired() const;
+    [[nodiscard]] bool Fired() const;
     /// The names of the points passed, in order.
-    std::vector<std::string> Passed() const;
+    [[nodiscard]] std::vector<std::string> Passed() const;
 };
 
 }  // namespace platform

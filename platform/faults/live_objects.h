@@ -11,6 +11,6 @@ namespace platform {
 void CountObject(const char* kind, int change);
 
 /// The kinds with at least one object alive, and how many. Empty when nothing is held.
-std::map<std::string, int> LiveObjects();
+[[nodiscard]] std::map<std::string, int> LiveObjects();
 
 }  // namespace platform

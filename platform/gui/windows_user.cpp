@@ -10,6 +10,8 @@ namespace {
 
 class PersonAtScreen : public User {
 public:
+    PersonAtScreen() { NameUserAtScreen(*this); }
+
     int AnswerMessageBox(const MessageBoxRequest& request) override {
         return ShowMessageBox(request);
     }
@@ -22,9 +24,7 @@ public:
     void ReadHelp(const HelpRequest& request) override { ShowHelp(request); }
 };
 
-PersonAtScreen personAtScreen;
-[[maybe_unused]] const bool named = (NameUserAtScreen(personAtScreen), true);
+PersonAtScreen personAtScreen;  // there from the load on
 
 }  // namespace
-
 }  // namespace platform

@@ -6,4 +6,3 @@
 
 // Ranges travel as MAKELPARAM(highest, lowest), 16 bits each, signed.
 #define UDM_SETRANGE 0x0465
-#define UDM_GETRANGE 0x0466

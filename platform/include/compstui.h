@@ -7,7 +7,6 @@
 #define IDI_CPSUI_OFF 64007
 #define IDI_CPSUI_ON 64008
 
-#define TVOT_2STATES 0
 #define TVOT_UDARROW 2
 #define TVOT_COMBOBOX 6
 

@@ -9,27 +9,13 @@
 #define HEAP_ZERO_MEMORY 0x00000008
 
 #define CP_ACP 0
-#define CP_UTF8 65001
-#define MB_ERR_INVALID_CHARS 0x00000008
 
 #define DLL_PROCESS_DETACH 0
 #define DLL_PROCESS_ATTACH 1
-#define DLL_THREAD_ATTACH 2
-#define DLL_THREAD_DETACH 3
 
 #define VER_PLATFORM_WIN32_WINDOWS 1
 #define VER_PLATFORM_WIN32_NT 2
 #define VER_NT_WORKSTATION 1
-
-#define CREATE_NEW_CONSOLE 0x00000010
-#define NORMAL_PRIORITY_CLASS 0x00000020
-#define CREATE_NO_WINDOW 0x08000000
-#define STARTF_USESHOWWINDOW 0x00000001
-
-#define INVALID_HANDLE_VALUE (reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(-1)))
-#define UNREFERENCED_PARAMETER(parameter) (static_cast<void>(parameter))
-#define ZeroMemory(destination, length) __builtin_memset((destination), 0, (length))
-#define CopyMemory(destination, source, length) __builtin_memcpy((destination), (source), (length))
 
 struct OSVERSIONINFOW {
     DWORD dwOSVersionInfoSize;  ///< bytes; set by the caller: of this record or the longer one
@@ -56,9 +42,6 @@ struct OSVERSIONINFOEXW {
     BYTE wReserved;
 };
 static_assert(sizeof(OSVERSIONINFOEXW) == 284);
-
-using OSVERSIONINFO = OSVERSIONINFOW;
-using OSVERSIONINFOEX = OSVERSIONINFOEXW;
 
 struct SECURITY_ATTRIBUTES {
     DWORD nLength;
@@ -124,12 +107,6 @@ LPVOID WINAPI HeapReAlloc(HANDLE heap, DWORD flags, LPVOID block, SIZE_T size);
 /// ERROR_INVALID_PARAMETER.
 BOOL WINAPI HeapFree(HANDLE heap, DWORD flags, LPVOID block);
 
-/// The size of a block in bytes; all ones when the block is not of this heap.
-SIZE_T WINAPI HeapSize(HANDLE heap, DWORD flags, LPCVOID block);
-
-/// The length up to the terminator; 0 for null.
-int WINAPI lstrlenW(LPCWSTR text);
-
 /// Copies at most `capacity` - 1 characters and terminates; null when one of the texts is.
 LPWSTR WINAPI lstrcpynW(LPWSTR destination, LPCWSTR source, int capacity);
 
@@ -142,17 +119,10 @@ int WINAPI lstrcmpW(LPCWSTR left, LPCWSTR right);
 /// The same without regard to case.
 int WINAPI lstrcmpiW(LPCWSTR left, LPCWSTR right);
 
-/// Converts to UTF-16.
-/// \param codePage  CP_ACP (Windows-1252) or CP_UTF8.
-/// \param flags     MB_ERR_INVALID_CHARS or 0.
-/// \param length    bytes, or -1 for a terminated text, whose terminator is converted too.
-/// \param capacity  in WCHARs; 0 asks for the size needed.
-/// \return the characters written or needed; 0 with ERROR_INSUFFICIENT_BUFFER when they do not fit.
-int WINAPI MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int length,
-                               LPWSTR destination, int capacity);
-
-/// Converts from UTF-16; sizes as above, in bytes. What Windows-1252 lacks becomes the default
-/// character ('?' when null). For CP_UTF8 both last parameters must be null.
+/// Converts from UTF-16. What Windows-1252 lacks becomes '?'.
+/// \param codePage  CP_ACP (Windows-1252). \param length  -1: the text is terminated, and its
+///        terminator converted too. \param capacity  bytes. The last two must be null.
+/// \return the bytes written; 0 with ERROR_INSUFFICIENT_BUFFER when they do not fit.
 int WINAPI WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length,
                                LPSTR destination, int capacity, LPCSTR defaultCharacter,
                                BOOL* usedDefault);
@@ -195,6 +165,7 @@ void WINAPI Sleep(DWORD milliseconds);
 ///        up without regard to case in the program's directory, the current directory, System32,
 ///        the Windows directory and the driver's directory; ".exe" is added to a name without
 ///        ending. Of an unquoted path with blanks the shortest file that exists is started.
+/// \param currentDirectory  must be null, like the environment.
 /// \return false with ERROR_FILE_NOT_FOUND, ERROR_BAD_EXE_FORMAT, ERROR_INVALID_PARAMETER...
 BOOL WINAPI CreateProcessW(LPCWSTR applicationName, LPWSTR commandLine,
                            LPSECURITY_ATTRIBUTES processAttributes,
@@ -224,12 +195,7 @@ UINT WINAPI GetPrivateProfileIntW(LPCWSTR section, LPCWSTR key, INT defaultNumbe
 /// \return its length; 0 when there is no such text.
 int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR text, int size);
 
-/// Formats into a buffer of 1024 WCHARs: %s, %c, %d, %i, %u, %x, %X, %ld, %lu, %lx (all 32 bits
-/// wide) and %%, with "-", "0", "#", width and precision.
+/// Formats into a buffer of 1024 WCHARs: %s, %d and %ld (both 32 bits wide) and %%, without flags,
+/// width or precision.
 /// \return the characters written, without terminator: at most 1023.
 int wsprintfW(LPWSTR text, LPCWSTR format, ...);
-
-#define GetModuleHandle GetModuleHandleW
-#define GetModuleFileName GetModuleFileNameW
-#define LoadLibrary LoadLibraryW
-#define LoadString LoadStringW

@@ -11,7 +11,6 @@
 #define APIENTRY
 #define STDMETHODCALLTYPE
 #define STDAPICALLTYPE
-#define CONST const
 #define VOID void
 
 #define TRUE 1
@@ -33,7 +32,6 @@ using ULONG = std::uint32_t;
 using UINT = std::uint32_t;
 using UINT32 = std::uint32_t;
 using INT32 = std::int32_t;
-using UINT8 = std::uint8_t;
 using INT = std::int32_t;
 using LONG = std::int32_t;
 using WCHAR = char16_t;
@@ -59,12 +57,10 @@ using LPWSTR = WCHAR*;
 using PWSTR = WCHAR*;
 using LPTSTR = WCHAR*;
 using LPCWSTR = const WCHAR*;
-using PCWSTR = const WCHAR*;
 using LPBYTE = BYTE*;
 using PBYTE = BYTE*;
 using LPDWORD = DWORD*;
 using PDWORD = DWORD*;
-using PULONG = ULONG*;
 
 #define DECLARE_HANDLE(name) \
     struct name##__ {        \
@@ -88,11 +84,10 @@ using FARPROC = INT_PTR (*)();
 
 #define LOWORD(value) (static_cast<WORD>(static_cast<DWORD_PTR>(value) & 0xFFFF))
 #define HIWORD(value) (static_cast<WORD>((static_cast<DWORD_PTR>(value) >> 16) & 0xFFFF))
-#define MAKELONG(low, high)                                                  \
-    (static_cast<LONG>((static_cast<DWORD>(static_cast<WORD>(high)) << 16) | \
-                       static_cast<WORD>(low)))
-#define MAKEWPARAM(low, high) (static_cast<WPARAM>(static_cast<DWORD>(MAKELONG(low, high))))
-#define MAKELPARAM(low, high) (static_cast<LPARAM>(static_cast<DWORD>(MAKELONG(low, high))))
+#define MAKEWPARAM(low, high)                                                  \
+    (static_cast<WPARAM>((static_cast<DWORD>(static_cast<WORD>(high)) << 16) | \
+                         static_cast<WORD>(low)))
+#define MAKELPARAM(low, high) (static_cast<LPARAM>(MAKEWPARAM(low, high)))
 #define MAKEWORD(low, high) \
     (static_cast<WORD>(static_cast<BYTE>(low) | (static_cast<WORD>(static_cast<BYTE>(high)) << 8)))
 
@@ -115,11 +110,6 @@ struct RECT {
 };
 using RECTL = RECT;
 
-struct POINTL {
-    LONG x;
-    LONG y;
-};
-
 struct FILETIME {
     DWORD dwLowDateTime;
     DWORD dwHighDateTime;
@@ -135,7 +125,6 @@ using IID = GUID;
 using CLSID = GUID;
 using REFIID = const IID&;
 using REFCLSID = const CLSID&;
-using REFGUID = const GUID&;
 
 inline bool operator==(const GUID& left, const GUID& right) {
     return __builtin_memcmp(&left, &right, sizeof(GUID)) == 0;

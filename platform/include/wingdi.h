@@ -93,9 +93,7 @@ static_assert(sizeof(DEVMODEW) == 220 && offsetof(DEVMODEW, dmFormName) == 102);
 #define FW_BOLD 700
 #define DEFAULT_CHARSET 1
 #define OUT_STRING_PRECIS 1
-#define CLIP_DEFAULT_PRECIS 0
 #define PROOF_QUALITY 2
-#define DEFAULT_PITCH 0
 #define FIXED_PITCH 1
 #define VARIABLE_PITCH 2
 #define FF_ROMAN 0x10

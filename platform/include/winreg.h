@@ -7,23 +7,17 @@
 
 #include <windef.h>
 
-#define HKEY_CLASSES_ROOT (reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(0xFFFFFFFF80000000u)))
 #define HKEY_CURRENT_USER (reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(0xFFFFFFFF80000001u)))
 /// The only root that the layer has.
 #define HKEY_LOCAL_MACHINE (reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(0xFFFFFFFF80000002u)))
 
 #define DELETE 0x00010000
-#define READ_CONTROL 0x00020000
-#define STANDARD_RIGHTS_REQUIRED 0x000F0000
-#define STANDARD_RIGHTS_READ READ_CONTROL
-#define SYNCHRONIZE 0x00100000
 
 #define KEY_QUERY_VALUE 0x0001
 #define KEY_SET_VALUE 0x0002
 #define KEY_CREATE_SUB_KEY 0x0004
 #define KEY_ENUMERATE_SUB_KEYS 0x0008
 #define KEY_READ 0x20019
-#define KEY_WRITE 0x20006
 #define KEY_ALL_ACCESS 0xF003F
 
 #define REG_NONE 0
@@ -78,10 +72,7 @@ LSTATUS WINAPI RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD reserved, LPDWOR
 LSTATUS WINAPI RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* bytes,
                               DWORD size);
 
-LSTATUS WINAPI RegDeleteValueW(HKEY key, LPCWSTR name);
-
-/// Deletes a key below another with everything in it, at once; with a null path everything below
-/// the key, which stays.
+/// Deletes a key below another with everything in it, at once. The path must name one.
 LSTATUS WINAPI RegDeleteTreeW(HKEY key, LPCWSTR path);
 
 /// Closes a key; the root stays open.

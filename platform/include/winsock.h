@@ -18,39 +18,21 @@ using SOCKET = UINT_PTR;
 #define INADDR_NONE 0xFFFFFFFFu
 #define FIONBIO (static_cast<LONG>(0x8004667Eu))
 
-#define WSAEINTR 10004
-#define WSAEACCES 10013
 #define WSAEFAULT 10014
 #define WSAEINVAL 10022
 #define WSAEMFILE 10024
 #define WSAEWOULDBLOCK 10035
-#define WSAEINPROGRESS 10036
-#define WSAEALREADY 10037
 #define WSAENOTSOCK 10038
-#define WSAEPROTOTYPE 10041
 #define WSAEPROTONOSUPPORT 10043
 #define WSAESOCKTNOSUPPORT 10044
 #define WSAEOPNOTSUPP 10045
 #define WSAEAFNOSUPPORT 10047
-#define WSAEADDRINUSE 10048
-#define WSAEADDRNOTAVAIL 10049
-#define WSAENETDOWN 10050
 #define WSAENETUNREACH 10051
-#define WSAECONNABORTED 10053
 #define WSAECONNRESET 10054
-#define WSAENOBUFS 10055
-#define WSAEISCONN 10056
-#define WSAENOTCONN 10057
-#define WSAETIMEDOUT 10060
 #define WSAECONNREFUSED 10061
-#define WSAEHOSTUNREACH 10065
 #define WSAVERNOTSUPPORTED 10092
 #define WSANOTINITIALISED 10093
 #define WSAHOST_NOT_FOUND 11001
-#define WSANO_RECOVERY 11003
-
-#define WSADESCRIPTION_LEN 256
-#define WSASYS_STATUS_LEN 128
 
 struct WSADATA {
     WORD wVersion;
@@ -58,10 +40,9 @@ struct WSADATA {
     USHORT iMaxSockets;
     USHORT iMaxUdpDg;
     CHAR* lpVendorInfo;
-    CHAR szDescription[WSADESCRIPTION_LEN + 1];
-    CHAR szSystemStatus[WSASYS_STATUS_LEN + 1];
+    CHAR szDescription[257];
+    CHAR szSystemStatus[129];
 };
-using LPWSADATA = WSADATA*;
 static_assert(sizeof(WSADATA) == 408);
 
 /// An IPv4 address in network byte order, as a number or as its bytes.
@@ -86,7 +67,6 @@ struct sockaddr_in {
     in_addr sin_addr;
     CHAR sin_zero[8];
 };
-using SOCKADDR_IN = sockaddr_in;
 static_assert(sizeof(sockaddr) == 16 && sizeof(sockaddr_in) == 16);
 static_assert(offsetof(sockaddr_in, sin_addr) == 4);
 
@@ -104,28 +84,28 @@ static_assert(sizeof(hostent) == 32 && offsetof(hostent, h_length) == 18);
 /// Starts the library; every success is to be paired with a `WSACleanup`. \param version  the
 /// highest version wanted, low byte major; 1.1 (0x0101) is what is there, less fails with
 /// WSAVERNOTSUPPORTED. \return 0 or the error.
-int WSAStartup(WORD version, WSADATA* details);
+int WINAPI WSAStartup(WORD version, WSADATA* details);
 /// Ends one start; the last one closes all sockets.
-int WSACleanup();
-int WSAGetLastError();
+int WINAPI WSACleanup();
+int WINAPI WSAGetLastError();
 
 /// \param family  AF_INET. \param type  SOCK_STREAM. \param protocol  0 or IPPROTO_TCP.
-SOCKET socket(int family, int type, int protocol);
+SOCKET WINAPI socket(int family, int type, int protocol);
 /// Connects, waiting for the outcome.
-int connect(SOCKET socket, const sockaddr* address, int addressSize);
+int WINAPI connect(SOCKET socket, const sockaddr* address, int addressSize);
 /// \param command  FIONBIO: a value of 0 makes the socket's calls wait, any other makes them not.
-int ioctlsocket(SOCKET socket, LONG command, ULONG* value);
+int WINAPI ioctlsocket(SOCKET socket, LONG command, ULONG* value);
 /// \return the number of bytes taken, which may be fewer than given.
-int send(SOCKET socket, const CHAR* bytes, int length, int flags);
+int WINAPI send(SOCKET socket, const CHAR* bytes, int length, int flags);
 /// \return the number of bytes received; 0 when the other side has closed.
-int recv(SOCKET socket, CHAR* buffer, int length, int flags);
-int closesocket(SOCKET socket);
+int WINAPI recv(SOCKET socket, CHAR* buffer, int length, int flags);
+int WINAPI closesocket(SOCKET socket);
 
-USHORT htons(USHORT value);
+USHORT WINAPI htons(USHORT value);
 /// An IPv4 address written with dots, in network byte order; INADDR_NONE when it is none. Short
 /// forms ("127.1") and octal or hexadecimal numbers count; a blank ends the text.
-ULONG inet_addr(const CHAR* text);
+ULONG WINAPI inet_addr(const CHAR* text);
 /// Looks a name up in the machine's hosts file; "localhost" is always known. Names that map to
 /// addresses outside 127.0.0.0/8, and all others, fail with WSAHOST_NOT_FOUND. The answer belongs
 /// to the calling thread and lasts until its next look-up.
-hostent* gethostbyname(const CHAR* name);
+hostent* WINAPI gethostbyname(const CHAR* name);

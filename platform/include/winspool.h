@@ -24,7 +24,6 @@
 
 #define FORM_USER 0x00000000
 #define FORM_BUILTIN 0x00000001
-#define FORM_PRINTER 0x00000002
 
 /// What `DeviceCapabilitiesW` answers.
 #define DC_PAPERS 2       ///< one WORD a paper: its number
@@ -64,7 +63,6 @@ struct PRINTER_DEFAULTSW {
     DEVMODEW* pDevMode;   ///< null: the printer's own
     DWORD DesiredAccess;  ///< PRINTER_ACCESS_*; 0 asks for PRINTER_ACCESS_USE
 };
-using LPPRINTER_DEFAULTSW = PRINTER_DEFAULTSW*;
 static_assert(sizeof(PRINTER_DEFAULTSW) == 24 && offsetof(PRINTER_DEFAULTSW, DesiredAccess) == 16);
 
 /// A printer. When read, texts that a printer has not are empty.
@@ -91,7 +89,6 @@ struct PRINTER_INFO_2W {
     DWORD cJobs;
     DWORD AveragePPM;
 };
-using PPRINTER_INFO_2W = PRINTER_INFO_2W*;
 static_assert(sizeof(PRINTER_INFO_2W) == 136 && offsetof(PRINTER_INFO_2W, pPortName) == 24);
 static_assert(offsetof(PRINTER_INFO_2W, pDevMode) == 56 &&
               offsetof(PRINTER_INFO_2W, pPrintProcessor) == 72);
@@ -106,7 +103,6 @@ struct DRIVER_INFO_2W {
     LPWSTR pDataFile;
     LPWSTR pConfigFile;
 };
-using PDRIVER_INFO_2W = DRIVER_INFO_2W*;
 static_assert(sizeof(DRIVER_INFO_2W) == 48 && offsetof(DRIVER_INFO_2W, pDriverPath) == 24);
 
 /// A form; sizes in thousandths of a millimetre.
@@ -116,7 +112,6 @@ struct FORM_INFO_1W {
     SIZEL Size;
     RECTL ImageableArea;
 };
-using PFORM_INFO_1W = FORM_INFO_1W*;
 static_assert(sizeof(FORM_INFO_1W) == 40 && offsetof(FORM_INFO_1W, Size) == 16);
 static_assert(offsetof(FORM_INFO_1W, ImageableArea) == 24);
 
@@ -124,7 +119,6 @@ static_assert(offsetof(FORM_INFO_1W, ImageableArea) == 24);
 struct PRINTPROCESSOR_INFO_1W {
     LPWSTR pName;
 };
-using PPRINTPROCESSOR_INFO_1W = PRINTPROCESSOR_INFO_1W*;
 static_assert(sizeof(PRINTPROCESSOR_INFO_1W) == 8);
 
 /// Opens a printer by its name, in any case; a server part (`\\machine\Name`) and ports behind a

@@ -55,14 +55,11 @@ using DLGPROC = INT_PTR(CALLBACK*)(HWND dialog, UINT message, WPARAM first, LPAR
 #define CB_ADDSTRING 0x0143     ///< the new item's index, CB_ERRSPACE without memory
 #define CB_DELETESTRING 0x0144  ///< the number of items left
 #define CB_GETCOUNT 0x0146
-#define CB_GETCURSEL 0x0147     ///< CB_ERR: nothing is selected
-#define CB_GETLBTEXT 0x0148     ///< second: a buffer of CB_GETLBTEXTLEN + 1 WCHARs
-#define CB_GETLBTEXTLEN 0x0149  ///< in WCHARs, without the terminator
-#define CB_SETCURSEL 0x014E     ///< an index that is none clears the selection
+#define CB_GETCURSEL 0x0147  ///< CB_ERR: nothing is selected
+#define CB_SETCURSEL 0x014E  ///< an index that is none clears the selection
 #define CB_GETITEMDATA 0x0150
 #define CB_SETITEMDATA 0x0151
 #define CB_FINDSTRINGEXACT 0x0158  ///< first: the index to begin after, -1 for all; wraps
-#define CB_GETDROPPEDWIDTH 0x015F
 #define CB_SETDROPPEDWIDTH 0x0160  ///< pixels; never narrower than the list itself
 #define CB_ERR (-1)
 #define CB_ERRSPACE (-2)
@@ -96,7 +93,6 @@ struct HELPINFO {
     DWORD_PTR dwContextId;
     POINT MousePos;  ///< on the screen
 };
-using LPHELPINFO = HELPINFO*;
 static_assert(sizeof(HELPINFO) == 40 && offsetof(HELPINFO, hItemHandle) == 16);
 
 /// Shows a message and waits for the answer; the focused control hears of the focus it loses
@@ -139,7 +135,6 @@ HWND WINAPI GetFocus();
 /// \param capacity  WCHARs, with the terminator. \return the number of WCHARs copied.
 int WINAPI GetWindowTextW(HWND window, LPWSTR text, int capacity);
 int WINAPI GetWindowTextLengthW(HWND window);
-BOOL WINAPI SetWindowTextW(HWND window, LPCWSTR text);
 
 HWND WINAPI GetParent(HWND window);
 HWND WINAPI GetDesktopWindow();

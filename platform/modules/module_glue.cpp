@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "platform/modules/module_registration.h"
+#include "platform/modules/modules.h"
 
 // The resources lie in the module as the resource compiler wrote them.
 asm(R"(

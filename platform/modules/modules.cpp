@@ -13,6 +13,7 @@
 #include <map>
 #include <mutex>
 
+#include "platform/base/fail.h"
 #include "platform/base/machine.h"
 #include "platform/base/paths.h"
 #include "platform/faults/failure_points.h"
@@ -70,32 +71,13 @@ std::map<const ModuleImage*, Mapped>::iterator Find(HINSTANCE handle) {
     return isOpen ? found : modules.end();
 }
 
-template <typename Result>
-Result Fail(DWORD error) {
-    SetLastError(error);
-    return Result{};
-}
-
-bool IsFile(const fs::path& file) {
-    std::error_code error;
-    return fs::is_regular_file(file, error);
-}
-
-fs::path FindBareName(std::u16string_view name) {
-    const fs::path windows = MachineFolder() / "Windows";
-    for (const fs::path& folder : {DriverFolder(), windows / "System32", windows}) {
-        fs::path file = ResolveIgnoringCase(folder, name);
-        if (IsFile(file)) return file;
-    }
-    return {};
-}
-
 fs::path FindLibrary(std::u16string name) {
     const std::size_t lastPart = name.find_last_of(u"\\/:") + 1;
     if (name.find(u'.', lastPart) == std::u16string::npos) name += u".dll";
     if (MachineFolder().empty()) return {};
-    fs::path file = lastPart == 0 ? FindBareName(name) : HostPath(name);
-    return IsFile(file) ? file : fs::path{};
+    if (lastPart != 0) return ExistingFile(name);
+    const fs::path windows = MachineFolder() / "Windows";
+    return FindFile({DriverFolder(), windows / "System32", windows}, name);
 }
 
 // Counts one more use of a shared object that has just been opened.
@@ -157,21 +139,20 @@ const ModuleImage* FindModule(HINSTANCE module) {
 
 }  // namespace platform
 
+using platform::Fail;
+
 HMODULE WINAPI LoadLibraryW(LPCWSTR fileName) {
-    using platform::Fail;
-    DWORD error;
-    if (platform::MustFail("LoadLibraryW", &error)) return Fail<HMODULE>(error);
+    if (const auto error = platform::InjectedFailure("LoadLibraryW")) return Fail<HMODULE>(*error);
     if (fileName == nullptr || *fileName == 0) return Fail<HMODULE>(ERROR_INVALID_PARAMETER);
     const std::filesystem::path file = platform::FindLibrary(fileName);
     if (file.empty()) return Fail<HMODULE>(ERROR_MOD_NOT_FOUND);
     void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) return Fail<HMODULE>(ERROR_BAD_EXE_FORMAT);
+    DWORD error = ERROR_SUCCESS;
     const HMODULE module = platform::AddUse(library, &error);
-    if (module == nullptr) {
-        dlclose(library);
-        SetLastError(error);
-    }
-    return module;
+    if (module != nullptr) return module;
+    dlclose(library);
+    return Fail<HMODULE>(error);
 }
 
 BOOL WINAPI FreeLibrary(HMODULE module) {
@@ -180,7 +161,7 @@ BOOL WINAPI FreeLibrary(HMODULE module) {
         const std::lock_guard lock(platform::mutex);
         const auto found = platform::Find(module);
         if (found == platform::Modules().end() || found->second.uses == 0) {
-            return platform::Fail<BOOL>(ERROR_INVALID_HANDLE);
+            return Fail(ERROR_INVALID_HANDLE);
         }
         library = found->second.library;
         --found->second.uses;
@@ -194,9 +175,9 @@ BOOL WINAPI FreeLibrary(HMODULE module) {
 }
 
 FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
-    using platform::Fail;
-    DWORD error;
-    if (platform::MustFail("GetProcAddress", &error)) return Fail<FARPROC>(error);
+    if (const auto error = platform::InjectedFailure("GetProcAddress")) {
+        return Fail<FARPROC>(*error);
+    }
     if (name == nullptr) return Fail<FARPROC>(ERROR_INVALID_PARAMETER);
     platform::Mapped mapped;
     {
@@ -214,9 +195,9 @@ FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
 }
 
 DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR fileName, DWORD size) {
-    using platform::Fail;
-    DWORD error;
-    if (platform::MustFail("GetModuleFileNameW", &error)) return Fail<DWORD>(error);
+    if (const auto error = platform::InjectedFailure("GetModuleFileNameW")) {
+        return Fail<DWORD>(*error);
+    }
     std::filesystem::path file;
     {
         const std::lock_guard lock(platform::mutex);
@@ -231,13 +212,12 @@ DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR fileName, DWORD size) {
     std::copy_n(path.begin(), copied, fileName);
     fileName[copied] = 0;
     if (copied == path.size()) return static_cast<DWORD>(copied);
-    SetLastError(ERROR_INSUFFICIENT_BUFFER);
-    return size;
+    return Fail(ERROR_INSUFFICIENT_BUFFER, size);
 }
 
 HMODULE WINAPI GetModuleHandleW(LPCWSTR moduleName) {
     const platform::ModuleImage* program =
         moduleName == nullptr ? platform::FindModule(nullptr) : nullptr;
-    if (program == nullptr) return platform::Fail<HMODULE>(ERROR_MOD_NOT_FOUND);
+    if (program == nullptr) return Fail<HMODULE>(ERROR_MOD_NOT_FOUND);
     return platform::HandleOf(program);
 }

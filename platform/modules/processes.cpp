@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -19,11 +18,14 @@
 #include <thread>
 #include <vector>
 
+#include "platform/base/fail.h"
 #include "platform/base/handles.h"
 #include "platform/base/machine.h"
 #include "platform/base/paths.h"
 #include "platform/faults/failure_points.h"
 #include "platform/text/text_encoding.h"
+
+using platform::Fail;
 
 namespace {
 
@@ -43,18 +45,8 @@ platform::HandleTable<Process>& Threads() {
     return threads;
 }
 
-BOOL Fail(DWORD error) {
-    SetLastError(error);
-    return FALSE;
-}
-
 bool IsBlank(char16_t character) {
     return character == u' ' || character == u'\t';
-}
-
-bool IsFile(const fs::path& file) {
-    std::error_code error;
-    return fs::is_regular_file(file, error);
 }
 
 // The file that one spelling names: a path on the machine's own drive as it stands, a name without
@@ -62,15 +54,10 @@ bool IsFile(const fs::path& file) {
 fs::path FindSpelling(std::u16string_view name) {
     if (name.find(u':') != std::u16string_view::npos) {
         const bool isInside = name.starts_with(u"C:") || name.starts_with(u"c:");
-        fs::path file = isInside ? platform::HostPath(name) : fs::path{};
-        return IsFile(file) ? file : fs::path{};
+        return isInside ? platform::ExistingFile(name) : fs::path{};
     }
     const fs::path windows = platform::MachineFolder() / "Windows";
-    for (const fs::path& folder : {windows / "System32", windows, platform::DriverFolder()}) {
-        fs::path file = platform::ResolveIgnoringCase(folder, name);
-        if (IsFile(file)) return file;
-    }
-    return {};
+    return platform::FindFile({windows / "System32", windows, platform::DriverFolder()}, name);
 }
 
 fs::path FindProgram(std::u16string_view name) {
@@ -140,12 +127,8 @@ std::vector<std::string> SplitArguments(const Command& command) {
 bool IsExecutable(const fs::path& file) {
     std::array<char, 4> begin{};
     std::ifstream(file, std::ios::binary).read(begin.data(), begin.size());
-    const bool isProgram = std::memcmp(begin.data(),
-                                       "\x7f"
-                                       "ELF",
-                                       4) == 0;
-    const bool isScript = begin[0] == '#' && begin[1] == '!';
-    return (isProgram || isScript) && access(file.c_str(), X_OK) == 0;
+    const std::string_view mark(begin.data(), begin.size());
+    return (mark == "\177ELF" || mark.starts_with("#!")) && access(file.c_str(), X_OK) == 0;
 }
 
 DWORD ErrorFromErrno(int error) {
@@ -180,15 +163,12 @@ void TakeBack(int log, ssize_t written) {
 // What the program starts with: nothing to read, the log to write to, no other file of ours.
 class FileActions {
 public:
-    FileActions(int log, const fs::path& folder) {
+    explicit FileActions(int log) {
         posix_spawn_file_actions_init(&actions_);
         posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         posix_spawn_file_actions_adddup2(&actions_, log, STDOUT_FILENO);
         posix_spawn_file_actions_adddup2(&actions_, log, STDERR_FILENO);
         posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1);
-        if (!folder.empty()) {
-            posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
-        }
     }
     ~FileActions() { posix_spawn_file_actions_destroy(&actions_); }
     FileActions(const FileActions&) = delete;
@@ -213,19 +193,18 @@ void ReapWhenEnded(pid_t id) {
 }
 
 // 0, or the error number.
-int Spawn(const Command& command, int log, const fs::path& folder, pid_t* id) {
+int Spawn(const Command& command, int log, pid_t* id) {
     std::vector<std::string> arguments = SplitArguments(command);
     std::vector<char*> pointers;
     pointers.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
-    const FileActions actions(log, folder);
+    const FileActions actions(log);
     return posix_spawn(id, command.program.c_str(), actions.Get(), nullptr, pointers.data(),
                        environ);
 }
 
-DWORD Start(const Command& command, std::u16string_view commandLine, const fs::path& folder,
-            pid_t* id) {
+DWORD Start(const Command& command, std::u16string_view commandLine, pid_t* id) {
     const int log = OpenLog();
     if (log < 0) return ERROR_WRITE_FAULT;
     // The line stands before what the program writes, but only when the program was started.
@@ -233,7 +212,7 @@ DWORD Start(const Command& command, std::u16string_view commandLine, const fs::p
     const ssize_t written = write(log, line.data(), line.size());
     DWORD error = ERROR_WRITE_FAULT;
     if (written == static_cast<ssize_t>(line.size())) {
-        const int failure = Spawn(command, log, folder, id);
+        const int failure = Spawn(command, log, id);
         error = failure == 0 ? ERROR_SUCCESS : ErrorFromErrno(failure);
     }
     if (error != ERROR_SUCCESS) TakeBack(log, written);
@@ -247,25 +226,17 @@ BOOL WINAPI CreateProcessW(LPCWSTR applicationName, LPWSTR commandLine, LPSECURI
                            LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID environment,
                            LPCWSTR currentDirectory, LPSTARTUPINFOW startup,
                            LPPROCESS_INFORMATION process) {
-    DWORD error;
-    if (platform::MustFail("CreateProcessW", &error)) return Fail(error);
-    if (applicationName != nullptr || environment != nullptr || commandLine == nullptr ||
-        startup == nullptr || process == nullptr) {
+    if (const auto error = platform::InjectedFailure("CreateProcessW")) return Fail(*error);
+    if (applicationName != nullptr || environment != nullptr || currentDirectory != nullptr ||
+        commandLine == nullptr || startup == nullptr || process == nullptr) {
         return Fail(ERROR_INVALID_PARAMETER);
     }
     if (platform::MachineFolder().empty()) return Fail(ERROR_PATH_NOT_FOUND);
     const Command command = ParseCommand(commandLine);
     if (command.program.empty()) return Fail(ERROR_FILE_NOT_FOUND);
     if (!IsExecutable(command.program)) return Fail(ERROR_BAD_EXE_FORMAT);
-    fs::path folder;
-    if (currentDirectory != nullptr) {
-        folder = platform::HostPath(currentDirectory);
-        std::error_code failure;
-        if (!fs::is_directory(folder, failure)) return Fail(ERROR_PATH_NOT_FOUND);
-    }
     pid_t id = 0;
-    error = Start(command, commandLine, folder, &id);
-    if (error != ERROR_SUCCESS) return Fail(error);
+    if (const DWORD error = Start(command, commandLine, &id)) return Fail(error);
     ReapWhenEnded(id);
     const auto started = std::make_shared<Process>(Process{id});
     *process = {Processes().Insert(started), Threads().Insert(started), static_cast<DWORD>(id),

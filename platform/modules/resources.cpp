@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/modules/modules.h"
 
@@ -118,20 +119,16 @@ std::span<const unsigned char> FindResource(HINSTANCE module, WORD type, WORD id
 
 }  // namespace platform
 
+using platform::Fail;
+
 int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR text, int size) {
-    DWORD error = ERROR_INVALID_PARAMETER;
-    if (platform::MustFail("LoadStringW", &error) || text == nullptr || size <= 0) {
-        SetLastError(error);
-        return 0;
-    }
+    if (const auto error = platform::InjectedFailure("LoadStringW")) return Fail<int>(*error);
+    if (text == nullptr || size <= 0) return Fail<int>(ERROR_INVALID_PARAMETER);
     const auto number = static_cast<WORD>(id);
     const platform::Bytes block = platform::FindResource(module, platform::kStringTableResource,
                                                          static_cast<WORD>(number / 16 + 1));
     const auto found = platform::FindString(block, number % 16);
-    if (!found) {
-        SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
-        return 0;
-    }
+    if (!found) return Fail<int>(ERROR_RESOURCE_NAME_NOT_FOUND);
     const std::size_t length = std::min(found->size() / 2, static_cast<std::size_t>(size) - 1);
     for (std::size_t i = 0; i < length; ++i) {
         text[i] = static_cast<WCHAR>((*found)[2 * i] | ((*found)[2 * i + 1] << 8));

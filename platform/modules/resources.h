@@ -12,10 +12,10 @@ inline constexpr WORD kStringTableResource = 6;
 
 /// The first resource of a type and ID in the contents of a .res file, of any language; empty when
 /// there is none. Contents that are cut short or damaged end the search, never more.
-std::span<const unsigned char> FindResource(std::span<const unsigned char> file, WORD type,
-                                            WORD id);
+[[nodiscard]] std::span<const unsigned char> FindResource(std::span<const unsigned char> file,
+                                                          WORD type, WORD id);
 
 /// The same in a module (null: the program); the bytes are the module's and go with it.
-std::span<const unsigned char> FindResource(HINSTANCE module, WORD type, WORD id);
+[[nodiscard]] std::span<const unsigned char> FindResource(HINSTANCE module, WORD type, WORD id);
 
 }  // namespace platform

@@ -26,26 +26,24 @@ struct ErrorPair {
     DWORD platform;
 };
 
-constexpr std::array<ErrorPair, 27> kErrors = {
-    {{EAGAIN, kWouldBlock},  {EINPROGRESS, kWouldBlock},
-     {EALREADY, 10037},      {EACCES, 10013},
-     {EPERM, 10013},         {EFAULT, 10014},
-     {EBADF, 10038},         {ENOTSOCK, 10038},
-     {EMFILE, 10024},        {ENFILE, 10024},
-     {EPROTOTYPE, 10041},    {EPROTONOSUPPORT, 10043},
-     {EOPNOTSUPP, 10045},    {EAFNOSUPPORT, 10047},
-     {EADDRINUSE, 10048},    {EADDRNOTAVAIL, 10049},
-     {ENETDOWN, 10050},      {ENETUNREACH, kNetworkUnreachable},
-     {ECONNABORTED, 10053},  {ECONNRESET, 10054},
-     {EPIPE, 10054},         {ENOBUFS, 10055},
-     {EISCONN, 10056},       {ENOTCONN, 10057},
-     {ETIMEDOUT, kTimedOut}, {ECONNREFUSED, 10061},
-     {EHOSTUNREACH, 10065}}};
+constexpr auto kErrors =
+    std::to_array<ErrorPair>({{EAGAIN, kWouldBlock},  {EINPROGRESS, kWouldBlock},
+                              {EALREADY, 10037},      {EACCES, 10013},
+                              {EPERM, 10013},         {EFAULT, 10014},
+                              {EBADF, 10038},         {ENOTSOCK, 10038},
+                              {EMFILE, 10024},        {ENFILE, 10024},
+                              {EPROTOTYPE, 10041},    {EPROTONOSUPPORT, 10043},
+                              {EOPNOTSUPP, 10045},    {EAFNOSUPPORT, 10047},
+                              {EADDRINUSE, 10048},    {EADDRNOTAVAIL, 10049},
+                              {ENETDOWN, 10050},      {ENETUNREACH, kNetworkUnreachable},
+                              {ECONNABORTED, 10053},  {ECONNRESET, 10054},
+                              {EPIPE, 10054},         {ENOBUFS, 10055},
+                              {EISCONN, 10056},       {ENOTCONN, 10057},
+                              {ETIMEDOUT, kTimedOut}, {ECONNREFUSED, 10061},
+                              {EHOSTUNREACH, 10065}});
 
 DWORD PlatformError(int posix) {
-    const auto* found =
-        std::find_if(kErrors.begin(), kErrors.end(),
-                     [posix](const ErrorPair& pair) { return pair.posix == posix; });
+    const auto* found = std::ranges::find(kErrors, posix, &ErrorPair::posix);
     return found == kErrors.end() ? kInvalidArgument : found->platform;
 }
 
@@ -115,19 +113,19 @@ DWORD SetWaiting(int descriptor, bool waits) {
     return ::fcntl(descriptor, F_SETFL, wanted) != 0 ? PlatformError(errno) : 0;
 }
 
-DWORD SendBytes(int descriptor, const char* bytes, std::size_t length, std::size_t* sent) {
+DWORD SendBytes(int descriptor, std::span<const char> bytes, std::size_t* sent) {
     ssize_t count = 0;
     do {
-        count = ::send(descriptor, bytes, length, MSG_NOSIGNAL);
+        count = ::send(descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL);
     } while (count < 0 && errno == EINTR);
     *sent = count < 0 ? 0 : static_cast<std::size_t>(count);
     return count < 0 ? PlatformError(errno) : 0;
 }
 
-DWORD ReceiveBytes(int descriptor, char* buffer, std::size_t length, std::size_t* received) {
+DWORD ReceiveBytes(int descriptor, std::span<char> buffer, std::size_t* received) {
     ssize_t count = 0;
     do {
-        count = ::recv(descriptor, buffer, length, 0);
+        count = ::recv(descriptor, buffer.data(), buffer.size(), 0);
     } while (count < 0 && errno == EINTR);
     *received = count < 0 ? 0 : static_cast<std::size_t>(count);
     return count < 0 ? PlatformError(errno) : 0;

@@ -10,11 +10,15 @@
 #include <utility>
 #include <vector>
 
+#include "platform/base/fail.h"
 #include "platform/base/handles.h"
 #include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
 #include "platform/net/host_names.h"
 #include "platform/net/posix_sockets.h"
+
+using platform::Fail;
+using platform::InjectedFailure;
 
 namespace {
 
@@ -34,24 +38,13 @@ std::mutex mutex;
 int starts = 0;
 std::map<SOCKET, OpenSocket> sockets;
 
-int Fail(DWORD error) {
-    SetLastError(error);
-    return SOCKET_ERROR;
-}
-
 // Copies the socket behind a number, because no lock is held while a call waits; on failure the
 // socket error is set.
 bool FindSocket(SOCKET socket, OpenSocket* found) {
     const std::lock_guard lock(mutex);
-    if (starts == 0) {
-        SetLastError(WSANOTINITIALISED);
-        return false;
-    }
+    if (starts == 0) return Fail(WSANOTINITIALISED, false);
     const auto entry = sockets.find(socket);
-    if (entry == sockets.end()) {
-        SetLastError(WSAENOTSOCK);
-        return false;
-    }
+    if (entry == sockets.end()) return Fail(WSAENOTSOCK, false);
     *found = entry->second;
     return true;
 }
@@ -101,8 +94,9 @@ hostent* FillHostAnswer(const CHAR* name, std::vector<ULONG> addresses) {
     answer.name = name;
     answer.addresses = std::move(addresses);
     answer.addressList.clear();
-    for (ULONG& address : answer.addresses)
+    for (ULONG& address : answer.addresses) {
         answer.addressList.push_back(reinterpret_cast<CHAR*>(&address));
+    }
     answer.addressList.push_back(nullptr);
     answer.entry = {answer.name.data(), &answer.noAlias, AF_INET, sizeof(ULONG),
                     answer.addressList.data()};
@@ -111,10 +105,9 @@ hostent* FillHostAnswer(const CHAR* name, std::vector<ULONG> addresses) {
 
 }  // namespace
 
-int WSAStartup(WORD version, WSADATA* details) {
-    DWORD error = 0;
-    if (platform::MustFail("WSAStartup", &error)) return static_cast<int>(error);
-    if (!details) return WSAEFAULT;
+int WINAPI WSAStartup(WORD version, WSADATA* details) {
+    if (const auto error = InjectedFailure("WSAStartup")) return static_cast<int>(*error);
+    if (details == nullptr) return WSAEFAULT;
     const int major = version & 0xFF;
     if (major < 1 || (major == 1 && version < kVersion)) return WSAVERNOTSUPPORTED;
     *details = {};
@@ -128,112 +121,106 @@ int WSAStartup(WORD version, WSADATA* details) {
     return 0;
 }
 
-int WSACleanup() {
-    DWORD error = 0;
-    if (platform::MustFail("WSACleanup", &error)) return Fail(error);
+int WINAPI WSACleanup() {
+    if (const auto error = InjectedFailure("WSACleanup")) return Fail(*error, SOCKET_ERROR);
     const std::lock_guard lock(mutex);
-    if (starts == 0) return Fail(WSANOTINITIALISED);
+    if (starts == 0) return Fail(WSANOTINITIALISED, SOCKET_ERROR);
     if (--starts == 0) CloseAllSockets();
     platform::CountObject("socket library", -1);
     return 0;
 }
 
-int WSAGetLastError() {
+int WINAPI WSAGetLastError() {
     return static_cast<int>(GetLastError());
 }
 
-SOCKET socket(int family, int type, int protocol) {
-    DWORD error = 0;
+SOCKET WINAPI socket(int family, int type, int protocol) {
+    if (const auto error = InjectedFailure("socket")) return Fail(*error, INVALID_SOCKET);
     SOCKET number = INVALID_SOCKET;
-    if (!platform::MustFail("socket", &error)) error = CheckKind(family, type, protocol);
+    DWORD error = CheckKind(family, type, protocol);
     if (error == 0) error = AddSocket(&number);
-    if (error != 0) SetLastError(error);
-    return number;
+    return error == 0 ? number : Fail(error, INVALID_SOCKET);
 }
 
-int connect(SOCKET socket, const sockaddr* address, int addressSize) {
-    DWORD error = 0;
-    if (platform::MustFail("connect", &error)) return Fail(error);
+int WINAPI connect(SOCKET socket, const sockaddr* address, int addressSize) {
+    if (const auto error = InjectedFailure("connect")) return Fail(*error, SOCKET_ERROR);
     OpenSocket open = {};
     if (!FindSocket(socket, &open)) return SOCKET_ERROR;
     sockaddr_in target = {};
-    if (!address || addressSize < static_cast<int>(sizeof target)) return Fail(WSAEFAULT);
+    if (address == nullptr || addressSize < static_cast<int>(sizeof target)) {
+        return Fail(WSAEFAULT, SOCKET_ERROR);
+    }
     std::memcpy(&target, address, sizeof target);
-    if (target.sin_family != AF_INET) return Fail(WSAEAFNOSUPPORT);
-    error = net::ConnectStream(open.descriptor, target.sin_addr.s_addr, target.sin_port,
-                               open.waits ? kConnectMilliseconds : 0);
-    return error == 0 ? 0 : Fail(error);
+    if (target.sin_family != AF_INET) return Fail(WSAEAFNOSUPPORT, SOCKET_ERROR);
+    const DWORD error = net::ConnectStream(open.descriptor, target.sin_addr.s_addr, target.sin_port,
+                                           open.waits ? kConnectMilliseconds : 0);
+    return error == 0 ? 0 : Fail(error, SOCKET_ERROR);
 }
 
-int ioctlsocket(SOCKET socket, LONG command, ULONG* value) {
-    DWORD error = 0;
-    if (platform::MustFail("ioctlsocket", &error)) return Fail(error);
+int WINAPI ioctlsocket(SOCKET socket, LONG command, ULONG* value) {
+    if (const auto error = InjectedFailure("ioctlsocket")) return Fail(*error, SOCKET_ERROR);
     OpenSocket open = {};
     if (!FindSocket(socket, &open)) return SOCKET_ERROR;
-    if (!value) return Fail(WSAEFAULT);
-    if (command != FIONBIO) return Fail(WSAEINVAL);
-    error = net::SetWaiting(open.descriptor, *value == 0);
-    if (error != 0) return Fail(error);
+    if (value == nullptr) return Fail(WSAEFAULT, SOCKET_ERROR);
+    if (command != FIONBIO) return Fail(WSAEINVAL, SOCKET_ERROR);
+    if (const DWORD error = net::SetWaiting(open.descriptor, *value == 0)) {
+        return Fail(error, SOCKET_ERROR);
+    }
     const std::lock_guard lock(mutex);
     const auto entry = sockets.find(socket);
     if (entry != sockets.end()) entry->second.waits = *value == 0;
     return 0;
 }
 
-int send(SOCKET socket, const CHAR* bytes, int length, int flags) {
-    DWORD error = 0;
-    if (platform::MustFail("send", &error)) return Fail(error);
+int WINAPI send(SOCKET socket, const CHAR* bytes, int length, int flags) {
+    if (const auto error = InjectedFailure("send")) return Fail(*error, SOCKET_ERROR);
     OpenSocket open = {};
     if (!FindSocket(socket, &open)) return SOCKET_ERROR;
-    if (!bytes || length < 0) return Fail(WSAEFAULT);
-    if (flags != 0) return Fail(WSAEOPNOTSUPP);
+    if (bytes == nullptr || length < 0) return Fail(WSAEFAULT, SOCKET_ERROR);
+    if (flags != 0) return Fail(WSAEOPNOTSUPP, SOCKET_ERROR);
     std::size_t sent = 0;
-    error = net::SendBytes(open.descriptor, bytes, static_cast<std::size_t>(length), &sent);
-    return error == 0 ? static_cast<int>(sent) : Fail(error);
+    const DWORD error =
+        net::SendBytes(open.descriptor, {bytes, static_cast<std::size_t>(length)}, &sent);
+    return error == 0 ? static_cast<int>(sent) : Fail(error, SOCKET_ERROR);
 }
 
-int recv(SOCKET socket, CHAR* buffer, int length, int flags) {
-    DWORD error = 0;
-    if (platform::MustFail("recv", &error)) return Fail(error);
+int WINAPI recv(SOCKET socket, CHAR* buffer, int length, int flags) {
+    if (const auto error = InjectedFailure("recv")) return Fail(*error, SOCKET_ERROR);
     OpenSocket open = {};
     if (!FindSocket(socket, &open)) return SOCKET_ERROR;
-    if (!buffer || length < 0) return Fail(WSAEFAULT);
-    if (flags != 0) return Fail(WSAEOPNOTSUPP);
+    if (buffer == nullptr || length < 0) return Fail(WSAEFAULT, SOCKET_ERROR);
+    if (flags != 0) return Fail(WSAEOPNOTSUPP, SOCKET_ERROR);
     std::size_t received = 0;
-    error = net::ReceiveBytes(open.descriptor, buffer, static_cast<std::size_t>(length), &received);
-    return error == 0 ? static_cast<int>(received) : Fail(error);
+    const DWORD error =
+        net::ReceiveBytes(open.descriptor, {buffer, static_cast<std::size_t>(length)}, &received);
+    return error == 0 ? static_cast<int>(received) : Fail(error, SOCKET_ERROR);
 }
 
-int closesocket(SOCKET socket) {
-    DWORD error = 0;
-    if (platform::MustFail("closesocket", &error)) return Fail(error);
+int WINAPI closesocket(SOCKET socket) {
+    if (const auto error = InjectedFailure("closesocket")) return Fail(*error, SOCKET_ERROR);
     OpenSocket open = {};
     if (!FindSocket(socket, &open)) return SOCKET_ERROR;
     const std::lock_guard lock(mutex);
-    if (sockets.erase(socket) == 0) return Fail(WSAENOTSOCK);
+    if (sockets.erase(socket) == 0) return Fail(WSAENOTSOCK, SOCKET_ERROR);
     net::CloseStream(open.descriptor);
     platform::CountObject("socket", -1);
     return 0;
 }
 
-USHORT htons(USHORT value) {
+USHORT WINAPI htons(USHORT value) {
     return __builtin_bswap16(value);
 }
 
-ULONG inet_addr(const CHAR* text) {
-    if (!text) return INADDR_NONE;
+ULONG WINAPI inet_addr(const CHAR* text) {
+    if (text == nullptr) return INADDR_NONE;
     return net::ParseAddress(text).value_or(INADDR_NONE);
 }
 
-hostent* gethostbyname(const CHAR* name) {
-    DWORD error = 0;
-    if (!platform::MustFail("gethostbyname", &error)) {
-        const bool started = LibraryStarted();
-        std::vector<ULONG> addresses;
-        if (started && name) addresses = net::LookUpHost(name);
-        if (!addresses.empty()) return FillHostAnswer(name, std::move(addresses));
-        error = started ? WSAHOST_NOT_FOUND : WSANOTINITIALISED;
-    }
-    SetLastError(error);
-    return nullptr;
+hostent* WINAPI gethostbyname(const CHAR* name) {
+    if (const auto error = InjectedFailure("gethostbyname")) return Fail<hostent*>(*error);
+    if (!LibraryStarted()) return Fail<hostent*>(WSANOTINITIALISED);
+    std::vector<ULONG> addresses;
+    if (name != nullptr) addresses = net::LookUpHost(name);
+    if (addresses.empty()) return Fail<hostent*>(WSAHOST_NOT_FOUND);
+    return FillHostAnswer(name, std::move(addresses));
 }

@@ -4,14 +4,19 @@
 #include <winerror.h>
 
 #include <algorithm>
+#include <bit>
 #include <fstream>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include "platform/base/machine.h"
+#include "platform/base/fail.h"
+#include "platform/base/paths.h"
 #include "platform/faults/failure_points.h"
+#include "platform/text/letter_case.h"
 #include "platform/text/text_encoding.h"
+
+using platform::Fail;
 
 namespace {
 
@@ -27,20 +32,21 @@ TextView Trimmed(TextView text) {
     return text;
 }
 
-std::u16string DecodeUtf16(std::string_view bytes, bool bigEndian) {
+std::u16string DecodeUtf16(std::string_view bytes, std::endian order) {
     std::u16string text(bytes.size() / 2, 0);
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto first = static_cast<unsigned char>(bytes[2 * i]);
         const auto second = static_cast<unsigned char>(bytes[2 * i + 1]);
-        text[i] = static_cast<char16_t>(bigEndian ? (first << 8) | second : (second << 8) | first);
+        text[i] = static_cast<char16_t>(order == std::endian::big ? (first << 8) | second
+                                                                  : (second << 8) | first);
     }
     return text;
 }
 
 // The byte-order mark tells the encoding; without one a file is in the system's code page.
 std::u16string Decode(std::string_view bytes) {
-    if (bytes.starts_with("\xFF\xFE")) return DecodeUtf16(bytes.substr(2), false);
-    if (bytes.starts_with("\xFE\xFF")) return DecodeUtf16(bytes.substr(2), true);
+    if (bytes.starts_with("\xFF\xFE")) return DecodeUtf16(bytes.substr(2), std::endian::little);
+    if (bytes.starts_with("\xFE\xFF")) return DecodeUtf16(bytes.substr(2), std::endian::big);
     if (bytes.starts_with("\xEF\xBB\xBF")) return platform::Utf16(bytes.substr(3));
     return platform::DecodeWindows1252(bytes);
 }
@@ -67,12 +73,12 @@ std::optional<TextView> FindValue(TextView file, TextView section, TextView key)
         const TextView line = TakeLine(file);
         if (const auto name = SectionName(line)) {
             if (inSection) return {};
-            inSection = platform::EqualIgnoringCase(*name, section);
+            inSection = platform::EqualIgnoringUnicodeCase(*name, section);
             continue;
         }
         const std::size_t equals = line.find(u'=');
         if (!inSection || line.starts_with(u';') || equals == TextView::npos) continue;
-        if (platform::EqualIgnoringCase(Trimmed(line.substr(0, equals)), key)) {
+        if (platform::EqualIgnoringUnicodeCase(Trimmed(line.substr(0, equals)), key)) {
             return Trimmed(line.substr(equals + 1));
         }
     }
@@ -85,23 +91,23 @@ TextView WithoutQuotes(TextView value) {
     return isQuoted ? value.substr(1, value.size() - 2) : value;
 }
 
+using MaybeText = std::optional<std::u16string>;
+
 // The value with its quotes removed; nothing, with the last error, when it is missing.
-std::optional<std::u16string> ReadValue(LPCWSTR section, LPCWSTR key, LPCWSTR fileName) {
+MaybeText ReadValue(const char* point, LPCWSTR section, LPCWSTR key, LPCWSTR fileName) {
+    if (const auto error = platform::InjectedFailure(point)) {
+        return Fail<MaybeText>(*error);
+    }
     if (section == nullptr || key == nullptr || fileName == nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return {};
+        return Fail<MaybeText>(ERROR_INVALID_PARAMETER);
     }
-    std::ifstream file(platform::HostPath(fileName), std::ios::binary);
-    if (!file) {
-        SetLastError(ERROR_FILE_NOT_FOUND);
-        return {};
-    }
+    std::ifstream file(platform::NativePath(fileName), std::ios::binary);
+    if (!file) return Fail<MaybeText>(ERROR_FILE_NOT_FOUND);
     const std::string bytes(std::istreambuf_iterator<char>(file), {});
     const std::u16string text = Decode(bytes);
     const auto value = FindValue(text, Trimmed(section), Trimmed(key));
     if (value) return std::u16string(WithoutQuotes(*value));
-    SetLastError(ERROR_FILE_NOT_FOUND);
-    return {};
+    return Fail<MaybeText>(ERROR_FILE_NOT_FOUND);
 }
 
 // Decimal, or hexadecimal after "0x", in 32 bits that wrap; what follows the number is ignored.
@@ -129,13 +135,7 @@ std::uint32_t ParseNumber(TextView text) {
 DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR defaultText,
                                       LPWSTR value, DWORD size, LPCWSTR fileName) {
     if (value == nullptr || size == 0) return 0;
-    DWORD error;
-    std::optional<std::u16string> found;
-    if (platform::MustFail("GetPrivateProfileStringW", &error)) {
-        SetLastError(error);
-    } else {
-        found = ReadValue(section, key, fileName);
-    }
+    const auto found = ReadValue("GetPrivateProfileStringW", section, key, fileName);
     TextView text = defaultText == nullptr ? TextView{} : TextView(defaultText);
     while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
     if (found) text = *found;
@@ -146,11 +146,6 @@ DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR defa
 
 UINT WINAPI GetPrivateProfileIntW(LPCWSTR section, LPCWSTR key, INT defaultNumber,
                                   LPCWSTR fileName) {
-    DWORD error;
-    if (platform::MustFail("GetPrivateProfileIntW", &error)) {
-        SetLastError(error);
-        return static_cast<UINT>(defaultNumber);
-    }
-    const auto found = ReadValue(section, key, fileName);
+    const auto found = ReadValue("GetPrivateProfileIntW", section, key, fileName);
     return !found || found->empty() ? static_cast<UINT>(defaultNumber) : ParseNumber(*found);
 }

@@ -49,8 +49,7 @@ KeyPointer FindOpenKey(HKEY key) {
 
 // What every function begins with: its point, the handle and the right it needs.
 LSTATUS Begin(const char* point, HKEY handle, REGSAM right, KeyPointer* key) {
-    DWORD error;
-    if (platform::MustFail(point, &error)) return static_cast<LSTATUS>(error);
+    if (const auto error = platform::InjectedFailure(point)) return static_cast<LSTATUS>(*error);
     *key = FindOpenKey(handle);
     if (!*key) return ERROR_INVALID_HANDLE;
     return ((*key)->access & right) == right ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
@@ -199,19 +198,12 @@ LSTATUS WINAPI RegSetValueExW(HKEY handle, LPCWSTR name, DWORD reserved, DWORD t
     return static_cast<LSTATUS>(platform::WriteValue(key->id, Name(name), type, {bytes, size}));
 }
 
-LSTATUS WINAPI RegDeleteValueW(HKEY handle, LPCWSTR name) {
-    KeyPointer key;
-    const LSTATUS error = Begin("RegDeleteValueW", handle, KEY_SET_VALUE, &key);
-    if (error != ERROR_SUCCESS) return error;
-    return static_cast<LSTATUS>(platform::DeleteValue(key->id, Name(name)));
-}
-
 LSTATUS WINAPI RegDeleteTreeW(HKEY handle, LPCWSTR path) {
     constexpr REGSAM kNeeded = DELETE | KEY_ENUMERATE_SUB_KEYS | KEY_QUERY_VALUE;
     KeyPointer key;
     const LSTATUS error = Begin("RegDeleteTreeW", handle, kNeeded, &key);
     if (error != ERROR_SUCCESS) return error;
-    if (Name(path).empty()) return static_cast<LSTATUS>(platform::ClearKey(key->id));
+    if (Name(path).empty()) return ERROR_INVALID_PARAMETER;
     platform::KeyId id = 0;
     DWORD failure = platform::FindKey(key->id, path, &id);
     // A path of backslashes alone leads back to the key itself, which stays.

@@ -7,6 +7,7 @@
 
 #include "platform/base/machine.h"
 #include "platform/registry/sqlite_connection.h"
+#include "platform/text/letter_case.h"
 #include "platform/text/text_encoding.h"
 
 namespace platform {
@@ -145,19 +146,6 @@ DWORD DeleteKey(KeyId key) {
     return (*store).ChangedRows() > 0 ? ERROR_SUCCESS : ERROR_KEY_DELETED;
 }
 
-DWORD ClearKey(KeyId key) {
-    const Store store;
-    if (store.Error() != ERROR_SUCCESS) return store.Error();
-    Transaction writing(*store, Sql::kBeginWriting);
-    DWORD error = writing.Error();
-    if (error == ERROR_SUCCESS) error = KeyExists(*store, key);
-    if (error == ERROR_SUCCESS) error = Run(*store, Sql::kDeleteSubkeys).Bind(key).Finish();
-    if (error == ERROR_SUCCESS) error = Run(*store, Sql::kDeleteValues).Bind(key).Finish();
-    if (error == ERROR_SUCCESS) error = writing.Commit();
-    ++generation;
-    return error;
-}
-
 DWORD RefreshSubkeys(KeyId key, bool walkingOn, SubkeyList* list) {
     const Store store;
     if (store.Error() != ERROR_SUCCESS) return store.Error();
@@ -201,15 +189,6 @@ DWORD WriteValue(KeyId key, std::u16string_view name, DWORD type,
     const std::string spelled = ExactUtf8(name);
     Run run(*store, Sql::kWriteValue);
     return run.Bind(key).Bind(capitals).Bind(spelled).Bind(std::int64_t{type}).Bind(bytes).Finish();
-}
-
-DWORD DeleteValue(KeyId key, std::u16string_view name) {
-    const Store store;
-    if (store.Error() != ERROR_SUCCESS) return store.Error();
-    const std::string capitals = Capitals(name);
-    const DWORD error = Run(*store, Sql::kDeleteValue).Bind(key).Bind(capitals).Finish();
-    if (error != ERROR_SUCCESS) return error;
-    return (*store).ChangedRows() > 0 ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
 }
 
 void CloseRegistryStore() {

@@ -37,26 +37,23 @@ struct SubkeyList {
 };
 
 /// A path is names divided by backslashes; empty names are passed over.
-DWORD FindKey(KeyId parent, std::u16string_view path, KeyId* key);
+[[nodiscard]] DWORD FindKey(KeyId parent, std::u16string_view path, KeyId* key);
 
 /// Finds a key or makes it with all its parents.
-DWORD FindOrCreateKey(KeyId parent, std::u16string_view path, KeyId* key, bool* created);
+[[nodiscard]] DWORD FindOrCreateKey(KeyId parent, std::u16string_view path, KeyId* key,
+                                    bool* created);
 
 /// Deletes a key and all below it.
-DWORD DeleteKey(KeyId key);
-
-/// Deletes all sub-keys and values of a key.
-DWORD ClearKey(KeyId key);
+[[nodiscard]] DWORD DeleteKey(KeyId key);
 
 /// Brings a list up to date; does nothing, at no cost to speak of, when it is.
 /// \param walkingOn  true when only changes of this process matter: the caller goes on with a list
 ///        that it has just used.
-DWORD RefreshSubkeys(KeyId key, bool walkingOn, SubkeyList* list);
+[[nodiscard]] DWORD RefreshSubkeys(KeyId key, bool walkingOn, SubkeyList* list);
 
-DWORD ReadValue(KeyId key, std::u16string_view name, RegistryValue* value);
-DWORD WriteValue(KeyId key, std::u16string_view name, DWORD type,
-                 std::span<const unsigned char> bytes);
-DWORD DeleteValue(KeyId key, std::u16string_view name);
+[[nodiscard]] DWORD ReadValue(KeyId key, std::u16string_view name, RegistryValue* value);
+[[nodiscard]] DWORD WriteValue(KeyId key, std::u16string_view name, DWORD type,
+                               std::span<const unsigned char> bytes);
 
 /// Closes the file; the next operation opens that of the machine then in use.
 void CloseRegistryStore();

@@ -31,25 +31,28 @@ constexpr const char kSchema[] = R"sql(
     PRAGMA user_version = 1;
 )sql";
 
-constexpr const char* kStatements[] = {
-    "BEGIN",
-    "BEGIN IMMEDIATE",
-    "COMMIT",
-    "ROLLBACK",
-    "SELECT id FROM keys WHERE parent = ?1 AND capitals = ?2",
-    "SELECT 1 FROM keys WHERE id = ?1",
-    "INSERT INTO keys(parent, capitals, name) VALUES(?1, ?2, ?3)",
-    "DELETE FROM keys WHERE id = ?1",
-    "DELETE FROM keys WHERE parent = ?1",
-    "DELETE FROM \"values\" WHERE key = ?1",
-    "SELECT name FROM keys WHERE parent = ?1 ORDER BY capitals",
-    "SELECT type, bytes FROM \"values\" WHERE key = ?1 AND capitals = ?2",
-    R"sql(INSERT INTO "values"(key, capitals, name, type, bytes) VALUES(?1, ?2, ?3, ?4, ?5)
-        ON CONFLICT(key, capitals) DO UPDATE SET type = excluded.type, bytes = excluded.bytes)sql",
-    "DELETE FROM \"values\" WHERE key = ?1 AND capitals = ?2",
-    "PRAGMA data_version",
+struct Statement {
+    Sql id;
+    const char* text;
 };
-static_assert(std::size(kStatements) == static_cast<std::size_t>(Sql::kCount));
+
+constexpr auto kStatements = std::to_array<Statement>({
+    {Sql::kBegin, "BEGIN"},
+    {Sql::kBeginWriting, "BEGIN IMMEDIATE"},
+    {Sql::kCommit, "COMMIT"},
+    {Sql::kRollback, "ROLLBACK"},
+    {Sql::kFindKey, "SELECT id FROM keys WHERE parent = ?1 AND capitals = ?2"},
+    {Sql::kKeyExists, "SELECT 1 FROM keys WHERE id = ?1"},
+    {Sql::kInsertKey, "INSERT INTO keys(parent, capitals, name) VALUES(?1, ?2, ?3)"},
+    {Sql::kDeleteKey, "DELETE FROM keys WHERE id = ?1"},
+    {Sql::kListKeys, "SELECT name FROM keys WHERE parent = ?1 ORDER BY capitals"},
+    {Sql::kReadValue, "SELECT type, bytes FROM \"values\" WHERE key = ?1 AND capitals = ?2"},
+    {Sql::kWriteValue,
+     R"sql(INSERT INTO "values"(key, capitals, name, type, bytes) VALUES(?1, ?2, ?3, ?4, ?5)
+        ON CONFLICT(key, capitals) DO UPDATE SET type = excluded.type, bytes = excluded.bytes)sql"},
+    {Sql::kForeignVersion, "PRAGMA data_version"},
+});
+static_assert(kStatements.size() == static_cast<std::size_t>(Sql::kCount));
 
 }  // namespace
 
@@ -135,9 +138,10 @@ int Connection::SetUp() {
 }
 
 int Connection::PrepareAll() {
-    for (std::size_t i = 0; i < statements_.size(); ++i) {
-        const int result = sqlite3_prepare_v3(database_, kStatements[i], -1,
-                                              SQLITE_PREPARE_PERSISTENT, &statements_[i], nullptr);
+    for (const Statement& statement : kStatements) {
+        const int result =
+            sqlite3_prepare_v3(database_, statement.text, -1, SQLITE_PREPARE_PERSISTENT,
+                               &statements_[static_cast<std::size_t>(statement.id)], nullptr);
         if (result != SQLITE_OK) return result;
     }
     return SQLITE_OK;

@@ -15,7 +15,7 @@
 namespace platform {
 
 /// The platform's error for a result of SQLite; ERROR_SUCCESS for success, a row and the end.
-DWORD ErrorFromSqlite(int result);
+[[nodiscard]] DWORD ErrorFromSqlite(int result);
 
 enum class Sql {
     kBegin,
@@ -26,12 +26,9 @@ enum class Sql {
     kKeyExists,
     kInsertKey,
     kDeleteKey,
-    kDeleteSubkeys,
-    kDeleteValues,
     kListKeys,
     kReadValue,
     kWriteValue,
-    kDeleteValue,
     kForeignVersion,
     kCount
 };
@@ -40,14 +37,17 @@ class Connection {
 public:
     /// Opens the file, made when missing, and checks that it is whole before anything is written.
     /// \return null with `*error` set when it cannot be used; the file is then as it was.
-    static std::unique_ptr<Connection> Open(const std::filesystem::path& file, DWORD* error);
+    [[nodiscard]] static std::unique_ptr<Connection> Open(const std::filesystem::path& file,
+                                                          DWORD* error);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    sqlite3_stmt* Prepared(Sql statement);
-    std::int64_t LastInsertedId() const { return sqlite3_last_insert_rowid(database_); }
-    int ChangedRows() const { return sqlite3_changes(database_); }
+    [[nodiscard]] sqlite3_stmt* Prepared(Sql statement);
+    [[nodiscard]] std::int64_t LastInsertedId() const {
+        return sqlite3_last_insert_rowid(database_);
+    }
+    [[nodiscard]] int ChangedRows() const { return sqlite3_changes(database_); }
 
 private:
     explicit Connection(sqlite3* database) : database_(database) {}
@@ -79,11 +79,13 @@ public:
     /// SQLITE_ROW, SQLITE_DONE or an error.
     int Step() { return sqlite3_step(statement_); }
     /// The error of a statement that answers no rows.
-    DWORD Finish() { return ErrorFromSqlite(Step()); }
+    [[nodiscard]] DWORD Finish() { return ErrorFromSqlite(Step()); }
 
-    std::int64_t Number(int column) const { return sqlite3_column_int64(statement_, column); }
-    std::string_view Text(int column) const;
-    std::span<const unsigned char> Bytes(int column) const;
+    [[nodiscard]] std::int64_t Number(int column) const {
+        return sqlite3_column_int64(statement_, column);
+    }
+    [[nodiscard]] std::string_view Text(int column) const;
+    [[nodiscard]] std::span<const unsigned char> Bytes(int column) const;
 
 private:
     sqlite3_stmt* statement_;
@@ -103,8 +105,8 @@ public:
     Transaction& operator=(const Transaction&) = delete;
 
     /// Why it could not begin; ERROR_SUCCESS when it did.
-    DWORD Error() const { return error_; }
-    DWORD Commit() {
+    [[nodiscard]] DWORD Error() const { return error_; }
+    [[nodiscard]] DWORD Commit() {
         const DWORD error = Run(connection_, Sql::kCommit).Finish();
         ended_ = error == 0;
         return error;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/spooler/forms.h"
 #include "platform/spooler/printer_record.h"
@@ -45,30 +46,32 @@ constexpr PaperCapability kPaperCapabilities[] = {
 };
 
 DWORD ListPapers(LPCWSTR printer, WORD capability, BYTE* output, int* count) {
-    const auto* kind = std::find_if(
-        std::begin(kPaperCapabilities), std::end(kPaperCapabilities),
-        [capability](const PaperCapability& known) { return known.capability == capability; });
+    const auto* kind =
+        std::ranges::find(kPaperCapabilities, capability, &PaperCapability::capability);
     if (kind == std::end(kPaperCapabilities)) return ERROR_NOT_SUPPORTED;
-    const std::u16string name = printer ? spooler::ShortPrinterName(printer) : std::u16string();
+    const std::u16string name =
+        printer != nullptr ? spooler::ShortPrinterName(printer) : std::u16string();
     if (name.empty()) return ERROR_INVALID_PRINTER_NAME;
     spooler::PrinterRecord record;
     if (const DWORD error = spooler::LoadPrinter(name, &record)) return error;
     std::vector<Form> forms;
     if (const DWORD error = spooler::ListForms(&forms)) return error;
     *count = static_cast<int>(forms.size());
-    if (!output) return ERROR_SUCCESS;
-    for (std::size_t i = 0; i < forms.size(); ++i)
+    if (output == nullptr) return ERROR_SUCCESS;
+    for (std::size_t i = 0; i < forms.size(); ++i) {
         kind->write(forms[i], output + i * kind->entryBytes);
+    }
     return ERROR_SUCCESS;
 }
 
 }  // namespace
 
-int DeviceCapabilitiesW(LPCWSTR printer, LPCWSTR /*port*/, WORD capability, LPWSTR output,
-                        const DEVMODEW* /*devmode*/) {
-    DWORD error = 0;
+int WINAPI DeviceCapabilitiesW(LPCWSTR printer, LPCWSTR /*port*/, WORD capability, LPWSTR output,
+                               const DEVMODEW* /*devmode*/) {
+    if (const auto error = platform::InjectedFailure("DeviceCapabilitiesW")) {
+        return platform::Fail(*error, -1);
+    }
     int count = -1;
-    if (!platform::MustFail("DeviceCapabilitiesW", &error))
-        error = ListPapers(printer, capability, reinterpret_cast<BYTE*>(output), &count);
-    return spooler::Answer(error) ? count : -1;
+    const DWORD error = ListPapers(printer, capability, reinterpret_cast<BYTE*>(output), &count);
+    return error == ERROR_SUCCESS ? count : platform::Fail(error, -1);
 }

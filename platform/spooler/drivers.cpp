@@ -4,12 +4,15 @@
 
 #include <array>
 #include <string>
+#include <tuple>
 
+#include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/spooler/print_keys.h"
 #include "platform/spooler/printer_handles.h"
 #include "platform/spooler/printer_record.h"
 #include "platform/spooler/record_buffer.h"
+#include "platform/text/letter_case.h"
 
 namespace platform::spooler {
 namespace {
@@ -58,36 +61,41 @@ DWORD StoreDriver(const DRIVER_INFO_2W& info) {
     } files[] = {{u"Driver", info.pDriverPath},
                  {u"Data File", info.pDataFile},
                  {u"Configuration File", info.pConfigFile}};
-    for (const auto& [value, file] : files)
-        if (!file || *file == u'\0') return ERROR_INVALID_PARAMETER;
+    for (const auto& [value, file] : files) {
+        if (file == nullptr || *file == u'\0') return ERROR_INVALID_PARAMETER;
+    }
     PrintKey key;
     const std::u16string path = SubKeyPath(kDriversPath, info.pName);
     bool created = false;
     DWORD error = key.Create(path, &created);
-    for (const auto& [value, file] : files)
+    for (const auto& [value, file] : files) {
         if (error == ERROR_SUCCESS) error = key.SetText(value, BareName(file));
+    }
     if (error == ERROR_SUCCESS) error = key.SetNumber(u"Version", kDriverVersion);
-    if (error != ERROR_SUCCESS && created) RemoveKey(path);
+    if (error != ERROR_SUCCESS && created) std::ignore = RemoveKey(path);
     return error;
 }
 
 DWORD AddDriver(LPCWSTR server, DWORD level, const DRIVER_INFO_2W* info) {
     if (level != 2) return ERROR_INVALID_LEVEL;
-    if (server || !info || !info->pName || !IsKeyName(info->pName)) return ERROR_INVALID_PARAMETER;
+    if (server != nullptr || info == nullptr || info->pName == nullptr || !IsKeyName(info->pName)) {
+        return ERROR_INVALID_PARAMETER;
+    }
     if (!IsOwnEnvironment(info->pEnvironment)) return ERROR_INVALID_ENVIRONMENT;
     return StoreDriver(*info);
 }
 
 DWORD DeleteDriver(LPCWSTR server, LPCWSTR environment, LPCWSTR name) {
-    if (server || !name) return ERROR_INVALID_PARAMETER;
+    if (server != nullptr || name == nullptr) return ERROR_INVALID_PARAMETER;
     if (!IsOwnEnvironment(environment)) return ERROR_INVALID_ENVIRONMENT;
     bool known = false;
     if (const DWORD error = IsDriver(name, &known)) return error;
     if (!known) return ERROR_UNKNOWN_PRINTER_DRIVER;
     std::vector<PrinterRecord> printers;
     if (const DWORD error = ListPrinters(&printers)) return error;
-    for (const PrinterRecord& printer : printers)
-        if (SameName(printer.driver, name)) return ERROR_PRINTER_DRIVER_IN_USE;
+    for (const PrinterRecord& printer : printers) {
+        if (EqualIgnoringUnicodeCase(printer.driver, name)) return ERROR_PRINTER_DRIVER_IN_USE;
+    }
     return RemoveKey(SubKeyPath(kDriversPath, name));
 }
 
@@ -109,8 +117,9 @@ DWORD ReadDriver(HANDLE printer, LPCWSTR environment, DWORD level, const CallerB
     if (!IsOwnEnvironment(environment)) return ERROR_INVALID_ENVIRONMENT;
     PrinterRecord record;
     const DWORD error = LoadPrinter(open.name, &record);
-    if (error != ERROR_SUCCESS)
+    if (error != ERROR_SUCCESS) {
         return error == ERROR_INVALID_PRINTER_NAME ? ERROR_INVALID_HANDLE : error;
+    }
     std::vector<DriverRecord> driver(1);
     if (const DWORD missing = LoadDriver(record.driver, &driver.front())) return missing;
     return FillRecords(driver, buffer, PackDriver);
@@ -119,7 +128,7 @@ DWORD ReadDriver(HANDLE printer, LPCWSTR environment, DWORD level, const CallerB
 }  // namespace
 
 bool IsOwnEnvironment(LPCWSTR environment) {
-    return !environment || SameName(environment, kEnvironment);
+    return environment == nullptr || EqualIgnoringUnicodeCase(environment, kEnvironment);
 }
 
 DWORD IsDriver(std::u16string_view name, bool* known) {
@@ -131,26 +140,25 @@ DWORD IsDriver(std::u16string_view name, bool* known) {
 
 }  // namespace platform::spooler
 
+using platform::Answer;
+using platform::Fail;
+using platform::InjectedFailure;
+
 namespace spooler = platform::spooler;
 
-BOOL GetPrinterDriverW(HANDLE printer, LPWSTR environment, DWORD level, LPBYTE buffer, DWORD size,
-                       LPDWORD needed) {
-    DWORD error = 0;
-    if (!platform::MustFail("GetPrinterDriverW", &error))
-        error = spooler::ReadDriver(printer, environment, level, {buffer, size, needed});
-    return spooler::Answer(error);
+BOOL WINAPI GetPrinterDriverW(HANDLE printer, LPWSTR environment, DWORD level, LPBYTE buffer,
+                              DWORD size, LPDWORD needed) {
+    if (const auto error = InjectedFailure("GetPrinterDriverW")) return Fail(*error);
+    return Answer(spooler::ReadDriver(printer, environment, level, {buffer, size, needed}));
 }
 
-BOOL AddPrinterDriverW(LPWSTR server, DWORD level, LPBYTE record) {
-    DWORD error = 0;
-    if (!platform::MustFail("AddPrinterDriverW", &error))
-        error = spooler::AddDriver(server, level, reinterpret_cast<const DRIVER_INFO_2W*>(record));
-    return spooler::Answer(error);
+BOOL WINAPI AddPrinterDriverW(LPWSTR server, DWORD level, LPBYTE record) {
+    if (const auto error = InjectedFailure("AddPrinterDriverW")) return Fail(*error);
+    return Answer(
+        spooler::AddDriver(server, level, reinterpret_cast<const DRIVER_INFO_2W*>(record)));
 }
 
-BOOL DeletePrinterDriverW(LPWSTR server, LPWSTR environment, LPWSTR driver) {
-    DWORD error = 0;
-    if (!platform::MustFail("DeletePrinterDriverW", &error))
-        error = spooler::DeleteDriver(server, environment, driver);
-    return spooler::Answer(error);
+BOOL WINAPI DeletePrinterDriverW(LPWSTR server, LPWSTR environment, LPWSTR driver) {
+    if (const auto error = InjectedFailure("DeletePrinterDriverW")) return Fail(*error);
+    return Answer(spooler::DeleteDriver(server, environment, driver));
 }

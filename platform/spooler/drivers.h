@@ -8,9 +8,9 @@
 namespace platform::spooler {
 
 /// Whether a name stands for this machine's kind of driver; null does.
-bool IsOwnEnvironment(LPCWSTR environment);
+[[nodiscard]] bool IsOwnEnvironment(LPCWSTR environment);
 
 /// \return a result code.
-DWORD IsDriver(std::u16string_view name, bool* known);
+[[nodiscard]] DWORD IsDriver(std::u16string_view name, bool* known);
 
 }  // namespace platform::spooler

@@ -8,10 +8,12 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/spooler/print_keys.h"
 #include "platform/spooler/printer_handles.h"
 #include "platform/spooler/record_buffer.h"
+#include "platform/text/letter_case.h"
 
 namespace platform::spooler {
 namespace {
@@ -23,7 +25,7 @@ struct BuiltInForm {
     LONG length;  // thousandths of a millimetre
 };
 
-constexpr std::array<BuiltInForm, 31> kBuiltInForms = {{
+constexpr auto kBuiltInForms = std::to_array<BuiltInForm>({
     {DMPAPER_LETTER, u"Letter", 215900, 279400},
     {DMPAPER_LEGAL, u"Legal", 215900, 355600},
     {DMPAPER_STATEMENT, u"Statement", 139700, 215900},
@@ -55,7 +57,7 @@ constexpr std::array<BuiltInForm, 31> kBuiltInForms = {{
     {DMPAPER_LETTER_PLUS, u"Letter Plus", 215900, 322300},
     {DMPAPER_USER + 6, u"Photo 4x6", 101600, 152400},
     {DMPAPER_USER + 7, u"Photo 10x15", 100000, 150000},
-}};
+});
 
 // Numbers of the user's forms: from here up to the largest that a devmode can hold.
 constexpr DWORD kFirstUserNumber = DMPAPER_USER + 256;
@@ -92,21 +94,21 @@ DWORD ListUserForms(std::vector<Form>* forms) {
         if (error == ERROR_FILE_NOT_FOUND) continue;
         if (error != ERROR_SUCCESS) return error;
         StoredForm stored = {};
-        if (name.size() <= kFormNameLimit && ParseStoredForm(key.Bytes(kFormValue), &stored))
+        if (name.size() <= kFormNameLimit && ParseStoredForm(key.Bytes(kFormValue), &stored)) {
             forms->push_back({static_cast<WORD>(stored.number), std::move(name), stored.size,
                               stored.area, false});
+        }
         if (key.Error() != ERROR_SUCCESS) return key.Error();
     }
-    std::stable_sort(forms->begin(), forms->end(), [](const Form& left, const Form& right) {
-        return left.number < right.number;
-    });
+    std::ranges::stable_sort(*forms, {}, &Form::number);
     return ERROR_SUCCESS;
 }
 
 DWORD CheckNewForm(const FORM_INFO_1W& info) {
-    if (!info.pName || !IsKeyName(info.pName) ||
-        std::u16string_view(info.pName).size() > kFormNameLimit)
+    if (info.pName == nullptr || !IsKeyName(info.pName) ||
+        std::u16string_view(info.pName).size() > kFormNameLimit) {
         return ERROR_INVALID_FORM_NAME;
+    }
     return IsFormSize(info.Size) ? ERROR_SUCCESS : ERROR_INVALID_FORM_SIZE;
 }
 
@@ -114,7 +116,7 @@ DWORD AddUserForm(const FORM_INFO_1W& info) {
     if (const DWORD error = CheckNewForm(info)) return error;
     std::vector<Form> forms;
     if (const DWORD error = ListForms(&forms)) return error;
-    if (FindForm(forms, info.pName)) return ERROR_FILE_EXISTS;
+    if (FindForm(forms, info.pName) != nullptr) return ERROR_FILE_EXISTS;
     const DWORD number = forms.back().builtIn ? kFirstUserNumber : forms.back().number + 1u;
     if (number > kLastUserNumber) return ERROR_NOT_SUPPORTED;
     const StoredForm stored = {info.Size, info.ImageableArea, number, info.Flags};
@@ -127,7 +129,7 @@ DWORD AddUserForm(const FORM_INFO_1W& info) {
 
 DWORD Add(HANDLE handle, DWORD level, const FORM_INFO_1W* info) {
     if (level != 1) return ERROR_INVALID_LEVEL;
-    if (!info) return ERROR_INVALID_PARAMETER;
+    if (info == nullptr) return ERROR_INVALID_PARAMETER;
     OpenPrinter opened;
     const DWORD error = FindHandle(handle, PRINTER_ACCESS_ADMINISTER, &opened);
     return error != ERROR_SUCCESS ? error : AddUserForm(*info);
@@ -140,15 +142,13 @@ FORM_INFO_1W PackForm(const Form& form, RecordTail& tail) {
 
 DWORD Enumerate(HANDLE handle, DWORD level, const CallerBuffer& buffer, LPDWORD returned) {
     if (const DWORD error = CheckBuffer(level, 1, buffer)) return error;
-    if (!returned) return ERROR_INVALID_PARAMETER;
+    if (returned == nullptr) return ERROR_INVALID_PARAMETER;
     *returned = 0;
     OpenPrinter opened;
     if (const DWORD error = FindHandle(handle, 0, &opened)) return error;
     std::vector<Form> forms;
     if (const DWORD error = ListForms(&forms)) return error;
-    const DWORD error = FillRecords(forms, buffer, PackForm);
-    if (error == ERROR_SUCCESS) *returned = static_cast<DWORD>(forms.size());
-    return error;
+    return FillRecords(forms, buffer, PackForm, returned);
 }
 
 }  // namespace
@@ -157,43 +157,44 @@ DWORD ListForms(std::vector<Form>* forms) {
     std::vector<Form> userForms;
     if (const DWORD error = ListUserForms(&userForms)) return error;
     forms->clear();
-    for (const BuiltInForm& form : kBuiltInForms)
+    for (const BuiltInForm& form : kBuiltInForms) {
         forms->push_back({form.number,
                           form.name,
                           {form.width, form.length},
                           {0, 0, form.width, form.length},
                           true});
+    }
     std::move(userForms.begin(), userForms.end(), std::back_inserter(*forms));
     return ERROR_SUCCESS;
 }
 
 const Form* FindForm(const std::vector<Form>& forms, std::u16string_view name) {
-    const auto found = std::find_if(forms.begin(), forms.end(),
-                                    [name](const Form& form) { return SameName(form.name, name); });
+    const auto found = std::ranges::find_if(
+        forms, [name](const auto& other) { return EqualIgnoringUnicodeCase(other, name); },
+        &Form::name);
     return found == forms.end() ? nullptr : &*found;
 }
 
 const Form* FindForm(const std::vector<Form>& forms, WORD number) {
-    const auto found = std::find_if(forms.begin(), forms.end(),
-                                    [number](const Form& form) { return form.number == number; });
+    const auto found = std::ranges::find(forms, number, &Form::number);
     return found == forms.end() ? nullptr : &*found;
 }
 
 }  // namespace platform::spooler
 
+using platform::Answer;
+using platform::Fail;
+using platform::InjectedFailure;
+
 namespace spooler = platform::spooler;
 
-BOOL EnumFormsW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed,
-                LPDWORD returned) {
-    DWORD error = 0;
-    if (!platform::MustFail("EnumFormsW", &error))
-        error = spooler::Enumerate(printer, level, {buffer, size, needed}, returned);
-    return spooler::Answer(error);
+BOOL WINAPI EnumFormsW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed,
+                       LPDWORD returned) {
+    if (const auto error = InjectedFailure("EnumFormsW")) return Fail(*error);
+    return Answer(spooler::Enumerate(printer, level, {buffer, size, needed}, returned));
 }
 
-BOOL AddFormW(HANDLE printer, DWORD level, LPBYTE record) {
-    DWORD error = 0;
-    if (!platform::MustFail("AddFormW", &error))
-        error = spooler::Add(printer, level, reinterpret_cast<const FORM_INFO_1W*>(record));
-    return spooler::Answer(error);
+BOOL WINAPI AddFormW(HANDLE printer, DWORD level, LPBYTE record) {
+    if (const auto error = InjectedFailure("AddFormW")) return Fail(*error);
+    return Answer(spooler::Add(printer, level, reinterpret_cast<const FORM_INFO_1W*>(record)));
 }

@@ -18,16 +18,16 @@ struct Form {
 };
 
 /// Thousandths of a millimetre in tenths, to nearest; for sizes above 0.
-inline LONG Tenths(LONG thousandths) {
+[[nodiscard]] inline LONG Tenths(LONG thousandths) {
     return thousandths / 100 + (thousandths % 100 >= 50 ? 1 : 0);
 }
 
 /// The platform's own forms, then the user's in the order in which they were added: the order of
 /// every printer's paper list. Stored forms that make no sense are left out. \return a result code.
-DWORD ListForms(std::vector<Form>* forms);
+[[nodiscard]] DWORD ListForms(std::vector<Form>* forms);
 
 /// The form of a name (in any case) or a number; null when there is none.
-const Form* FindForm(const std::vector<Form>& forms, std::u16string_view name);
-const Form* FindForm(const std::vector<Form>& forms, WORD number);
+[[nodiscard]] const Form* FindForm(const std::vector<Form>& forms, std::u16string_view name);
+[[nodiscard]] const Form* FindForm(const std::vector<Form>& forms, WORD number);
 
 }  // namespace platform::spooler

@@ -49,8 +49,7 @@ public:
     // A fresh connection takes a message whole, or something is wrong with it.
     bool Send(std::string_view message) {
         std::size_t sent = 0;
-        return net::SendBytes(descriptor_, message.data(), message.size(), &sent) == 0 &&
-               sent == message.size();
+        return net::SendBytes(descriptor_, message, &sent) == 0 && sent == message.size();
     }
 
     DWORD Receive(std::vector<BYTE>* answer);
@@ -72,7 +71,7 @@ DWORD PrinterStream::Receive(std::vector<BYTE>* answer) {
     const auto end = SteadyClock::now() + kAnswerTime;
     for (int turn = 0; turn < kTurns && SteadyClock::now() < end;) {
         std::size_t received = 0;
-        const DWORD error = net::ReceiveBytes(descriptor_, block.data(), block.size(), &received);
+        const DWORD error = net::ReceiveBytes(descriptor_, block, &received);
         if (error == WSAEWOULDBLOCK) {
             if (!WaitOneTurn()) ++turn;
             continue;
@@ -80,10 +79,9 @@ DWORD PrinterStream::Receive(std::vector<BYTE>* answer) {
         if (error != 0 || bytes.size() + received > kAnswerLimit) return ERROR_GEN_FAILURE;
         const bool closed = received == 0;
         if (closed && bytes.empty()) return ERROR_GEN_FAILURE;
-        const char* const blockStart = block.data();
-        const char* const blockEnd = blockStart + received;
-        bytes.insert(bytes.end(), blockStart, blockEnd);
-        if (closed || std::find(blockStart, blockEnd, kFormFeed) != blockEnd) {
+        const auto got = std::span(block).first(received);
+        bytes.insert(bytes.end(), got.begin(), got.end());
+        if (closed || std::ranges::find(got, kFormFeed) != got.end()) {
             *answer = std::move(bytes);
             return ERROR_SUCCESS;
         }
@@ -93,8 +91,9 @@ DWORD PrinterStream::Receive(std::vector<BYTE>* answer) {
 
 std::string Narrow(std::u16string_view text) {
     std::string narrow;
-    for (const char16_t unit : text.substr(0, kTextLimit))
+    for (const char16_t unit : text.substr(0, kTextLimit)) {
         narrow += unit < 0x80 ? static_cast<char>(unit) : '?';
+    }
     return narrow;
 }
 

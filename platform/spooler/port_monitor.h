@@ -20,12 +20,12 @@ struct PjlRequest {
 
 /// What a printer-data name asks for; nothing when it is an ordinary name. A request without text
 /// keeps its `text` empty.
-std::optional<PjlRequest> ParsePjlName(std::u16string_view name);
+[[nodiscard]] std::optional<PjlRequest> ParsePjlName(std::u16string_view name);
 
 /// Whether the printer can be asked at all. \param ports  the printer's ports.
 /// \return ERROR_NOT_SUPPORTED when its port has no address, ERROR_GEN_FAILURE when the address is
 /// outside the loopback range.
-DWORD CheckPrinterPort(std::u16string_view ports);
+[[nodiscard]] DWORD CheckPrinterPort(std::u16string_view ports);
 
 /// Carries a request to the printer's address, TCP port 9100, between two Universal Exit sequences.
 /// Blocks the calling thread: 15 seconds at most.
@@ -34,6 +34,7 @@ DWORD CheckPrinterPort(std::u16string_view ports);
 /// \return a result code: as `CheckPrinterPort`; ERROR_INVALID_PARAMETER for a request without
 /// text; ERROR_GEN_FAILURE when the printer cannot be reached or breaks off, or its answer is too
 /// long; ERROR_TIMEOUT when the answer did not come to its end in time.
-DWORD AskPrinter(std::u16string_view ports, const PjlRequest& request, std::vector<BYTE>* answer);
+[[nodiscard]] DWORD AskPrinter(std::u16string_view ports, const PjlRequest& request,
+                               std::vector<BYTE>* answer);
 
 }  // namespace platform::spooler

@@ -1,6 +1,7 @@
 #include "platform/spooler/ports.h"
 
 #include <array>
+#include <initializer_list>
 #include <string>
 
 #include "platform/net/host_names.h"
@@ -12,15 +13,24 @@ namespace {
 
 constexpr ULONG kUnknownAddress = 0xFFFFFFFF;
 
+constexpr LPCWSTR kAddressValue = u"IPAddress";
+constexpr LPCWSTR kHostNameValue = u"HostName";
+constexpr LPCWSTR kServerValue = u"Server Name";
+
 struct PortMonitor {
-    const char16_t* name;
-    std::array<const char16_t*, 2> hostValues;  // in the order in which they count; null: none
+    LPCWSTR name;
+    std::array<LPCWSTR, 2> hostValues;  // in the order in which they count; null: none
 };
 
-constexpr PortMonitor kStandardMonitor = {u"Standard TCP/IP Port", {u"IPAddress", u"HostName"}};
-constexpr PortMonitor kLprMonitor = {u"LPR Port", {u"Server Name", nullptr}};
-constexpr PortMonitor kRegalMonitor = {u"Regal Port+", {u"IPAddress", nullptr}};
-constexpr std::array<PortMonitor, 3> kMonitors = {kStandardMonitor, kLprMonitor, kRegalMonitor};
+constexpr PortMonitor kStandardMonitor = {u"Standard TCP/IP Port", {kAddressValue, kHostNameValue}};
+constexpr PortMonitor kLprMonitor = {u"LPR Port", {kServerValue}};
+constexpr PortMonitor kRegalMonitor = {u"Regal Port+", {kAddressValue}};
+constexpr auto kMonitors = std::to_array({kStandardMonitor, kLprMonitor, kRegalMonitor});
+
+struct HostSetting {
+    LPCWSTR value;
+    std::u16string_view host;
+};
 
 std::u16string PortPath(const PortMonitor& monitor, std::u16string_view port) {
     const std::u16string ports = SubKeyPath(SubKeyPath(kMonitorsPath, monitor.name), u"Ports");
@@ -28,17 +38,17 @@ std::u16string PortPath(const PortMonitor& monitor, std::u16string_view port) {
 }
 
 DWORD AddPort(const PortMonitor& monitor, std::u16string_view name,
-              const std::array<std::u16string_view, 2>& hosts) {
+              std::initializer_list<HostSetting> settings) {
     if (!IsKeyName(name) || name.find(u',') != name.npos) return ERROR_INVALID_PARAMETER;
     PrintKey key;
     DWORD error = key.Create(PortPath(monitor, name));
-    for (std::size_t i = 0; i < hosts.size(); ++i)
-        if (error == ERROR_SUCCESS && monitor.hostValues[i])
-            error = key.SetText(monitor.hostValues[i], std::u16string(hosts[i]));
+    for (const auto& [value, host] : settings) {
+        if (error == ERROR_SUCCESS) error = key.SetText(value, std::u16string(host));
+    }
     return error;
 }
 
-ULONG ResolveHost(const std::u16string& host) {
+ULONG AddressOfHost(const std::u16string& host) {
     const std::string name = Utf8(host);
     if (const auto address = net::ParseAddress(name)) return *address;
     const auto addresses = net::LookUpHost(name);
@@ -49,27 +59,16 @@ ULONG ResolveHost(const std::u16string& host) {
 
 DWORD AddStandardTcpIpPort(std::u16string_view name, std::u16string_view ipAddress,
                            std::u16string_view hostName) {
-    return AddPort(kStandardMonitor, name, {ipAddress, hostName});
+    return AddPort(kStandardMonitor, name,
+                   {{kAddressValue, ipAddress}, {kHostNameValue, hostName}});
 }
 
 DWORD AddLprPort(std::u16string_view name, std::u16string_view serverName) {
-    return AddPort(kLprMonitor, name, {serverName});
+    return AddPort(kLprMonitor, name, {{kServerValue, serverName}});
 }
 
 DWORD AddRegalPort(std::u16string_view name, std::u16string_view ipAddress) {
-    return AddPort(kRegalMonitor, name, {ipAddress});
-}
-
-DWORD RemovePort(std::u16string_view name) {
-    if (!IsKeyName(name)) return ERROR_UNKNOWN_PORT;
-    DWORD result = ERROR_UNKNOWN_PORT;
-    for (const PortMonitor& monitor : kMonitors) {
-        const DWORD error = RemoveKey(PortPath(monitor, name));
-        if (error == ERROR_FILE_NOT_FOUND) continue;
-        if (error != ERROR_SUCCESS) return error;
-        result = ERROR_SUCCESS;
-    }
-    return result;
+    return AddPort(kRegalMonitor, name, {{kAddressValue, ipAddress}});
 }
 
 std::optional<ULONG> FindPortAddress(std::u16string_view portList) {
@@ -78,10 +77,10 @@ std::optional<ULONG> FindPortAddress(std::u16string_view portList) {
     for (const PortMonitor& monitor : kMonitors) {
         PrintKey key;
         if (key.Open(PortPath(monitor, port)) != ERROR_SUCCESS) continue;
-        for (const char16_t* value : monitor.hostValues) {
-            if (!value) continue;
+        for (const LPCWSTR value : monitor.hostValues) {
+            if (value == nullptr) continue;
             const std::u16string host = key.Text(value);
-            if (!host.empty()) return ResolveHost(host);
+            if (!host.empty()) return AddressOfHost(host);
         }
     }
     return std::nullopt;

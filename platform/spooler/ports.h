@@ -13,22 +13,19 @@ namespace platform::spooler {
 /// \param ipAddress  an IPv4 address with dots; empty when the port has a host's name instead.
 /// \param hostName   a host's name; may be empty.
 /// \return a result code; ERROR_INVALID_PARAMETER for a name that cannot be one.
-DWORD AddStandardTcpIpPort(std::u16string_view name, std::u16string_view ipAddress,
-                           std::u16string_view hostName);
+[[nodiscard]] DWORD AddStandardTcpIpPort(std::u16string_view name, std::u16string_view ipAddress,
+                                         std::u16string_view hostName);
 
 /// Adds a port of the "LPR Port" monitor, or replaces it.
 /// \param serverName  the host's name or address.
-DWORD AddLprPort(std::u16string_view name, std::u16string_view serverName);
+[[nodiscard]] DWORD AddLprPort(std::u16string_view name, std::u16string_view serverName);
 
 /// Adds a port of the "Regal Port+" monitor, or replaces it.
-DWORD AddRegalPort(std::u16string_view name, std::u16string_view ipAddress);
-
-/// Removes a port from every monitor. \return ERROR_UNKNOWN_PORT when none has it.
-DWORD RemovePort(std::u16string_view name);
+[[nodiscard]] DWORD AddRegalPort(std::u16string_view name, std::u16string_view ipAddress);
 
 /// The address (network byte order) that a monitor has for a port; 0xFFFFFFFF for a host that is
 /// not known, nothing for a port without monitor, such as a USB port. \param portList  a printer's
 /// ports; the first one counts.
-std::optional<ULONG> FindPortAddress(std::u16string_view portList);
+[[nodiscard]] std::optional<ULONG> FindPortAddress(std::u16string_view portList);
 
 }  // namespace platform::spooler

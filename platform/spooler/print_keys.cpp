@@ -27,10 +27,6 @@ bool IsKeyName(std::u16string_view name) {
     return !name.empty() && name.size() <= kKeyNameLimit && name.find(u'\\') == name.npos;
 }
 
-bool SameName(std::u16string_view left, std::u16string_view right) {
-    return lstrcmpiW(std::u16string(left).c_str(), std::u16string(right).c_str()) == 0;
-}
-
 DWORD PrintKey::Open(std::u16string_view path) {
     return FindKey(kRootKey, path, &key_);
 }
@@ -38,7 +34,7 @@ DWORD PrintKey::Open(std::u16string_view path) {
 DWORD PrintKey::Create(std::u16string_view path, bool* created) {
     bool isNew = false;
     const DWORD error = FindOrCreateKey(kRootKey, path, &key_, &isNew);
-    if (created) *created = isNew;
+    if (created != nullptr) *created = isNew;
     return error;
 }
 

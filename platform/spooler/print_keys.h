@@ -1,7 +1,7 @@
 /// The registry keys below which the spooler keeps what it knows, and reading and writing them.
 #pragma once
 
-#include <winbase.h>
+#include <windef.h>
 #include <winerror.h>
 
 #include <optional>
@@ -26,36 +26,33 @@ inline constexpr std::u16string_view kPrintProcessorsPath =
     u"System\\CurrentControlSet\\Control\\Print\\Environments\\Windows x64\\Print Processors";
 
 /// The key of one entry of a list; the entry's name must be usable as one (`IsKeyName`).
-std::u16string SubKeyPath(std::u16string_view list, std::u16string_view entry);
+[[nodiscard]] std::u16string SubKeyPath(std::u16string_view list, std::u16string_view entry);
 
 /// Whether a name stands for one key: neither empty, nor longer than a key's name may be, nor with
 /// a backslash.
-bool IsKeyName(std::u16string_view name);
-
-/// Equality of names without regard to case.
-bool SameName(std::u16string_view left, std::u16string_view right);
+[[nodiscard]] bool IsKeyName(std::u16string_view name);
 
 /// A key below the local machine's root. Reads answer "missing" for values that are not there or of
 /// another type; any other failure is kept and told by `Error`.
 class PrintKey {
 public:
     /// Result codes of the registry.
-    DWORD Open(std::u16string_view path);
+    [[nodiscard]] DWORD Open(std::u16string_view path);
     /// Makes the key and its parents when missing. \param created  whether it was; may be null.
-    DWORD Create(std::u16string_view path, bool* created = nullptr);
+    [[nodiscard]] DWORD Create(std::u16string_view path, bool* created = nullptr);
 
-    std::u16string Text(std::u16string_view name) const;
-    DWORD Number(std::u16string_view name, DWORD missing) const;
+    [[nodiscard]] std::u16string Text(std::u16string_view name) const;
+    [[nodiscard]] DWORD Number(std::u16string_view name, DWORD missing) const;
     /// The bytes of a REG_BINARY value; empty when missing.
-    std::vector<BYTE> Bytes(std::u16string_view name) const;
+    [[nodiscard]] std::vector<BYTE> Bytes(std::u16string_view name) const;
     /// The first failure of these reads; ERROR_SUCCESS when there was none.
-    DWORD Error() const { return error_; }
+    [[nodiscard]] DWORD Error() const { return error_; }
 
     /// Reads and writes of any type answer a result code, ERROR_FILE_NOT_FOUND for what is missing.
-    DWORD Read(std::u16string_view name, RegistryValue* value) const;
-    DWORD Write(std::u16string_view name, DWORD type, std::span<const BYTE> bytes);
-    DWORD SetText(std::u16string_view name, const std::u16string& text);
-    DWORD SetNumber(std::u16string_view name, DWORD number);
+    [[nodiscard]] DWORD Read(std::u16string_view name, RegistryValue* value) const;
+    [[nodiscard]] DWORD Write(std::u16string_view name, DWORD type, std::span<const BYTE> bytes);
+    [[nodiscard]] DWORD SetText(std::u16string_view name, const std::u16string& text);
+    [[nodiscard]] DWORD SetNumber(std::u16string_view name, DWORD number);
 
 private:
     std::optional<std::vector<BYTE>> Value(std::u16string_view name, DWORD type) const;
@@ -66,9 +63,9 @@ private:
 
 /// The names of the keys directly below a path; none when there is no such key.
 /// \return a result code.
-DWORD ListSubKeys(std::u16string_view path, std::vector<std::u16string>* names);
+[[nodiscard]] DWORD ListSubKeys(std::u16string_view path, std::vector<std::u16string>* names);
 
 /// Deletes a key with everything in it. \return a result code.
-DWORD RemoveKey(std::u16string_view path);
+[[nodiscard]] DWORD RemoveKey(std::u16string_view path);
 
 }  // namespace platform::spooler

@@ -10,9 +10,9 @@
 namespace platform::spooler {
 
 /// The platform's own first, which every machine has, then those registered. \return a result code.
-DWORD ListPrintProcessors(std::vector<std::u16string>* names);
+[[nodiscard]] DWORD ListPrintProcessors(std::vector<std::u16string>* names);
 
 /// \return a result code.
-DWORD IsPrintProcessor(std::u16string_view name, bool* known);
+[[nodiscard]] DWORD IsPrintProcessor(std::u16string_view name, bool* known);
 
 }  // namespace platform::spooler

@@ -12,6 +12,7 @@
 
 namespace {
 
+using platform::InjectedFailure;
 using platform::spooler::OpenPrinter;
 using platform::spooler::PjlRequest;
 using platform::spooler::PrintKey;
@@ -27,7 +28,7 @@ struct ValueBuffer {
 
 DWORD GiveValue(const platform::RegistryValue& stored, const ValueBuffer& value) {
     *value.needed = static_cast<DWORD>(stored.bytes.size());
-    if (value.type) *value.type = stored.type;
+    if (value.type != nullptr) *value.type = stored.type;
     if (stored.bytes.size() > value.size) return ERROR_MORE_DATA;
     std::copy(stored.bytes.begin(), stored.bytes.end(), value.bytes);
     return ERROR_SUCCESS;
@@ -51,23 +52,26 @@ DWORD ReadAnswer(const OpenPrinter& printer, const PjlRequest& request, const Va
 }
 
 DWORD ReadValue(HANDLE handle, LPCWSTR name, const ValueBuffer& value) {
-    if (!name || !value.needed || (!value.bytes && value.size != 0)) return ERROR_INVALID_PARAMETER;
+    if (name == nullptr || value.needed == nullptr || (value.bytes == nullptr && value.size != 0)) {
+        return ERROR_INVALID_PARAMETER;
+    }
     OpenPrinter printer;
     if (const DWORD error = spooler::PrinterOfHandle(handle, 0, &printer)) return error;
-    if (const auto request = spooler::ParsePjlName(name))
+    if (const auto request = spooler::ParsePjlName(name)) {
         return ReadAnswer(printer, *request, value);
+    }
     return ReadStoredValue(printer, name, value);
 }
 
-DWORD WriteStoredValue(const OpenPrinter& printer, LPCWSTR name, DWORD type, const BYTE* bytes,
-                       DWORD size) {
+DWORD WriteStoredValue(const OpenPrinter& printer, LPCWSTR name, DWORD type,
+                       std::span<const BYTE> bytes) {
     // Only of a printer that is still there: a removed one must not come back with its data.
     PrintKey printerKey;
     const DWORD error = printerKey.Open(spooler::PrinterPath(printer.name));
     if (error != ERROR_SUCCESS) return error == ERROR_FILE_NOT_FOUND ? ERROR_INVALID_HANDLE : error;
     PrintKey key;
     if (const DWORD missing = key.Create(spooler::PrinterDataPath(printer.name))) return missing;
-    return key.Write(name, type, {bytes, size});
+    return key.Write(name, type, bytes);
 }
 
 // A question is announced by setting it: its answer is fetched when it is read.
@@ -79,25 +83,26 @@ DWORD CarryRequest(const OpenPrinter& printer, const PjlRequest& request) {
 }
 
 DWORD WriteValue(HANDLE handle, LPCWSTR name, DWORD type, const BYTE* bytes, DWORD size) {
-    if (!name || *name == u'\0' || (!bytes && size != 0)) return ERROR_INVALID_PARAMETER;
+    if (name == nullptr || *name == u'\0' || (bytes == nullptr && size != 0)) {
+        return ERROR_INVALID_PARAMETER;
+    }
     OpenPrinter printer;
-    if (const DWORD error = spooler::PrinterOfHandle(handle, PRINTER_ACCESS_ADMINISTER, &printer))
+    if (const DWORD error = spooler::PrinterOfHandle(handle, PRINTER_ACCESS_ADMINISTER, &printer)) {
         return error;
+    }
     if (const auto request = spooler::ParsePjlName(name)) return CarryRequest(printer, *request);
-    return WriteStoredValue(printer, name, type, bytes, size);
+    return WriteStoredValue(printer, name, type, {bytes, size});
 }
 
 }  // namespace
 
-DWORD GetPrinterDataW(HANDLE printer, LPWSTR name, LPDWORD type, LPBYTE buffer, DWORD size,
-                      LPDWORD needed) {
-    DWORD error = 0;
-    if (platform::MustFail("GetPrinterDataW", &error)) return error;
+DWORD WINAPI GetPrinterDataW(HANDLE printer, LPWSTR name, LPDWORD type, LPBYTE buffer, DWORD size,
+                             LPDWORD needed) {
+    if (const auto error = InjectedFailure("GetPrinterDataW")) return *error;
     return ReadValue(printer, name, {type, buffer, size, needed});
 }
 
-DWORD SetPrinterDataW(HANDLE printer, LPWSTR name, DWORD type, LPBYTE bytes, DWORD size) {
-    DWORD error = 0;
-    if (platform::MustFail("SetPrinterDataW", &error)) return error;
+DWORD WINAPI SetPrinterDataW(HANDLE printer, LPWSTR name, DWORD type, LPBYTE bytes, DWORD size) {
+    if (const auto error = InjectedFailure("SetPrinterDataW")) return *error;
     return WriteValue(printer, name, type, bytes, size);
 }

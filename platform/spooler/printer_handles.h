@@ -12,15 +12,15 @@ struct OpenPrinter {
     DWORD access;         ///< PRINTER_ACCESS_*
 };
 
-HANDLE AddHandle(OpenPrinter printer);
-bool RemoveHandle(HANDLE handle);
+[[nodiscard]] HANDLE AddHandle(OpenPrinter printer);
+[[nodiscard]] bool RemoveHandle(HANDLE handle);
 
 /// What a handle stands for, if it may be used so.
 /// \param access  the rights needed, PRINTER_ACCESS_*; 0 for none. The print server needs none.
 /// \return ERROR_INVALID_HANDLE or ERROR_ACCESS_DENIED.
-DWORD FindHandle(HANDLE handle, DWORD access, OpenPrinter* opened);
+[[nodiscard]] DWORD FindHandle(HANDLE handle, DWORD access, OpenPrinter* opened);
 
 /// The same for what only a printer can do: the print server answers ERROR_INVALID_HANDLE.
-DWORD PrinterOfHandle(HANDLE handle, DWORD access, OpenPrinter* printer);
+[[nodiscard]] DWORD PrinterOfHandle(HANDLE handle, DWORD access, OpenPrinter* printer);
 
 }  // namespace platform::spooler

@@ -31,8 +31,9 @@ DEVMODEW PublicPart(const std::vector<BYTE>& bytes) {
 const Form* FormOf(const DEVMODEW& devmode, const std::vector<Form>& forms) {
     const Form* form = nullptr;
     if ((devmode.dmFields & DM_FORMNAME) != 0) form = FindForm(forms, FormName(devmode));
-    if (!form && (devmode.dmFields & DM_PAPERSIZE) != 0 && devmode.dmPaperSize > 0)
+    if (form == nullptr && (devmode.dmFields & DM_PAPERSIZE) != 0 && devmode.dmPaperSize > 0) {
         form = FindForm(forms, static_cast<WORD>(devmode.dmPaperSize));
+    }
     return form;
 }
 

@@ -17,6 +17,6 @@ struct PageSize {
 /// The default page of a printer: the paper of its default devmode, A4 when it has none.
 /// \param printer  its name, with server part or ports as `OpenPrinterW` takes it.
 /// \return false when there is no such printer.
-bool PrinterPage(std::u16string_view printer, PageSize* page);
+[[nodiscard]] bool PrinterPage(std::u16string_view printer, PageSize* page);
 
 }  // namespace platform::spooler

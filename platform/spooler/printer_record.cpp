@@ -20,7 +20,7 @@ struct TextField {
     LPWSTR PRINTER_INFO_2W::*given;
 };
 
-constexpr std::array<TextField, 10> kTextFields = {{
+constexpr auto kTextFields = std::to_array<TextField>({
     {u"Name", &PrinterRecord::name, &PRINTER_INFO_2W::pPrinterName},
     {u"Share Name", &PrinterRecord::shareName, &PRINTER_INFO_2W::pShareName},
     {u"Port", &PrinterRecord::port, &PRINTER_INFO_2W::pPortName},
@@ -31,7 +31,7 @@ constexpr std::array<TextField, 10> kTextFields = {{
     {u"Print Processor", &PrinterRecord::processor, &PRINTER_INFO_2W::pPrintProcessor},
     {u"Datatype", &PrinterRecord::datatype, &PRINTER_INFO_2W::pDatatype},
     {u"Parameters", &PrinterRecord::parameters, &PRINTER_INFO_2W::pParameters},
-}};
+});
 
 struct NumberField {
     LPCWSTR value;
@@ -39,13 +39,13 @@ struct NumberField {
     DWORD PRINTER_INFO_2W::*given;
 };
 
-constexpr std::array<NumberField, 5> kNumberFields = {{
+constexpr auto kNumberFields = std::to_array<NumberField>({
     {u"Attributes", &PrinterRecord::attributes, &PRINTER_INFO_2W::Attributes},
     {u"Priority", &PrinterRecord::priority, &PRINTER_INFO_2W::Priority},
     {u"Default Priority", &PrinterRecord::defaultPriority, &PRINTER_INFO_2W::DefaultPriority},
     {u"StartTime", &PrinterRecord::startTime, &PRINTER_INFO_2W::StartTime},
     {u"UntilTime", &PrinterRecord::untilTime, &PRINTER_INFO_2W::UntilTime},
-}};
+});
 
 constexpr std::size_t kSmallestDevmode = offsetof(DEVMODEW, dmFields) + sizeof(DWORD);
 
@@ -57,10 +57,16 @@ std::size_t DevmodeSize(const DEVMODEW& devmode) {
 
 void ReadFields(const PrintKey& key, PrinterRecord* printer) {
     for (const TextField& field : kTextFields) printer->*field.stored = key.Text(field.value);
-    for (const NumberField& field : kNumberFields)
+    for (const NumberField& field : kNumberFields) {
         printer->*field.stored = key.Number(field.value, printer->*field.stored);
+    }
     printer->devmode = key.Bytes(kDevmodeValue);
     if (!IsDevmode(printer->devmode)) printer->devmode.clear();
+}
+
+DWORD OpenPrinterKey(std::u16string_view name, PrintKey* key) {
+    const DWORD error = key->Open(PrinterPath(name));
+    return error == ERROR_FILE_NOT_FOUND ? ERROR_INVALID_PRINTER_NAME : error;
 }
 
 }  // namespace
@@ -84,11 +90,14 @@ std::u16string PrinterDataPath(std::u16string_view name) {
     return SubKeyPath(PrinterPath(name), u"PrinterDriverData");
 }
 
+DWORD RequirePrinter(std::u16string_view name) {
+    PrintKey key;
+    return OpenPrinterKey(name, &key);
+}
+
 DWORD LoadPrinter(std::u16string_view name, PrinterRecord* printer) {
     PrintKey key;
-    const DWORD error = key.Open(PrinterPath(name));
-    if (error == ERROR_FILE_NOT_FOUND) return ERROR_INVALID_PRINTER_NAME;
-    if (error != ERROR_SUCCESS) return error;
+    if (const DWORD error = OpenPrinterKey(name, &key)) return error;
     *printer = {};
     ReadFields(key, printer);
     if (printer->name.empty()) printer->name = name;
@@ -102,14 +111,19 @@ DWORD StorePrinter(const PrinterRecord& printer) {
     PrinterRecord stored;
     ReadFields(key, &stored);
     error = key.Error();
-    for (const TextField& field : kTextFields)
-        if (error == ERROR_SUCCESS && printer.*field.stored != stored.*field.stored)
+    for (const TextField& field : kTextFields) {
+        if (error == ERROR_SUCCESS && printer.*field.stored != stored.*field.stored) {
             error = key.SetText(field.value, printer.*field.stored);
-    for (const NumberField& field : kNumberFields)
-        if (error == ERROR_SUCCESS && printer.*field.stored != stored.*field.stored)
+        }
+    }
+    for (const NumberField& field : kNumberFields) {
+        if (error == ERROR_SUCCESS && printer.*field.stored != stored.*field.stored) {
             error = key.SetNumber(field.value, printer.*field.stored);
-    if (error == ERROR_SUCCESS && printer.devmode != stored.devmode)
+        }
+    }
+    if (error == ERROR_SUCCESS && printer.devmode != stored.devmode) {
         error = key.Write(kDevmodeValue, REG_BINARY, printer.devmode);
+    }
     return error;
 }
 
@@ -130,18 +144,20 @@ DWORD ListPrinters(std::vector<PrinterRecord>* printers) {
 
 PRINTER_INFO_2W PackPrinter(const PrinterRecord& printer, RecordTail& tail) {
     PRINTER_INFO_2W info = {};
-    for (const TextField& field : kTextFields)
+    for (const TextField& field : kTextFields) {
         info.*field.given = tail.AddText(printer.*field.stored);
+    }
     for (const NumberField& field : kNumberFields) info.*field.given = printer.*field.stored;
     info.pDevMode = static_cast<DEVMODEW*>(tail.AddBlock(printer.devmode));
     return info;
 }
 
 DWORD UnpackPrinter(const PRINTER_INFO_2W& info, PrinterRecord* printer) {
-    for (const TextField& field : kTextFields)
-        printer->*field.stored = info.*field.given ? info.*field.given : u"";
+    for (const TextField& field : kTextFields) {
+        printer->*field.stored = info.*field.given != nullptr ? info.*field.given : u"";
+    }
     for (const NumberField& field : kNumberFields) printer->*field.stored = info.*field.given;
-    if (!info.pDevMode) return ERROR_SUCCESS;
+    if (info.pDevMode == nullptr) return ERROR_SUCCESS;
     const std::size_t size = DevmodeSize(*info.pDevMode);
     if (size == 0) return ERROR_INVALID_DATA;
     const auto* bytes = reinterpret_cast<const BYTE*>(info.pDevMode);

@@ -31,27 +31,28 @@ struct PrinterRecord {
 
 /// The name of a printer's key from the name that a caller gave: without the server's part in front
 /// and the ports behind. Empty when nothing usable is left.
-std::u16string ShortPrinterName(std::u16string_view name);
+[[nodiscard]] std::u16string ShortPrinterName(std::u16string_view name);
 
 /// The printer's key.
-std::u16string PrinterPath(std::u16string_view name);
+[[nodiscard]] std::u16string PrinterPath(std::u16string_view name);
 /// The key of the printer's data.
-std::u16string PrinterDataPath(std::u16string_view name);
+[[nodiscard]] std::u16string PrinterDataPath(std::u16string_view name);
 
 /// \return ERROR_INVALID_PRINTER_NAME when there is no such printer, or another result code.
-DWORD LoadPrinter(std::u16string_view name, PrinterRecord* printer);
+[[nodiscard]] DWORD RequirePrinter(std::u16string_view name);
+[[nodiscard]] DWORD LoadPrinter(std::u16string_view name, PrinterRecord* printer);
 /// Writes what differs from what is stored. The key must exist. \return a result code.
-DWORD StorePrinter(const PrinterRecord& printer);
-DWORD ListPrinters(std::vector<PrinterRecord>* printers);
+[[nodiscard]] DWORD StorePrinter(const PrinterRecord& printer);
+[[nodiscard]] DWORD ListPrinters(std::vector<PrinterRecord>* printers);
 
 /// To and from the caller's record.
-PRINTER_INFO_2W PackPrinter(const PrinterRecord& printer, RecordTail& tail);
+[[nodiscard]] PRINTER_INFO_2W PackPrinter(const PrinterRecord& printer, RecordTail& tail);
 /// Null texts become empty; a null devmode leaves `printer`'s. \return ERROR_INVALID_DATA for a
 /// devmode whose own sizes make no sense.
-DWORD UnpackPrinter(const PRINTER_INFO_2W& info, PrinterRecord* printer);
+[[nodiscard]] DWORD UnpackPrinter(const PRINTER_INFO_2W& info, PrinterRecord* printer);
 
 /// Whether the bytes are a devmode whose public part reaches at least to `dmFields` and whose own
 /// sizes are within them.
-bool IsDevmode(const std::vector<BYTE>& bytes);
+[[nodiscard]] bool IsDevmode(const std::vector<BYTE>& bytes);
 
 }  // namespace platform::spooler

@@ -1,18 +1,23 @@
 // Opening, reading, writing, adding and removing printers.
 #include <winspool.h>
 
+#include <tuple>
+
+#include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/spooler/drivers.h"
 #include "platform/spooler/print_keys.h"
 #include "platform/spooler/print_processors.h"
-#include "platform/spooler/printer_access.h"
 #include "platform/spooler/printer_handles.h"
 #include "platform/spooler/printer_record.h"
 #include "platform/spooler/record_buffer.h"
+#include "platform/text/letter_case.h"
 
 namespace {
 
-using platform::spooler::Answer;
+using platform::Answer;
+using platform::Fail;
+using platform::InjectedFailure;
 using platform::spooler::CallerBuffer;
 using platform::spooler::OpenPrinter;
 using platform::spooler::PrinterRecord;
@@ -23,12 +28,10 @@ namespace spooler = platform::spooler;
 // Without a name the machine's print server is opened, which has the forms.
 DWORD Open(LPCWSTR given, DWORD access, HANDLE* printer) {
     std::u16string name;
-    if (given) {
+    if (given != nullptr) {
         name = spooler::ShortPrinterName(given);
         if (name.empty()) return ERROR_INVALID_PRINTER_NAME;
-        DWORD denied = 0;
-        if (const DWORD error = spooler::DeniedAccess(name, &denied)) return error;
-        if ((access & denied) != 0) return ERROR_ACCESS_DENIED;
+        if (const DWORD error = spooler::RequirePrinter(name)) return error;
     }
     *printer = spooler::AddHandle({std::move(name), access});
     return ERROR_SUCCESS;
@@ -53,13 +56,14 @@ DWORD CheckPrinter(const PrinterRecord& printer) {
 }
 
 DWORD SetOpenPrinter(HANDLE handle, const PRINTER_INFO_2W* info) {
-    if (!info) return ERROR_INVALID_PARAMETER;
+    if (info == nullptr) return ERROR_INVALID_PARAMETER;
     PrinterRecord printer;
-    if (const DWORD error = LoadOpenPrinter(handle, PRINTER_ACCESS_ADMINISTER, &printer))
+    if (const DWORD error = LoadOpenPrinter(handle, PRINTER_ACCESS_ADMINISTER, &printer)) {
         return error;
+    }
     const std::u16string name = printer.name;
     if (const DWORD error = spooler::UnpackPrinter(*info, &printer)) return error;
-    if (!spooler::SameName(name, printer.name)) return ERROR_INVALID_PRINTER_NAME;
+    if (!platform::EqualIgnoringUnicodeCase(name, printer.name)) return ERROR_INVALID_PRINTER_NAME;
     printer.name = name;
     if (const DWORD error = CheckPrinter(printer)) return error;
     return spooler::StorePrinter(printer);
@@ -74,17 +78,20 @@ DWORD AddPrinterKeys(const PrinterRecord& printer) {
     PrintKey printerData;
     if (error == ERROR_SUCCESS) error = printerData.Create(spooler::PrinterDataPath(printer.name));
     // A printer is added whole or not at all.
-    if (error != ERROR_SUCCESS && created) spooler::RemoveKey(spooler::PrinterPath(printer.name));
+    if (error != ERROR_SUCCESS && created) {
+        std::ignore = spooler::RemoveKey(spooler::PrinterPath(printer.name));
+    }
     return error;
 }
 
 DWORD Add(LPCWSTR server, DWORD level, const PRINTER_INFO_2W* info, HANDLE* handle) {
     if (level != 2) return ERROR_INVALID_LEVEL;
-    if (server || !info) return ERROR_INVALID_PARAMETER;
+    if (server != nullptr || info == nullptr) return ERROR_INVALID_PARAMETER;
     PrinterRecord printer;
     if (const DWORD error = spooler::UnpackPrinter(*info, &printer)) return error;
-    if (printer.name.empty() || spooler::ShortPrinterName(printer.name) != printer.name)
+    if (printer.name.empty() || spooler::ShortPrinterName(printer.name) != printer.name) {
         return ERROR_INVALID_PRINTER_NAME;
+    }
     if (const DWORD error = CheckPrinter(printer)) return error;
     printer.attributes |= PRINTER_ATTRIBUTE_LOCAL;
     if (const DWORD error = AddPrinterKeys(printer)) return error;
@@ -92,74 +99,74 @@ DWORD Add(LPCWSTR server, DWORD level, const PRINTER_INFO_2W* info, HANDLE* hand
     return ERROR_SUCCESS;
 }
 
+DWORD Read(HANDLE handle, DWORD level, const CallerBuffer& buffer) {
+    if (const DWORD error = spooler::CheckBuffer(level, 2, buffer)) return error;
+    std::vector<PrinterRecord> record(1);
+    if (const DWORD error = LoadOpenPrinter(handle, 0, &record.front())) return error;
+    return spooler::FillRecords(record, buffer, spooler::PackPrinter);
+}
+
+DWORD Remove(HANDLE handle) {
+    OpenPrinter open;
+    const DWORD error = spooler::PrinterOfHandle(handle, PRINTER_ACCESS_ADMINISTER, &open);
+    if (error != ERROR_SUCCESS) return error;
+    const DWORD missing = spooler::RemoveKey(spooler::PrinterPath(open.name));
+    return missing == ERROR_FILE_NOT_FOUND ? ERROR_INVALID_HANDLE : missing;
+}
+
 DWORD Enumerate(DWORD flags, LPCWSTR server, DWORD level, const CallerBuffer& buffer,
                 LPDWORD returned) {
     if (const DWORD error = spooler::CheckBuffer(level, 2, buffer)) return error;
-    if (!returned || server) return ERROR_INVALID_PARAMETER;
+    if (returned == nullptr || server != nullptr) return ERROR_INVALID_PARAMETER;
     *returned = 0;
     std::vector<PrinterRecord> printers;
-    if ((flags & PRINTER_ENUM_LOCAL) != 0)
+    if ((flags & PRINTER_ENUM_LOCAL) != 0) {
         if (const DWORD error = spooler::ListPrinters(&printers)) return error;
-    const DWORD error = spooler::FillRecords(printers, buffer, spooler::PackPrinter);
-    if (error == ERROR_SUCCESS) *returned = static_cast<DWORD>(printers.size());
-    return error;
+    }
+    return spooler::FillRecords(printers, buffer, spooler::PackPrinter, returned);
 }
 
 }  // namespace
 
-BOOL OpenPrinterW(LPWSTR name, HANDLE* printer, PRINTER_DEFAULTSW* defaults) {
-    DWORD error = 0;
-    if (platform::MustFail("OpenPrinterW", &error)) return Answer(error);
-    if (!printer) return Answer(ERROR_INVALID_PARAMETER);
+BOOL WINAPI OpenPrinterW(LPWSTR name, HANDLE* printer, PRINTER_DEFAULTSW* defaults) {
+    if (const auto error = InjectedFailure("OpenPrinterW")) return Fail(*error);
+    if (printer == nullptr) return Fail(ERROR_INVALID_PARAMETER);
     *printer = nullptr;
-    const DWORD access = defaults ? defaults->DesiredAccess : 0;
+    const DWORD access = defaults != nullptr ? defaults->DesiredAccess : 0;
     return Answer(Open(name, access != 0 ? access : PRINTER_ACCESS_USE, printer));
 }
 
-BOOL ClosePrinter(HANDLE printer) {
+BOOL WINAPI ClosePrinter(HANDLE printer) {
     return Answer(spooler::RemoveHandle(printer) ? ERROR_SUCCESS : ERROR_INVALID_HANDLE);
 }
 
-BOOL GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed) {
-    DWORD error = 0;
-    if (platform::MustFail("GetPrinterW", &error)) return Answer(error);
-    const CallerBuffer target = {buffer, size, needed};
-    error = spooler::CheckBuffer(level, 2, target);
-    std::vector<PrinterRecord> record(1);
-    if (error == ERROR_SUCCESS) error = LoadOpenPrinter(printer, 0, &record.front());
-    if (error == ERROR_SUCCESS) error = spooler::FillRecords(record, target, spooler::PackPrinter);
-    return Answer(error);
+BOOL WINAPI GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed) {
+    if (const auto error = InjectedFailure("GetPrinterW")) return Fail(*error);
+    return Answer(Read(printer, level, {buffer, size, needed}));
 }
 
-BOOL SetPrinterW(HANDLE printer, DWORD level, LPBYTE record, DWORD command) {
-    DWORD error = 0;
-    if (platform::MustFail("SetPrinterW", &error)) return Answer(error);
-    if (level != 2) return Answer(ERROR_INVALID_LEVEL);
-    if (command != 0) return Answer(ERROR_NOT_SUPPORTED);
+BOOL WINAPI SetPrinterW(HANDLE printer, DWORD level, LPBYTE record, DWORD command) {
+    if (const auto error = InjectedFailure("SetPrinterW")) return Fail(*error);
+    if (level != 2) return Fail(ERROR_INVALID_LEVEL);
+    if (command != 0) return Fail(ERROR_NOT_SUPPORTED);
     return Answer(SetOpenPrinter(printer, reinterpret_cast<const PRINTER_INFO_2W*>(record)));
 }
 
-HANDLE AddPrinterW(LPWSTR server, DWORD level, LPBYTE record) {
-    DWORD error = 0;
+HANDLE WINAPI AddPrinterW(LPWSTR server, DWORD level, LPBYTE record) {
+    if (const auto error = InjectedFailure("AddPrinterW")) return Fail<HANDLE>(*error);
+    const auto* info = reinterpret_cast<const PRINTER_INFO_2W*>(record);
     HANDLE handle = nullptr;
-    if (!platform::MustFail("AddPrinterW", &error))
-        error = Add(server, level, reinterpret_cast<const PRINTER_INFO_2W*>(record), &handle);
-    Answer(error);
-    return handle;
+    const DWORD error = Add(server, level, info, &handle);
+    return error == ERROR_SUCCESS ? handle : Fail<HANDLE>(error);
 }
 
-BOOL DeletePrinter(HANDLE printer) {
-    DWORD error = 0;
-    if (platform::MustFail("DeletePrinter", &error)) return Answer(error);
-    OpenPrinter open;
-    error = spooler::PrinterOfHandle(printer, PRINTER_ACCESS_ADMINISTER, &open);
-    if (error == ERROR_SUCCESS) error = spooler::RemoveKey(spooler::PrinterPath(open.name));
-    return Answer(error == ERROR_FILE_NOT_FOUND ? ERROR_INVALID_HANDLE : error);
+BOOL WINAPI DeletePrinter(HANDLE printer) {
+    if (const auto error = InjectedFailure("DeletePrinter")) return Fail(*error);
+    return Answer(Remove(printer));
 }
 
-BOOL EnumPrintersW(DWORD flags, LPWSTR server, DWORD level, LPBYTE buffer, DWORD size,
-                   LPDWORD needed, LPDWORD returned) {
-    DWORD error = 0;
-    if (platform::MustFail("EnumPrintersW", &error)) return Answer(error);
+BOOL WINAPI EnumPrintersW(DWORD flags, LPWSTR server, DWORD level, LPBYTE buffer, DWORD size,
+                          LPDWORD needed, LPDWORD returned) {
+    if (const auto error = InjectedFailure("EnumPrintersW")) return Fail(*error);
     return Answer(Enumerate(flags, server, level, {buffer, size, needed}, returned));
 }

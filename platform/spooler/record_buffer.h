@@ -2,7 +2,6 @@
 /// point to behind them.
 #pragma once
 
-#include <winbase.h>
 #include <winerror.h>
 #include <winspool.h>
 
@@ -29,7 +28,7 @@ public:
 
     LPWSTR AddText(std::u16string_view text) {
         const std::size_t at = Reserve((text.size() + 1) * sizeof(WCHAR), sizeof(WCHAR));
-        if (!buffer_) return nullptr;
+        if (buffer_ == nullptr) return nullptr;
         std::memcpy(buffer_ + at, text.data(), text.size() * sizeof(WCHAR));
         std::memset(buffer_ + at + text.size() * sizeof(WCHAR), 0, sizeof(WCHAR));
         return reinterpret_cast<LPWSTR>(buffer_ + at);
@@ -39,16 +38,16 @@ public:
     void* AddBlock(const std::vector<BYTE>& block) {
         if (block.empty()) return nullptr;
         const std::size_t at = Reserve(block.size(), alignof(std::max_align_t));
-        if (!buffer_) return nullptr;
+        if (buffer_ == nullptr) return nullptr;
         std::memcpy(buffer_ + at, block.data(), block.size());
         return buffer_ + at;
     }
 
     /// Bytes from the front of the buffer.
-    std::size_t Size() const { return end_; }
+    [[nodiscard]] std::size_t Size() const { return end_; }
 
 private:
-    std::size_t Reserve(std::size_t size, std::size_t alignment) {
+    [[nodiscard]] std::size_t Reserve(std::size_t size, std::size_t alignment) {
         const std::size_t at = (end_ + alignment - 1) / alignment * alignment;
         end_ = at + size;
         return at;
@@ -62,8 +61,10 @@ private:
 /// \param pack  makes the record of an item, its texts placed in the tail.
 /// \return ERROR_INSUFFICIENT_BUFFER, with the size needed and the buffer untouched, or
 /// ERROR_SUCCESS.
+/// \param returned  is told the number of records then; may be null.
 template <class Item, class Pack>
-DWORD FillRecords(const std::vector<Item>& items, const CallerBuffer& buffer, Pack pack) {
+[[nodiscard]] DWORD FillRecords(const std::vector<Item>& items, const CallerBuffer& buffer,
+                                Pack pack, LPDWORD returned = nullptr) {
     using Record = decltype(pack(items.front(), std::declval<RecordTail&>()));
     const std::size_t recordBytes = items.size() * sizeof(Record);
     RecordTail counted(nullptr, recordBytes);
@@ -76,21 +77,18 @@ DWORD FillRecords(const std::vector<Item>& items, const CallerBuffer& buffer, Pa
         const Record record = pack(items[i], placed);
         std::memcpy(buffer.bytes + i * sizeof(Record), &record, sizeof record);
     }
+    if (returned != nullptr) *returned = static_cast<DWORD>(items.size());
     return ERROR_SUCCESS;
 }
 
 /// Checks what every operation that fills a buffer is given. \return a result code.
-inline DWORD CheckBuffer(DWORD level, DWORD levelOffered, const CallerBuffer& buffer) {
+[[nodiscard]] inline DWORD CheckBuffer(DWORD level, DWORD levelOffered,
+                                       const CallerBuffer& buffer) {
     if (level != levelOffered) return ERROR_INVALID_LEVEL;
-    if (!buffer.needed || (!buffer.bytes && buffer.size != 0)) return ERROR_INVALID_PARAMETER;
+    if (buffer.needed == nullptr || (buffer.bytes == nullptr && buffer.size != 0)) {
+        return ERROR_INVALID_PARAMETER;
+    }
     return ERROR_SUCCESS;
-}
-
-/// The answer of an operation that reports through the last error.
-inline BOOL Answer(DWORD error) {
-    if (error == ERROR_SUCCESS) return TRUE;
-    SetLastError(error);
-    return FALSE;
 }
 
 }  // namespace platform::spooler

@@ -3,15 +3,15 @@
 // apart. Texts that only characters without any weight tell apart are ordered by their codes, so
 // that only equal texts compare equal.
 
-#include <unicode/uchar.h>
 #include <unicode/ucol.h>
-#include <unicode/utf16.h>
 #include <winbase.h>
 
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "platform/text/letter_case.h"
 
 namespace {
 
@@ -47,21 +47,6 @@ Parted Part(std::u16string_view text) {
     return parted;
 }
 
-// Small letters, with everything else that tells characters apart left alone.
-std::u16string Lowercase(std::u16string_view text) {
-    std::u16string lower(text);
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t begin = at;
-        UChar32 character;
-        U16_NEXT(text.data(), at, text.size(), character);
-        const UChar32 small = u_tolower(character);
-        if (U16_LENGTH(small) != static_cast<int>(at - begin)) continue;
-        std::size_t written = begin;
-        U16_APPEND_UNSAFE(lower.data(), written, small);
-    }
-    return lower;
-}
-
 int Collate(std::u16string_view left, std::u16string_view right) {
     if (Collator() == nullptr) return left.compare(right);
     return ucol_strcoll(Collator(), left.data(), static_cast<int>(left.size()), right.data(),
@@ -95,5 +80,6 @@ int WINAPI lstrcmpW(LPCWSTR left, LPCWSTR right) {
 
 int WINAPI lstrcmpiW(LPCWSTR left, LPCWSTR right) {
     int order;
-    return OneIsNull(left, right, &order) ? order : Compare(Lowercase(left), Lowercase(right));
+    if (OneIsNull(left, right, &order)) return order;
+    return Compare(platform::Lowercase(left), platform::Lowercase(right));
 }

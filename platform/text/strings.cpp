@@ -1,13 +1,7 @@
 #include <winbase.h>
 
-#include <algorithm>
 #include <cstdint>
-#include <limits>
-#include <string>
-
-int WINAPI lstrlenW(LPCWSTR text) {
-    return text == nullptr ? 0 : static_cast<int>(std::char_traits<WCHAR>::length(text));
-}
+#include <utility>
 
 LPWSTR WINAPI lstrcpynW(LPWSTR destination, LPCWSTR source, int capacity) {
     if (destination == nullptr || source == nullptr) return nullptr;
@@ -27,7 +21,5 @@ int WINAPI MulDiv(int number, int numerator, int denominator) {
     }
     const std::int64_t half = divisor / 2;
     const std::int64_t result = (product + (product < 0 ? -half : half)) / divisor;
-    const bool fits =
-        result <= std::numeric_limits<int>::max() && result >= std::numeric_limits<int>::min();
-    return fits ? static_cast<int>(result) : -1;
+    return std::in_range<int>(result) ? static_cast<int>(result) : -1;
 }

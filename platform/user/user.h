@@ -54,6 +54,6 @@ private:
 void NameUserAtScreen(User& user);
 
 /// The current user: the innermost scope's, or the one at the screen.
-User& CurrentUser();
+[[nodiscard]] User& CurrentUser();
 
 }  // namespace platform

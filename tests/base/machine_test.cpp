@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "platform/base/machine.h"
+#include "platform/base/paths.h"
 #include "platform/text/text_encoding.h"
 #include "tests/support/machine_fixture.h"
 
@@ -12,7 +12,7 @@ class MachinePaths : public tests::MachineTest {
 protected:
     /// Below the machine's folder, with slashes; the text of another path as it is.
     std::string Below(std::u16string_view path) const {
-        const fs::path file = platform::HostPath(path);
+        const fs::path file = platform::NativePath(path);
         const std::string& text = file.native();
         const std::string root = Folder().native() + "/";
         return text.starts_with(root) ? text.substr(root.size()) : text;
@@ -57,7 +57,7 @@ TEST_F(MachinePaths, AFolderThatCannotBeMadeIsAnError) {
     const fs::path file = WriteFile("occupied", "");
     EXPECT_THROW(platform::UseMachine(file), fs::filesystem_error);
     EXPECT_TRUE(platform::MachineFolder().empty());
-    EXPECT_TRUE(platform::HostPath(u"C:\\Windows").empty());
+    EXPECT_TRUE(platform::NativePath(u"C:\\Windows").empty());
     HKEY key;
     EXPECT_EQ(RegOpenKeyW(HKEY_LOCAL_MACHINE, u"x", &key), ERROR_PATH_NOT_FOUND);
 }
@@ -67,6 +67,12 @@ TEST(Encoding, Utf8AndBack) {
     EXPECT_EQ(platform::Utf16("a\xE2\x82\xAC\xF0\x9F\x98\x80"), u"a\u20AC\U0001F600");
     EXPECT_EQ(platform::Utf8(std::u16string(1, char16_t{0xDC00})), "\xEF\xBF\xBD");
     EXPECT_EQ(platform::Utf16("\xC3(\xED\xA0\x80"), u"\uFFFD(\uFFFD\uFFFD\uFFFD");
+    const std::u16string lone = {u'a', 0xDFFF, 0xD83D, u'\u20AC', 0xD83D, 0xDE00, 0xDC00};
+    EXPECT_EQ(platform::ExactUtf8(lone),
+              "a\xED\xBF\xBF\xED\xA0\xBD\xE2\x82\xAC\xF0\x9F\x98\x80\xED\xB0\x80");
+    EXPECT_EQ(platform::ExactUtf16(platform::ExactUtf8(lone)), lone);
+    EXPECT_EQ(platform::ExactUtf16("\xED\xA0(\xE2\xED\xA0\x80"),
+              u"\uFFFD\uFFFD(\uFFFD" + std::u16string(1, 0xD800));
 }
 
 }  // namespace

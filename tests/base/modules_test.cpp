@@ -101,8 +101,9 @@ TEST_F(ModuleTest, TextsOfTheStringTable) {
                 {0x10000 + 16, 32, u"sixteen"}};
     for (const auto& row : rows) {
         std::vector<WCHAR> text(static_cast<std::size_t>(row.size), u'!');
-        EXPECT_EQ(LoadStringW(module, row.id, text.data(), row.size), lstrlenW(row.text));
+        const int length = LoadStringW(module, row.id, text.data(), row.size);
         EXPECT_EQ(std::u16string(text.data()), row.text) << row.id << " in " << row.size;
+        EXPECT_EQ(std::u16string(row.text).size(), static_cast<std::size_t>(length));
     }
     WCHAR text[4];
     EXPECT_EQ(LoadStringW(module, 999, text, 4), 0);
@@ -121,10 +122,10 @@ TEST(Resources, DamagedContentsEndTheSearch) {
     for (std::size_t at = 0; at < whole.size(); ++at) {
         // A copy of exactly that size, so that a step too far is seen.
         const std::vector<unsigned char> cut(whole.data(), whole.data() + at);
-        platform::FindResource(cut, platform::kStringTableResource, 9999);
+        EXPECT_TRUE(platform::FindResource(cut, platform::kStringTableResource, 9999).empty());
         std::vector<unsigned char> changed = whole;
         changed[at] ^= 0xFF;
-        platform::FindResource(changed, platform::kStringTableResource, 9999);
+        EXPECT_TRUE(platform::FindResource(changed, platform::kStringTableResource, 9999).empty());
     }
 }
 

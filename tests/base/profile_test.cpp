@@ -34,8 +34,9 @@ protected:
         const DWORD length =
             GetPrivateProfileStringW(u"watermarkINFO", key, u"default  ", value.data(), size, file);
         EXPECT_EQ(value[size], u'!');
-        EXPECT_EQ(static_cast<DWORD>(lstrlenW(value.data())), length);
-        return value.data();
+        const std::u16string read = value.data();
+        EXPECT_EQ(read.size(), length);
+        return read;
     }
 };
 

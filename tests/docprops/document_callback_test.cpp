@@ -2,8 +2,9 @@
 
 #include <array>
 
-#include "common/page_state.h"
+#include "common/current_printer.h"
 #include "common/plugin_module.h"
+#include "docprops/watermark_button.h"
 #include "tests/support/document_page.h"
 #include "tests/support/plugin_fixture.h"
 

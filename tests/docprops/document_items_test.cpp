@@ -3,7 +3,7 @@
 #include <cstring>
 #include <sstream>
 
-#include "common/page_state.h"
+#include "common/current_printer.h"
 #include "docprops/document_callback.h"
 #include "tests/support/document_page.h"
 #include "tests/support/plugin_fixture.h"

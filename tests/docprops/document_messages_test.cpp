@@ -1,9 +1,10 @@
 #include <cstring>
 #include <filesystem>
 
-#include "common/page_state.h"
+#include "common/current_printer.h"
 #include "docprops/document_callback.h"
-#include "docprops/paper_constraints.h"
+#include "docprops/exempt_papers.h"
+#include "docprops/paper_length_limits.h"
 #include "platform/base/machine.h"
 #include "resources/resource_ids.h"
 #include "tests/support/document_page.h"

@@ -1,4 +1,4 @@
-#include "docprops/installed_options.h"
+#include "docprops/duplex_and_trays.h"
 
 #include "tests/support/document_page.h"
 #include "tests/support/plugin_fixture.h"

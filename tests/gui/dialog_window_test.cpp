@@ -20,9 +20,9 @@
 
 namespace {
 
-/// Presses a key in whatever window is in front, as soon as one is.
+/// Presses a key in whatever window is in front, as soon as one is: timers wait until then.
 void PressSoon(Qt::Key key, const QString& text) {
-    QTimer::singleShot(0, [key, text] {
+    QTimer::singleShot(1, [key, text] {
         QWidget* window = QApplication::activeModalWidget();
         ASSERT_NE(window, nullptr);
         QWidget* focused = window->focusWidget() != nullptr ? window->focusWidget() : window;
@@ -34,7 +34,7 @@ void PressSoon(Qt::Key key, const QString& text) {
 }
 
 void ClickSoon(const QString& name) {
-    QTimer::singleShot(0, [name] {
+    QTimer::singleShot(1, [name] {
         for (auto* button : QApplication::activeModalWidget()->findChildren<QPushButton*>()) {
             if (button->text() == name) button->click();
         }

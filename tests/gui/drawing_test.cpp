@@ -97,7 +97,7 @@ TEST_F(Drawing, WrongStaleAndSelectedHandlesAreRefused) {
 /// A window of its own, as a control of a dialog is one.
 struct Pane : platform::Window {
     Pane() : Window(platform::WindowKind::kStatic, nullptr, 7) {
-        platform::gui::EnsureApplication();
+        platform::EnsureApplication();
         Adopt(new QWidget);
         Widget()->resize(30, 20);
     }

@@ -10,7 +10,6 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/faults/failure_points.h"
 #include "platform/gui/help/help_file.h"
@@ -91,7 +90,7 @@ QWidgetList Viewers() {
 }
 
 TEST_F(Help, NotesGoOnAnyClickOrEscapeAndWindowsOnEscape) {
-    platform::gui::EnsureApplication();
+    platform::EnsureApplication();
     const QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
     const QMouseEvent click(QEvent::MouseButtonPress, {5, 5}, QPointF(5, 5), Qt::LeftButton,
                             Qt::LeftButton, Qt::NoModifier);

@@ -84,11 +84,11 @@ TEST_F(PrinterDevmodes, DamagedPlugInBlocksAreMergedSafely) {
     for (const auto& damage : damages) {
         SCOPED_TRACE(damage.what);
         {
-            const PrinterHandle printer = OpenNamedPrinter("Office", PRINTER_ALL_ACCESS);
-            const auto module = LoadPrinterModule(printer.get());
-            Devmode devmode = DefaultDevmode(*module, printer.get(), u"Office");
+            const oemui::UniquePrinter printer = OpenNamedPrinter("Office", PRINTER_ALL_ACCESS);
+            auto module = LoadPrinterModule(printer.Get());
+            Devmode devmode = DefaultDevmode(module, printer.Get(), u"Office");
             std::memcpy(devmode.PlugIn().data() + damage.offset, &damage.value, 4);
-            StorePrinterDevmode(printer.get(), devmode);
+            StorePrinterDevmode(printer.Get(), devmode);
         }
         const nlohmann::json page = Do({"document", "Office", "--json"}).Json();
         EXPECT_EQ(page["privateDevmode"]["dwSize"], 348);

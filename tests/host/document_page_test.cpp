@@ -56,8 +56,7 @@ TEST_F(DocumentPage, TellsTheScalingConflictAndResolvesIt) {
     const CommandResult result =
         Do({"document", "Office", "-o", "Scaling=150", "-o", "N-up=4", "--apply"});
     EXPECT_EQ(result.out, "");
-    EXPECT_NE(result.err.find("driverhost: [Conflict!] Scaling cannot be used with N-up"),
-              std::string::npos);
+    EXPECT_THAT(result.err, HasSubstr("driverhost: [Conflict!] Scaling cannot be used with N-up"));
     const nlohmann::json page = Do({"document", "Office", "--json"}).Json();
     EXPECT_EQ(page["privateDevmode"]["Scaling"], 100);
     EXPECT_EQ(page["privateDevmode"]["PagesPerSheet"], 4);
@@ -71,10 +70,10 @@ TEST_F(DocumentPage, DriverFollowsWhatThePlugInPutsBack) {
 
     Install("Studio", "U");
     Do({"forms", "Studio", "--add", "Banner=210x900"});
-    EXPECT_NE(Do({"forms", "Studio"}).out.find("Banner=210.0x900.0 (added)\n"), std::string::npos);
+    EXPECT_THAT(Do({"forms", "Studio"}).out, HasSubstr("Banner=210.0x900.0 (added)\n"));
     const CommandResult tooLong =
         Do({"document", "Studio", "-o", "PageSize=Banner", "-o", "MediaType=Glossy", "--apply"});
-    EXPECT_NE(tooLong.err.find("can not be longer than 297 mm"), std::string::npos);
+    EXPECT_THAT(tooLong.err, HasSubstr("can not be longer than 297 mm"));
     EXPECT_EQ(ItemNamed(Do({"document", "Studio", "--json"}).Json(), "Paper Size")["selection"], 0);
 }
 
@@ -97,7 +96,7 @@ TEST_F(DocumentPage, RefusesWhatAUserCouldNotChoose) {
     for (const auto& row : rows) {
         const CommandResult result = Run({"document", "Office", "-o", row.setting, "--apply"});
         EXPECT_EQ(result.code, row.code) << row.setting;
-        EXPECT_NE(result.err.find(row.message), std::string::npos) << result.err;
+        EXPECT_THAT(result.err, HasSubstr(row.message));
         EXPECT_EQ(result.err.find("driverhost: "), 0u);
         EXPECT_EQ(result.out, "");
     }
@@ -115,8 +114,8 @@ TEST_F(DocumentPage, PrintsOneLineAnItem) {
         EXPECT_NE(lines.find(line), std::string::npos) << line;
     }
     const std::string tree = Do({"document", "Office"}).out;
-    EXPECT_NE(tree.find("\n    Scaling                       100 %\n"), std::string::npos) << tree;
-    EXPECT_NE(tree.find("Disabled  <Edit>\n"), std::string::npos);
+    EXPECT_THAT(tree, HasSubstr("\n    Scaling                       100 %\n"));
+    EXPECT_THAT(tree, HasSubstr("Disabled  <Edit>\n"));
 }
 
 }  // namespace

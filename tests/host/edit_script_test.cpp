@@ -24,8 +24,7 @@ TEST_F(EditorScript, AddsAWatermarkAndTellsIt) {
         "choose Color = Red\nstep Size 2\npress 1\nanswer OK\n",
         {"--apply"});
     EXPECT_EQ(result.code, 0) << result.err;
-    EXPECT_NE(result.err.find("[Watermark] The new watermark \"Zebra\" is selected."),
-              std::string::npos);
+    EXPECT_THAT(result.err, HasSubstr("[Watermark] The new watermark \"Zebra\" is selected."));
     const nlohmann::json settings = Do({"document", "Office", "--json"}).Json()["privateDevmode"];
     EXPECT_EQ(settings["WatermarkIndex"], 9);
     EXPECT_EQ(settings["Watermark"]["Name"], "Zebra");
@@ -37,9 +36,9 @@ TEST_F(EditorScript, AnswersMessagesAsWrittenAndSafelyOtherwise) {
     Install("Office", "T");
     const std::string remove = "choose Watermark List = Copy\npress Delete\n";
     const CommandResult unanswered = Edit(remove + "press OK\n");
-    EXPECT_NE(unanswered.err.find("delete the selected watermark? -> Cancel"), std::string::npos);
+    EXPECT_THAT(unanswered.err, HasSubstr("delete the selected watermark? -> Cancel"));
     const CommandResult answered = Edit(remove + "answer OK\npress OK\n");
-    EXPECT_NE(answered.err.find("delete the selected watermark? -> OK"), std::string::npos);
+    EXPECT_THAT(answered.err, HasSubstr("delete the selected watermark? -> OK"));
     EXPECT_EQ(Edit("choose Watermark List = Copy\n").code, 1);
 }
 
@@ -56,7 +55,7 @@ TEST_F(EditorScript, StopsAtTheLineThatCannotBeDone) {
     for (const auto& row : rows) {
         const CommandResult result = Edit(row.script, {"--apply"});
         EXPECT_EQ(result.code, 1) << row.script;
-        EXPECT_NE(result.err.find(row.error), std::string::npos) << result.err;
+        EXPECT_THAT(result.err, HasSubstr(row.error));
     }
     const nlohmann::json settings = Do({"document", "Office", "--json"}).Json()["privateDevmode"];
     EXPECT_EQ(settings["WatermarkOn"], 0);
@@ -66,7 +65,7 @@ TEST_F(EditorScript, NeedsAnEnabledWatermark) {
     Install("Office", "T");
     const CommandResult result = Edit("press OK\n", {"-o", "Watermark=Disabled"});
     EXPECT_EQ(result.code, 1);
-    EXPECT_NE(result.err.find("the editor does not open while"), std::string::npos);
+    EXPECT_THAT(result.err, HasSubstr("the editor does not open while"));
 }
 
 TEST(EditScriptLines, ThatAreNotUnderstoodAreToldByTheirNumber) {
@@ -82,7 +81,7 @@ TEST(EditScriptLines, ThatAreNotUnderstoodAreToldByTheirNumber) {
     };
     for (const auto& row : rows) {
         try {
-            EditScript::Parse(row.script);
+            static_cast<void>(EditScript::Parse(row.script));
             ADD_FAILURE() << row.script;
         } catch (const UsageFailure& failure) {
             EXPECT_EQ(std::string(failure.what()).find(row.error), 0u) << failure.what();

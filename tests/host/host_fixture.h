@@ -1,6 +1,7 @@
 /// The program's commands run in a fresh machine.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
@@ -15,6 +16,8 @@
 #include "tests/support/machine_fixture.h"
 
 namespace host {
+
+using ::testing::HasSubstr;
 
 struct CommandResult {
     int code;

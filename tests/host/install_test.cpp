@@ -4,6 +4,7 @@
 #include <chrono>
 #include <fstream>
 #include <iterator>
+#include <tuple>
 
 #include "platform/base/machine.h"
 #include "platform/spooler/ports.h"
@@ -27,7 +28,7 @@ TEST_F(Installation, ListsThePrinterWithWhatTheEventWrote) {
     EXPECT_EQ(printers[0]["bidi"], true);
     EXPECT_EQ(printers[0]["printProcessor"], "QVRT__PP");
     EXPECT_EQ(printers[0]["driverData"]["EAIDCDisable"], 1);
-    EXPECT_NE(Do({"list"}).out.find("print processor  QVRT__PP"), std::string::npos);
+    EXPECT_THAT(Do({"list"}).out, HasSubstr("print processor  QVRT__PP"));
     EXPECT_EQ(Do({"profile", "Office"}).out, "OEMPROFILE.icm (flags 2)\n");
 }
 
@@ -108,7 +109,7 @@ TEST_F(Installation, RefusesWhatCannotBeInstalled) {
     for (const auto& row : rows) {
         const CommandResult result = Run(row.command);
         EXPECT_EQ(result.code, row.code) << row.message;
-        EXPECT_NE(result.err.find(row.message), std::string::npos) << result.err;
+        EXPECT_THAT(result.err, HasSubstr(row.message));
     }
     EXPECT_EQ(Do({"list", "--json"}).Json().size(), 1u);
     // Refused before anything was written.
@@ -123,9 +124,9 @@ TEST_F(Installation, FormsAreListedAsTheyAreAdded) {
     Do({"forms", "Office", "--add", "Banner=210x900"});
     Do({"forms", "Office", "--add", "Ticket=54.5x86"});
     const std::string forms = Do({"forms", "Office"}).out;
-    EXPECT_NE(forms.find("A4=210.0x297.0\n"), std::string::npos);
-    EXPECT_NE(forms.find("Banner=210.0x900.0 (added)\n"), std::string::npos);
-    EXPECT_NE(forms.find("Ticket=54.5x86.0 (added)\n"), std::string::npos);
+    EXPECT_THAT(forms, HasSubstr("A4=210.0x297.0\n"));
+    EXPECT_THAT(forms, HasSubstr("Banner=210.0x900.0 (added)\n"));
+    EXPECT_THAT(forms, HasSubstr("Ticket=54.5x86.0 (added)\n"));
 }
 
 TEST_F(Installation, RemovesPrinterAndDriver) {
@@ -162,7 +163,7 @@ TEST_F(Installation, DamagedStoreIsToldAndLeftAlone) {
                                          ? Run({command})
                                          : Run({command, "Office", "-o", "Copies=2", "--apply"});
         EXPECT_EQ(result.code, 1) << command;
-        EXPECT_NE(result.err.find("damaged"), std::string::npos) << result.err;
+        EXPECT_THAT(result.err, HasSubstr("damaged"));
     }
     EXPECT_EQ(ReadFile("registry.sqlite"), damage);
 }
@@ -171,7 +172,7 @@ TEST_F(Installation, DemoMakesAPrinterOfEachModelOnce) {
     for (int run = 0; run < 2; ++run) {
         const std::string pages = Do({"demo", (Folder() / "demo").native()}).out;
         for (const char* model : {"model U", "model T", "model V"}) {
-            EXPECT_NE(pages.find(model), std::string::npos);
+            EXPECT_THAT(pages, HasSubstr(model));
         }
     }
 }

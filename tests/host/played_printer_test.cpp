@@ -53,8 +53,7 @@ TEST(PlayedPrinter, AnswersAsAPrinterOfTheFamilyDoes) {
     options.tray2 = true;
     const std::string config = AskPrinter(options).bytes;
     EXPECT_EQ(config.find("@PJL INFO CONFIG\r\n"), 0u);
-    EXPECT_NE(config.find("\r\nTRAY2=INSTALLED [2 ENUMERATED]\r\n\tNOTINSTALLED\r\n"),
-              std::string::npos);
+    EXPECT_THAT(config, HasSubstr("\r\nTRAY2=INSTALLED [2 ENUMERATED]\r\n\tNOTINSTALLED\r\n"));
     EXPECT_EQ(config.find('\f'), config.size() - 1);
     EXPECT_LT(config.size(), 1024u);  // what the plug-in has room for
 
@@ -76,7 +75,7 @@ TEST(PlayedPrinter, HasFaultsToOrder) {
     const std::string lower = PjlAnswer(
         "@PJL INFO CONFIG", with([](auto& options) { options.lowerCase = options.tray3 = true; }));
     EXPECT_EQ(lower.find("@PJL INFO CONFIG\r\n"), 0u);
-    EXPECT_NE(lower.find("tray3=installed"), std::string::npos);
+    EXPECT_THAT(lower, HasSubstr("tray3=installed"));
     const std::string stale =
         PjlAnswer("@PJL INFO CONFIG", with([](auto& options) { options.staleBlockFirst = true; }));
     EXPECT_LT(stale.find('\f'), stale.find("@PJL INFO CONFIG"));

@@ -21,8 +21,7 @@ TEST_F(PrinterPage, KeepsOptionsSetByHandForThePrinter) {
     const nlohmann::json source = ItemNamed(document, "Paper Source");
     EXPECT_EQ(ChoiceNamed(source, "Tray 3")["stop"], true);
     EXPECT_EQ(ChoiceNamed(source, "Tray 2")["enabled"], true);
-    EXPECT_NE(Do({"document", "Office", "-l"}).out.find("Tray2 [Tray3] ManualFeed"),
-              std::string::npos);
+    EXPECT_THAT(Do({"document", "Office", "-l"}).out, HasSubstr("Tray2 [Tray3] ManualFeed"));
 }
 
 TEST_F(PrinterPage, FollowsThePrintersAnswerOverBothRoutes) {
@@ -77,7 +76,7 @@ TEST(InstalledOptions, AnswersAsADriverDoes) {
     const Model& third = *FindModel("T");
     const Model& two = *FindModel("u");
     InstalledOptions options;
-    options.Set(InstalledOption::Tray2, 1);
+    options.tray2 = false;
     char answer[260] = {};
     DWORD needed = 0;
     EXPECT_EQ(options.Answer(third, "Tray2", answer, 260, &needed, nullptr), TRUE);

@@ -25,7 +25,8 @@ class Sheet {
 public:
     explicit Sheet(PageKind kind) : sheet_("Office", kind) {
         sheet_.show();
-        QApplication::setActiveWindow(&sheet_);
+        sheet_.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&sheet_));
         sheet_.Load();
     }
 
@@ -69,7 +70,7 @@ private:
 class PageWindow : public HostTest {
 protected:
     PageWindow() {
-        platform::gui::EnsureApplication();
+        platform::EnsureApplication();
         Install("Office", "T");
     }
 
@@ -223,10 +224,10 @@ TEST_F(PageWindow, SaysThatItAsksThePrinterBeforeItBlocks) {
 }
 
 TEST_F(PageWindow, CannotOpenWithoutAPrinterOrADisplay) {
-    EXPECT_THROW(PropertySheet("Nobody", PageKind::Document).Run(), Failure);
+    EXPECT_THROW(static_cast<void>(PropertySheet("Nobody", PageKind::Document).Run()), Failure);
     const CommandResult result = Run({"document", "Office", "--window"});
     EXPECT_EQ(result.code, 1);
-    EXPECT_NE(result.err.find("no display"), std::string::npos);
+    EXPECT_THAT(result.err, HasSubstr("no display"));
     EXPECT_EQ(Run({"document", "Office", "--window", "--json"}).code, 2);
 }
 

@@ -12,8 +12,8 @@
 
 #include "common/oem_driver_interface.h"
 #include "common/unique_handle.h"
-#include "install/driver_event.h"
-#include "install/printer_event.h"
+#include "install/install_events.h"
+#include "install/print_processor.h"
 #include "tests/support/plugin_fixture.h"
 #include "tests/support/test_printer.h"
 

@@ -1,9 +1,11 @@
-#include "install/printer_event.h"
+#include "install/install_events.h"
 
 #include <string>
 
 #include "common/oem_driver_interface.h"
-#include "install/driver_event.h"
+#include "install/color_profile.h"
+#include "install/pending_deletions.h"
+#include "install/uninstaller.h"
 #include "tests/support/plugin_fixture.h"
 #include "tests/support/test_printer.h"
 
@@ -46,15 +48,14 @@ TEST(PendingOperations, OnlyDeletionsOfTheUninstallerAreSpoilt) {
         Text value = Pairs(row.before);
         const std::vector<WCHAR> before(value.begin(), value.end());
         std::vector<WCHAR> operations = before;
-        EXPECT_EQ(SpoilPendingDeletions(operations.data(), operations.size(), TEXT("UNINST.EXE")),
-                  row.after != nullptr)
+        EXPECT_EQ(SpoilPendingDeletions(operations, TEXT("UNINST.EXE")), row.after != nullptr)
             << row.before;
         value = Pairs(row.after == nullptr ? row.before : row.after);
         EXPECT_EQ(Text(operations.begin(), operations.end()), value) << row.before;
     }
     Text empty = Pairs("C:\\W\\||ab||");
-    EXPECT_FALSE(SpoilPendingDeletions(empty.data(), empty.size(), {}));
-    EXPECT_FALSE(SpoilPendingDeletions(empty.data(), empty.size(), TEXT("W\\")));
+    EXPECT_FALSE(SpoilPendingDeletions(empty, {}));
+    EXPECT_FALSE(SpoilPendingDeletions(empty, TEXT("W\\")));
 }
 
 class PrinterEvent : public tests::PluginTest {
@@ -140,14 +141,14 @@ TEST_F(PrinterEvent, APendingDeletionOfTheUninstallerIsSpoiltInPlace) {
 }
 
 TEST(UninstallCommand, HoldsAProgramOfUpTo249Characters) {
-    WCHAR line[kCommandLineCapacity];
-    ASSERT_TRUE(BuildUninstallCommand(TEXT("UNINST.EXE"), TEXT("QVRT_UNI.INI"), line));
-    EXPECT_EQ(Text(line), TEXT("UNINST.EXE QVRT_UNI.INI "));
+    const auto command = [](const Text& program) {
+        return Text(BuildUninstallCommand(program, TEXT("QVRT_UNI.INI")).c_str());
+    };
+    EXPECT_EQ(command(TEXT("UNINST.EXE")), TEXT("UNINST.EXE QVRT_UNI.INI "));
     const Text longest(249, TEXT('x'));
-    ASSERT_TRUE(BuildUninstallCommand(longest, TEXT("QVRT_UNI.INI"), line));
-    EXPECT_EQ(Text(line), longest + TEXT(" QVRT_UNI.INI "));
-    EXPECT_FALSE(BuildUninstallCommand(longest + TEXT("x"), TEXT("QVRT_UNI.INI"), line));
-    EXPECT_FALSE(BuildUninstallCommand({}, TEXT("QVRT_UNI.INI"), line));
+    EXPECT_EQ(command(longest), longest + TEXT(" QVRT_UNI.INI "));
+    EXPECT_EQ(command(longest + TEXT("x")), Text());
+    EXPECT_EQ(command({}), Text());
 }
 
 TEST(ColorProfile, IsNamedIntoABufferOfAtLeastThirtyTwoBytes) {

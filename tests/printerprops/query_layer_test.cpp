@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "common/unique_handle.h"
-#include "docprops/installed_options.h"
+#include "docprops/duplex_and_trays.h"
 #include "printerprops/pjl_connection.h"
 #include "printerprops/pjl_exchange.h"
 #include "printerprops/pjl_query.h"
@@ -33,14 +33,12 @@ PrinterLink LinkTo(const std::string& address, PortKind kind = PortKindShare) {
     return link;
 }
 
-/// The selections after a query, as digits; "failed" when the printer was not asked.
+/// What a query finds installed, one letter each; "failed" when the printer was not asked.
 std::string Query(const PrinterLink& link) {
-    UINT32 selections[3] = {7, 8, 9};
-    if (!QueryInstalledOptions(TEXT("Queried"), link, &selections[0], &selections[1],
-                               &selections[2])) {
-        return "failed";
-    }
-    return std::to_string(selections[0] * 100 + selections[1] * 10 + selections[2]);
+    const auto installed = QueryInstalledOptions(TEXT("Queried"), link);
+    if (!installed) return "failed";
+    return std::string(installed->Tray2 ? "2" : "") + (installed->Tray3 ? "3" : "") +
+           (installed->Duplex ? "D" : "");
 }
 
 const std::vector<LoopbackPrinter::Answer> kSilent(1);
@@ -52,7 +50,7 @@ TEST_F(QueryOnTheLayer, ASilentPrinterCountsAsAskedAndABrokenConnectionDoesNotBo
         LoopbackPrinter printer(kSilent);
         const tests::TestClock clock;
         const FailurePlan reset(isBroken ? "recv" : "none", 0, WSAECONNRESET);
-        EXPECT_EQ(Query(LinkTo(printer.Address())), isBroken ? "failed" : "789");
+        EXPECT_EQ(Query(LinkTo(printer.Address())), isBroken ? "failed" : "23D");
         EXPECT_EQ(clock.Sleeps(), std::vector<DWORD>(61, 250));
     }
 }
@@ -67,13 +65,13 @@ TEST_F(QueryOnTheLayer, APrinterThatFellSilentAndThenClosedCountsAsAsked) {
             char reply[34];
             DWORD length = 99;
             int error = 0;
-            for (int i = 0; i < 1000 && ReceiveFromPrinter(&link, reply, 1, &length, &error); ++i) {
+            for (int i = 0; i < 1000 && ReceiveFromPrinter(&link, {reply, 1}, &length, &error);
+                 ++i) {
                 ::Sleep(1);
             }
             const tests::TestClock clock;
             const FailurePlan silent(wasSilent ? "recv" : "none", 1, WSAEWOULDBLOCK);
-            EXPECT_EQ(ExchangePjl(&link, Wide(command).c_str(), reply, sizeof reply, &length),
-                      wasSilent);
+            EXPECT_EQ(ExchangePjl(&link, Wide(command).c_str(), reply, &length), wasSilent);
             EXPECT_EQ(length, 0u);
         }
     }
@@ -86,7 +84,8 @@ TEST_F(QueryOnTheLayer, AFloodWithoutFormFeedStaysInItsBuffer) {
     std::array<char, kReplyCapacity + 1> reply = {};
     DWORD length = 0;
     PrinterLink link = LinkTo(printer.Address());
-    ExchangePjl(&link, TEXT("#GET# x"), reply.data(), kReplyCapacity, &length);
+    const std::span<char> room(reply.data(), kReplyCapacity);
+    static_cast<void>(ExchangePjl(&link, TEXT("#GET# x"), room, &length));
     EXPECT_LE(length, kReplyCapacity);
     EXPECT_EQ(reply[kReplyCapacity], 0);
 }
@@ -99,7 +98,7 @@ TEST_F(QueryOnTheLayer, AQuestionThatCannotGoOutAtOnceHasASubstituteForItsReply)
         PrinterLink link = LinkTo(printer.Address());
         char reply[34] = {};
         DWORD length = 0;
-        EXPECT_EQ(ExchangePjl(&link, TEXT("#GET# x"), reply, size, &length), size == 34);
+        EXPECT_EQ(ExchangePjl(&link, TEXT("#GET# x"), {reply, size}, &length), size == 34);
         EXPECT_EQ(std::string(reply), size == 34 ? "@PJL INFO STATUS\r\nCODE=999999\r\n\f" : "");
     }
 }
@@ -111,11 +110,11 @@ TEST_F(QueryOnTheLayer, TheSpoolerIsAskedForTheStatusBeforeTheConfiguration) {
         int call;
         const char* expected;
     } rows[] = {
-        {"none", 1, "101"},
+        {"none", 1, "3"},
         {"SetPrinterDataW", 1, "failed"},
-        {"SetPrinterDataW", 2, "789"},
+        {"SetPrinterDataW", 2, "23D"},
         {"GetPrinterDataW", 1, "failed"},
-        {"GetPrinterDataW", 2, "789"},
+        {"GetPrinterDataW", 2, "23D"},
         {"OpenPrinterW", 1, "failed"},
     };
     for (const auto& row : rows) {
@@ -135,11 +134,10 @@ TEST_F(QueryOnTheLayer, TheSpoolerIsAskedForTheStatusBeforeTheConfiguration) {
 
 TEST_F(QueryOnTheLayer, WithoutANameTheSpoolerIsNotAsked) {
     const FailurePlan plan;
-    UINT32 untouched = 7;
     PrinterLink link = {};
     link.Kind = PortKindUsb;
-    EXPECT_FALSE(QueryInstalledOptions(TEXT(""), link, &untouched, &untouched, &untouched));
-    EXPECT_FALSE(QueryInstalledOptions(nullptr, link, &untouched, &untouched, &untouched));
+    EXPECT_FALSE(QueryInstalledOptions(TEXT(""), link));
+    EXPECT_FALSE(QueryInstalledOptions(nullptr, link));
     EXPECT_EQ(plan.Calls(), 0);
 }
 

@@ -3,7 +3,6 @@
 #include <set>
 
 #include "platform/faults/failure_points.h"
-#include "platform/spooler/printer_access.h"
 #include "platform/spooler/printer_page.h"
 #include "tests/spooler/spooler_fixture.h"
 
@@ -116,15 +115,6 @@ TEST_F(Printers, AreGoneWithTheirDataAndKeepNoHandleAlive) {
     EXPECT_EQ(Open(u"Office"), nullptr);
     for (const HANDLE handle : {printer, other}) EXPECT_TRUE(ClosePrinter(handle));
     EXPECT_EQ(ErrorOf(ClosePrinter(printer)), ERROR_INVALID_HANDLE);
-}
-
-TEST_F(Printers, RefuseTheAccessThatIsDenied) {
-    Install(u"Office");
-    ASSERT_EQ(spooler::DenyAccess(u"Office", PRINTER_ACCESS_ADMINISTER), DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(ErrorOf(Open(u"Office", PRINTER_ALL_ACCESS)), ERROR_ACCESS_DENIED);
-    EXPECT_TRUE(ClosePrinter(Open(u"Office", PRINTER_ACCESS_USE)));
-    ASSERT_EQ(spooler::DenyAccess(u"Office", 0), DWORD{ERROR_SUCCESS});
-    EXPECT_TRUE(ClosePrinter(Open(u"Office", PRINTER_ALL_ACCESS)));
 }
 
 TEST_F(Printers, DataIsReplacedWholeAndLiesInTheRegistry) {

@@ -1,7 +1,7 @@
 #include "tests/support/plugin_fixture.h"
 
+#include "common/current_printer.h"
 #include "common/model_identity.h"
-#include "common/page_state.h"
 #include "common/plugin_module.h"
 
 namespace tests {

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "tests/support/plugin_fixture.h"
+#include "watermark/damaged_list.h"
 #include "watermark/watermark_codec.h"
 
 using namespace oemui;
@@ -23,11 +24,18 @@ WatermarkRecord Parsed(const std::string& line, int before = 0) {
     return record;
 }
 
-void ExpectTexts(const WatermarkRecord& record, const std::string& name, const std::string& text,
-                 const std::string& face) {
-    EXPECT_EQ(Narrow(TextIn(record.Name)), name);
-    EXPECT_EQ(Narrow(TextIn(record.Text)), text);
-    EXPECT_EQ(Narrow(TextIn(record.FaceName)), face);
+/// The record's fields in the order of a default line, and the colour's index behind them.
+std::string Readable(const WatermarkRecord& record) {
+    std::string line = std::to_string(record.Index);
+    for (const TextView text : {TextIn(record.Name), TextIn(record.Text), TextIn(record.FaceName)})
+        line += "," + Narrow(text);
+    for (const INT32 number : std::initializer_list<INT32>{
+             record.PointSize, record.Bold, record.Italic, record.Red, record.Green, record.Blue,
+             static_cast<INT32>(record.AngleKind), record.AngleDegrees,
+             static_cast<INT32>(record.PositionKind), record.OffsetX, record.OffsetY,
+             static_cast<INT32>(record.ColorIndex), static_cast<INT32>(record.InUse)})
+        line += "," + std::to_string(number);
+    return line;
 }
 
 TEST(ParseIntegerTest, ReadsDigitsAndSkipsEverythingElse) {
@@ -42,47 +50,26 @@ TEST(ParseIntegerTest, ReadsDigitsAndSkipsEverythingElse) {
         {"z", 36, 35},
     };
     for (const Row& row : kRows) {
-        const auto text = Wide(row.text);
-        EXPECT_EQ(ParseInteger(text, text.size(), row.radix), row.value) << row.text;
+        EXPECT_EQ(ParseInteger(Wide(row.text), row.radix), row.value) << row.text;
     }
-    EXPECT_EQ(ParseInteger(TEXT("12345"), 2, 10), 12);
-    EXPECT_EQ(ParseInteger(TextView(TEXT("1\0002"), 3), 3, 10), 1);
-    const auto longText = Wide(std::string(254, '0') + "123");
-    EXPECT_EQ(ParseInteger(longText, longText.size(), 10), 1);
+    EXPECT_EQ(ParseInteger(TextView(TEXT("1\0002"), 3), 10), 1);
+    EXPECT_EQ(ParseInteger(Wide(std::string(254, '0') + "123"), 10), 1);
 }
 
 TEST(DefaultWatermarkLineTest, FifteenFieldsInOrder) {
     const WatermarkRecord record =
         Parsed("3, Copy,COPY ,Arial,72,1,2,300,4,255,257,-45,1,-36,18,more,,", 0x5A);
-    ExpectTexts(record, " Copy", "COPY ", "Arial");
-    EXPECT_EQ(record.Index, 3U);
-    EXPECT_EQ(record.InUse, 1U);
-    EXPECT_EQ(record.PointSize, 72);
-    EXPECT_EQ(record.Bold, 1);
-    EXPECT_EQ(record.Italic, 2);
-    EXPECT_EQ(record.Red, 44);
-    EXPECT_EQ(record.Green, 4);
-    EXPECT_EQ(record.Blue, 255);
-    EXPECT_EQ(record.AngleKind, kAngleDiagonal);
-    EXPECT_EQ(record.AngleDegrees, 45);
-    EXPECT_EQ(record.PositionKind, kPositionUserSetting);
-    EXPECT_EQ(record.OffsetX, 36);
-    EXPECT_EQ(record.OffsetY, 18);
-    EXPECT_EQ(record.ColorIndex, 0x5A5A5A5AU);
+    EXPECT_EQ(Readable(record), "3, Copy,COPY ,Arial,72,1,2,44,4,255,1,45,1,36,18,1515870810,1");
 }
 
 TEST(DefaultWatermarkLineTest, MissingFieldsAreEmptyAndLongTextsAreCut) {
-    for (const char* line : {"", "7", "7,", "7,Name,Text,Face,9,1"}) {
-        const WatermarkRecord record = Parsed(line, 0x5A);
-        EXPECT_EQ(record.InUse, 1U);
-        EXPECT_EQ(record.Index, *line == 0 ? 0U : 7U);
-        EXPECT_EQ(record.Italic, 0);
-        EXPECT_EQ(record.OffsetY, 0);
-    }
+    for (const char* line : {"7", "7,"})
+        EXPECT_EQ(Readable(Parsed(line)), "7,,,,0,0,0,0,0,0,0,0,0,0,0,0,1");
+    EXPECT_EQ(Readable(Parsed("", 0x5A)), "0,,,,0,0,0,0,0,0,0,0,0,0,0,1515870810,1");
     const std::string word(100, 'w');
-    const WatermarkRecord record = Parsed("1," + word + "," + word + "," + word + ",12");
-    ExpectTexts(record, word.substr(0, 31), word.substr(0, 63), word.substr(0, 31));
-    EXPECT_EQ(record.PointSize, 12);
+    EXPECT_EQ(Readable(Parsed("1," + word + "," + word + "," + word + ",12")),
+              "1," + word.substr(0, 31) + "," + word.substr(0, 63) + "," + word.substr(0, 31) +
+                  ",12,0,0,0,0,0,0,0,0,0,0,0,1");
 }
 
 TEST(CopyWatermarkTest, CopiesEveryFieldAndNothingBehindTheTerminators) {

@@ -5,6 +5,7 @@
 #include "tests/support/scripted_user.h"
 #include "tests/support/test_printer.h"
 #include "watermark/default_watermarks.h"
+#include "watermark/watermark_angle.h"
 #include "watermark/watermark_store.h"
 
 using namespace oemui;

@@ -6,6 +6,7 @@
 #include "resources/resource_ids.h"
 #include "tests/support/plugin_fixture.h"
 #include "tests/support/test_printer.h"
+#include "watermark/damaged_list.h"
 
 using namespace oemui;
 

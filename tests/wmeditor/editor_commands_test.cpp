@@ -1,5 +1,4 @@
 #include "tests/wmeditor/editor_fixture.h"
-#include "watermark/default_watermarks.h"
 
 namespace oemui {
 namespace {
@@ -67,8 +66,7 @@ TEST_F(EditorCommands, EscapeAndTheCloseBoxCancelEnterConfirms) {
         user_.TypeText(IDC_POINT_SIZE, TEXT("5"));
         user_.Close();
     });
-    EXPECT_EQ(std::memcmp(&WorkingWatermarkList, &OpeningWatermarkList, sizeof list_), 0);
-    EXPECT_EQ(CallerWatermarkList, nullptr);
+    EXPECT_EQ(std::memcmp(&WorkingWatermarkList, &list_, sizeof list_), 0);
     EXPECT_EQ(Stored().Count, 0);
     list_.Entries[1].PointSize = 8;
     EditTo(1, [this] {
@@ -100,7 +98,7 @@ TEST_F(EditorCommands, ChangedSettingsAreOverwrittenOnlyOnYes) {
 }
 
 TEST_F(EditorCommands, ADiagonalEntryTakesThePagesAngleAndAsks) {
-    list_.Entries[1].AngleKind = kAngleDiagonal;
+    list_.Entries[1].AngleKind = StoredValue(AngleKind::kDiagonal);
     list_.Entries[1].AngleDegrees = 7;
     user_.WillAnswer({IDYES});
     EditTo(1, [this] { user_.Click(IDOK); });
@@ -114,17 +112,16 @@ TEST_F(EditorCommands, NewStartsFromEntryZeroUnderAFreeName) {
     list_.Entries[0].AngleDegrees = -5;
     Edit([this] {
         user_.Click(IDC_NEW);
-        EXPECT_EQ(Narrow(TextIn(EditedWatermark.Name)), "Watermark - #2");
-        EXPECT_EQ(Narrow(TextIn(PreviewWatermark.Text)), "Watermark String");
-        EXPECT_EQ(EditedWatermark.PointSize, 33);
-        EXPECT_EQ(PreviewWatermark.AngleDegrees, -5);
+        EXPECT_EQ(Narrow(TextIn(Edited().Name)), "Watermark - #2");
+        EXPECT_EQ(Narrow(TextIn(Preview().Text)), "Watermark String");
+        EXPECT_EQ(Edited().PointSize, 33);
+        EXPECT_EQ(Preview().AngleDegrees, -5);
         EXPECT_EQ(::GetFocus(), ::GetDlgItem(user_.Dialog(), IDC_NAME));
         EXPECT_EQ(
             EnabledAmong({IDC_NEW, IDC_DELETE, IDC_WATERMARK_LIST, IDC_CANCEL, IDC_POINT_SIZE}),
             (std::vector<int>{IDC_CANCEL, IDC_POINT_SIZE}));
         user_.Click(IDC_CANCEL);
     });
-    EXPECT_EQ(AddingNew, 0u);
 }
 
 TEST_F(EditorCommands, ANewEntryIsSortedInSelectedAndAnnounced) {
@@ -155,7 +152,7 @@ TEST_F(EditorCommands, ARefusedEntryIsStillBeingAdded) {
         user_.Click(IDOK);
         user_.TypeText(IDC_NAME, TEXT("Tango"));
         user_.Click(IDOK);
-        EXPECT_EQ(AddingNew, 1u);
+        EXPECT_TRUE(Session().IsAdding());
         user_.PressKey(VK_ESCAPE);
     });
     ExpectMessages({kNoneNotAdded, kNameEmpty, kTextEmpty});
@@ -235,12 +232,17 @@ TEST_F(EditorCommands, ADeletionIsStoredWithoutUnusedEntriesAndLaterOnesAreNotAs
 TEST_F(EditorCommands, EntryZeroIsNeverDeleted) {
     list_.Count = 1;
     list_.Selected = 0;
-    user_.WillAnswer({IDOK});
     Edit([this] {
         EXPECT_FALSE(user_.Click(IDC_DELETE));
         SendCommand(IDC_DELETE);
+    });
+    // As when a page built meanwhile leaves its printer's first list there.
+    list_.Count = 2;
+    list_.Selected = 1;
+    user_.WillAnswer({IDOK});
+    Edit([this] {
         user_.Click(IDC_NEW);
-        CurrentIndex = 1;
+        WorkingWatermarkList.Count = 1;
         SendCommand(IDC_DELETE);
         EXPECT_TRUE(IsEnabled(IDC_NEW));
         EXPECT_EQ(WorkingWatermarkList.Count, 1);

@@ -66,7 +66,7 @@ TEST_F(EditorFailures, NewAndOk) {
     FailCalls(
         [this] {
             user_.WillAnswer({IDNO});
-            if (!user_.Click(IDC_NEW) || AddingNew == 0) return;
+            if (!user_.Click(IDC_NEW) || !Session().IsAdding()) return;
             if (user_.TypeText(IDC_NAME, TEXT("Zebra"))) user_.Click(IDOK);
         },
         {"", "<NONE> Alpha Zebra"});

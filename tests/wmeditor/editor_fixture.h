@@ -15,7 +15,7 @@
 #include "tests/support/test_printer.h"
 #include "tests/wmeditor/editor_lists.h"
 #include "wmeditor/editor_dialog.h"
-#include "wmeditor/editor_state.h"
+#include "wmeditor/editor_session.h"
 
 namespace tests {
 
@@ -26,7 +26,6 @@ protected:
         std::filesystem::remove(Folder() / "Windows/QVRT__WM.INI");
         oemui::CurrentPrinterName = printer_.Name().c_str();
         oemui::PreviewPaperSize = {2100, 2970};
-        oemui::LastPresetAngle = 0;
         list_ =
             MakeList({TEXT("<NONE>"), TEXT("Alpha"), TEXT("Delta"), TEXT("Echo"), TEXT("Foxtrot")});
         list_.Selected = 1;
@@ -40,6 +39,10 @@ protected:
     void EditTo(INT_PTR result, std::function<void()> work) {
         EXPECT_EQ(Edit(std::move(work)), result);
     }
+
+    static const oemui::EditorSession& Session() { return oemui::EditorSession::Current(); }
+    static const oemui::WatermarkRecord& Edited() { return Session().Edited(); }
+    static const oemui::WatermarkRecord& Preview() { return Session().Preview(); }
 
     LRESULT Send(int controlId, UINT message) const {
         return ::SendDlgItemMessageW(user_.Dialog(), controlId, message, 0, 0);

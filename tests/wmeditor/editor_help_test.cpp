@@ -11,8 +11,8 @@ class EditorHelp : public tests::EditorTest {
 protected:
     /// The help file's path, or nothing.
     static std::string Path() {
-        WCHAR path[MAX_PATH];
-        return FindHelpFilePath(path) ? Narrow(TextIn(path)) : std::string();
+        HelpPath path;
+        return FindHelpFilePath(&path) ? Narrow(path.View()) : std::string();
     }
 };
 

@@ -1,8 +1,7 @@
 #include <climits>
 
 #include "tests/wmeditor/editor_fixture.h"
-#include "watermark/default_watermarks.h"
-#include "wmeditor/editor_controls.h"
+#include "wmeditor/choice_lists.h"
 
 namespace oemui {
 namespace {
@@ -25,9 +24,9 @@ TEST_F(EditorSettings, AnEntryIsShownInEveryControl) {
     entry.Bold = 7;
     entry.PointSize = 48;
     entry.ColorIndex = 4;
-    entry.AngleKind = kAngleUserDefine;
+    entry.AngleKind = StoredValue(AngleKind::kUserDefine);
     entry.AngleDegrees = -30;
-    entry.PositionKind = kPositionUserSetting;
+    entry.PositionKind = StoredValue(PositionKind::kUserSetting);
     entry.OffsetX = -12;
     entry.OffsetY = 999;
     const std::pair<int, const char*> shown[] = {
@@ -40,7 +39,7 @@ TEST_F(EditorSettings, AnEntryIsShownInEveryControl) {
         for (const int button : {IDC_ITALIC, IDC_CENTER}) EXPECT_FALSE(IsChecked(button));
         for (const auto& controls : {kSettings, kUserAngle, kOffsets})
             EXPECT_EQ(EnabledAmong(controls), controls);
-        EXPECT_EQ(PreviewWatermark.Red, 255);
+        EXPECT_EQ(Preview().Red, 255);
     });
 }
 
@@ -58,38 +57,38 @@ TEST_F(EditorSettings, EntryZeroCannotBeChanged) {
 }
 
 TEST_F(EditorSettings, ShowingAnEntryBringsItsOwnAngleIntoRange) {
-    list_.Entries[1].AngleKind = kAngleVertical;
+    list_.Entries[1].AngleKind = StoredValue(AngleKind::kVertical);
     list_.Entries[1].AngleDegrees = 30;
     list_.Entries[2].AngleDegrees = 400;
     list_.Entries[3].AngleKind = 77;
     list_.Entries[3].AngleDegrees = INT_MIN;
     Edit([this] {
-        EXPECT_EQ(EditedWatermark.AngleDegrees, 30);
-        EXPECT_EQ(PreviewWatermark.AngleDegrees, 30);
+        EXPECT_EQ(Edited().AngleDegrees, 30);
+        EXPECT_EQ(Preview().AngleDegrees, 30);
         user_.Choose(IDC_WATERMARK_LIST, TEXT("Delta"));
-        EXPECT_EQ(PreviewWatermark.AngleDegrees, 180);
+        EXPECT_EQ(Preview().AngleDegrees, 180);
         user_.Choose(IDC_WATERMARK_LIST, TEXT("Echo"));
-        EXPECT_EQ(EditedWatermark.AngleDegrees, -180);
+        EXPECT_EQ(Edited().AngleDegrees, -180);
         EXPECT_EQ(Send(IDC_ANGLE, CB_GETCURSEL), -1);
         EXPECT_TRUE(EnabledAmong(kUserAngle).empty());
     });
 }
 
 TEST_F(EditorSettings, TheAngleIsHeldBackAtOnce) {
-    list_.Entries[1].AngleKind = kAngleUserDefine;
+    list_.Entries[1].AngleKind = StoredValue(AngleKind::kUserDefine);
     Edit([this] {
         user_.TypeText(IDC_USER_ANGLE, TEXT("250"));
         EXPECT_EQ(TextOf(IDC_USER_ANGLE), "180");
-        EXPECT_EQ(EditedWatermark.AngleDegrees, 180);
+        EXPECT_EQ(Edited().AngleDegrees, 180);
         user_.TypeText(IDC_USER_ANGLE, TEXT("-181"));
         EXPECT_EQ(TextOf(IDC_USER_ANGLE), "-180");
-        EXPECT_EQ(PreviewWatermark.AngleDegrees, -180);
+        EXPECT_EQ(Preview().AngleDegrees, -180);
         user_.TypeText(IDC_USER_ANGLE, TEXT("1234"));
         EXPECT_EQ(TextOf(IDC_USER_ANGLE), "123") << "three characters above zero";
         user_.StepUpDown(IDC_USER_ANGLE_SPIN, -2);
-        EXPECT_EQ(EditedWatermark.AngleDegrees, 121);
+        EXPECT_EQ(Edited().AngleDegrees, 121);
         user_.TypeText(IDC_USER_ANGLE, TEXT(""));
-        EXPECT_EQ(PreviewWatermark.AngleDegrees, 0);
+        EXPECT_EQ(Preview().AngleDegrees, 0);
     });
 }
 
@@ -99,52 +98,54 @@ TEST_F(EditorSettings, TheUserAngleStartsFromTheLastPresetOfTheProcess) {
         user_.Choose(IDC_ANGLE, TEXT("User Define"));
         EXPECT_EQ(TextOf(IDC_USER_ANGLE), "0");
         user_.Choose(IDC_ANGLE, TEXT("Diagonal"));
-        EXPECT_EQ(EditedWatermark.AngleDegrees, static_cast<INT32>(DiagonalAngleDegrees()));
+        EXPECT_EQ(Edited().AngleDegrees, static_cast<INT32>(DiagonalAngleDegrees()));
         EXPECT_TRUE(EnabledAmong(kUserAngle).empty());
         user_.Choose(IDC_ANGLE, TEXT("User Define"));
         EXPECT_EQ(TextOf(IDC_USER_ANGLE), "45");
-        EXPECT_EQ(EditedWatermark.AngleKind, kAngleUserDefine);
+        EXPECT_EQ(Edited().AngleKind, StoredValue(AngleKind::kUserDefine));
         EXPECT_EQ(EnabledAmong(kUserAngle), kUserAngle);
         user_.Choose(IDC_ANGLE, TEXT("Vertical"));
-        EXPECT_EQ(PreviewWatermark.AngleDegrees, 90);
-        EXPECT_EQ(PreviewWatermark.AngleKind, kAngleHorizontal) << "as the entry was shown";
+        EXPECT_EQ(Preview().AngleDegrees, 90);
+        EXPECT_EQ(Preview().AngleKind, StoredValue(AngleKind::kHorizontal))
+            << "as the entry was shown";
     });
     // In the next opening it takes no more than a look at the list.
-    list_.Entries[1].AngleKind = kAngleUserDefine;
+    list_.Entries[1].AngleKind = StoredValue(AngleKind::kUserDefine);
     Edit([this] {
         EXPECT_EQ(TextOf(IDC_USER_ANGLE), "30");
         user_.Choose(IDC_ANGLE, TEXT("User Define"));
         EXPECT_EQ(TextOf(IDC_USER_ANGLE), "90");
+        user_.Choose(IDC_ANGLE, TEXT("Horizontal"));  // as a module starts that was just loaded
     });
 }
 
 TEST_F(EditorSettings, TheSizeIsHeldBackWhenTheFocusLeaves) {
     Edit([this] {
         user_.TypeText(IDC_POINT_SIZE, TEXT("5"));
-        EXPECT_EQ(PreviewWatermark.PointSize, 5);
+        EXPECT_EQ(Preview().PointSize, 5);
         user_.Click(IDC_BOLD);
         EXPECT_EQ(TextOf(IDC_POINT_SIZE), "8");
-        EXPECT_EQ(PreviewWatermark.PointSize, 8);
+        EXPECT_EQ(Preview().PointSize, 8);
         user_.TypeText(IDC_POINT_SIZE, TEXT("9999"));
-        EXPECT_EQ(EditedWatermark.PointSize, 999) << "three digits at most";
+        EXPECT_EQ(Edited().PointSize, 999) << "three digits at most";
         user_.Click(IDC_ITALIC);
-        EXPECT_EQ(EditedWatermark.PointSize, 200);
+        EXPECT_EQ(Edited().PointSize, 200);
         user_.TypeText(IDC_POINT_SIZE, TEXT("-x"));
         EXPECT_EQ(TextOf(IDC_POINT_SIZE), "200") << "digits only";
         user_.StepUpDown(IDC_POINT_SIZE_SPIN, -1);
-        EXPECT_EQ(PreviewWatermark.PointSize, 199);
+        EXPECT_EQ(Preview().PointSize, 199);
     });
 }
 
 TEST_F(EditorSettings, NamesAndTextsHaveTheirLimits) {
     Edit([this] {
         user_.TypeText(IDC_NAME, tests::Text(25, TEXT('n')));
-        EXPECT_EQ(Narrow(TextIn(EditedWatermark.Name)), std::string(20, 'n'));
+        EXPECT_EQ(Narrow(TextIn(Edited().Name)), std::string(20, 'n'));
         user_.TypeText(IDC_TEXT, tests::Text(70, TEXT('t')));
         EXPECT_EQ(TextOf(IDC_TEXT), std::string(64, 't'));
-        EXPECT_EQ(Narrow(TextIn(PreviewWatermark.Text)), std::string(63, 't'));
+        EXPECT_EQ(Narrow(TextIn(Preview().Text)), std::string(63, 't'));
         user_.TypeText(IDC_TEXT, TEXT(""));
-        EXPECT_EQ(PreviewWatermark.Text[0], 0);
+        EXPECT_EQ(Preview().Text[0], 0);
     });
 }
 
@@ -158,7 +159,7 @@ TEST_F(EditorSettings, StyleColourAndTypefaceReachBothRecords) {
         ::SendDlgItemMessageW(user_.Dialog(), IDC_TYPEFACE, CB_ADDSTRING, 0,
                               reinterpret_cast<LPARAM>(TEXT("Zzz Face")));
         user_.Choose(IDC_TYPEFACE, TEXT("Zzz Face"));
-        for (const WatermarkRecord* record : {&EditedWatermark, &PreviewWatermark}) {
+        for (const WatermarkRecord* record : {&Edited(), &Preview()}) {
             EXPECT_EQ(record->Bold, 0);
             EXPECT_EQ(record->Italic, 1);
             EXPECT_EQ(record->ColorIndex, 2u);
@@ -205,14 +206,14 @@ TEST_F(EditorSettings, OffsetsFollowThePosition) {
         user_.TypeText(IDC_HORIZONTAL, TEXT("-99"));
         user_.StepUpDown(IDC_HORIZONTAL_SPIN, 3);
         user_.TypeText(IDC_VERTICAL, TEXT("1234"));
-        EXPECT_EQ(PreviewWatermark.OffsetX, -96);
-        EXPECT_EQ(EditedWatermark.OffsetY, 123);
-        EXPECT_EQ(EditedWatermark.PositionKind, kPositionUserSetting);
+        EXPECT_EQ(Preview().OffsetX, -96);
+        EXPECT_EQ(Edited().OffsetY, 123);
+        EXPECT_EQ(Edited().PositionKind, StoredValue(PositionKind::kUserSetting));
         user_.Click(IDC_CENTER);
         EXPECT_EQ(TextOf(IDC_HORIZONTAL), "0");
-        EXPECT_EQ(PreviewWatermark.OffsetX, 0);
-        EXPECT_EQ(EditedWatermark.OffsetY, 0);
-        EXPECT_EQ(EditedWatermark.PositionKind, kPositionCenter);
+        EXPECT_EQ(Preview().OffsetX, 0);
+        EXPECT_EQ(Edited().OffsetY, 0);
+        EXPECT_EQ(Edited().PositionKind, StoredValue(PositionKind::kCenter));
     });
 }
 
@@ -247,7 +248,7 @@ TEST_F(EditorSettings, AnyListOpens) {
         PreviewPaperSize = {row.byte, INT_MAX};
         const WatermarkList before = list_;
         EditTo(0, [this] {
-            EXPECT_EQ(CurrentIndex, 0);
+            EXPECT_EQ(Session().CurrentIndex(), 0);
             EXPECT_TRUE(EnabledAmong(kSettings).empty());
             SendCommand(IDC_WATERMARK_LIST);
         });

@@ -6,6 +6,7 @@
 
 #include "tests/support/plugin_fixture.h"
 #include "tests/wmeditor/editor_lists.h"
+#include "wmeditor/new_watermark.h"
 
 namespace oemui {
 namespace {
@@ -100,10 +101,8 @@ TEST_F(ListEditing, OnlySpacesAreBlank) {
 }
 
 TEST_F(ListEditing, DefaultNameTakesTheSmallestFreeNumber) {
-    WCHAR name[32];
-    const auto proposal = [&name](const WatermarkList& list) {
-        MakeDefaultWatermarkName(list, name);
-        return Narrow(TextIn(name));
+    const auto proposal = [](const WatermarkList& list) {
+        return Narrow(DefaultWatermarkName(list).View());
     };
     EXPECT_EQ(proposal(MakeList({TEXT("Watermark - #1")})), "Watermark - #1");
     EXPECT_EQ(proposal(MakeList({TEXT("0"), TEXT("Watermark - #2"), TEXT("Watermark - #1")})),
@@ -116,13 +115,12 @@ TEST_F(ListEditing, CopyTouchesNothingBehindTheList) {
     source.Entries[1].OffsetY = -999;
     WatermarkList destination;
     std::memset(static_cast<void*>(&destination), 0x5A, sizeof destination);
-    ASSERT_TRUE(CopyWatermarkList(&destination, &source));
+    CopyWatermarkList(&destination, source);
     EXPECT_EQ(destination.Selected, 1);
     EXPECT_EQ(Narrow(NamesIn(destination)), "0 A");
     EXPECT_EQ(destination.Entries[1].OffsetY, -999);
     EXPECT_EQ(destination.Entries[1].Name[2], 0x5A5A) << "behind the terminator";
     EXPECT_EQ(destination.Entries[2].PointSize, 0x5A5A5A5A);
-    EXPECT_FALSE(CopyWatermarkList(&destination, nullptr));
 }
 
 TEST_F(ListEditing, ListsFromOutsideStayInsideTheirSlots) {
@@ -130,15 +128,14 @@ TEST_F(ListEditing, ListsFromOutsideStayInsideTheirSlots) {
         WatermarkList list;
         std::memset(static_cast<void*>(&list), 0x41, sizeof list);  // no text is terminated
         list.Count = list.Selected = count;
-        WCHAR name[32];
-        MakeDefaultWatermarkName(list, name);
+        EXPECT_EQ(Narrow(DefaultWatermarkName(list).View()), "Watermark - #1");
         EXPECT_EQ(FindWatermarkByName(list, TEXT("x")), 16);
         EXPECT_EQ(CountWatermarkChanges(list.Entries[0], list.Entries[15]), 0);
         SortWatermarks(&list);
         InsertNewWatermark(&list, list.Entries[3]);
         RemoveWatermark(&list, 1);
         WatermarkList copy{};
-        CopyWatermarkList(&copy, &list);
+        CopyWatermarkList(&copy, list);
         EXPECT_EQ(copy.Entries[0].Name[31], 0);
     }
 }

@@ -28,7 +28,8 @@ TEST_F(Preview, PagesKeepTheirProportions) {
     for (const Row& row : kPages) {
         SCOPED_TRACE(std::to_string(row.paper.Width) + "x" + std::to_string(row.paper.Length));
         for (const UINT32 orientation : {1u, 2u, 3u}) {
-            const PreviewPageSize page = ScalePreviewPage(row.paper, orientation);
+            const auto page =
+                ScalePreviewPage(row.paper, static_cast<PageOrientation>(orientation));
             EXPECT_EQ(page.scale, row.scale);
             EXPECT_EQ(page.width, orientation == 2 ? row.height : row.width);
             EXPECT_EQ(page.height, orientation == 2 ? row.width : row.height);
@@ -82,9 +83,9 @@ TEST_F(Preview, AnyRecordIsCalculatedInThirtyTwoBits) {
     for (const INT32 extreme : {INT_MIN, INT_MIN + 1, -999, INT_MAX}) {
         record.AngleDegrees = record.OffsetX = record.OffsetY = extreme;
         for (const INT32 scale : {0, 14, 4318}) {
-            ComputeTextOrigin({0, 0, 115, 163}, INT_MAX / 5, scale, record);
+            static_cast<void>(ComputeTextOrigin({0, 0, 115, 163}, INT_MAX / 5, scale, record));
         }
-        MakePreviewFont(record);
+        EXPECT_EQ(MakePreviewFont(record).lfHeight, 3);
     }
     record = {};
     record.OffsetX = 0x10000000;  // times 16 leaves nothing of it

@@ -10,25 +10,25 @@ namespace platform {
 namespace {
 
 /// The whole of its rectangle answers the mouse, not its text alone.
-class CheckBox : public QCheckBox {
+template <typename Button>
+class HitAnywhere : public Button {
 public:
-    using QCheckBox::QCheckBox;
+    using Button::Button;
 
 protected:
-    bool hitButton(const QPoint& point) const override { return rect().contains(point); }
+    bool hitButton(const QPoint& point) const override { return this->rect().contains(point); }
 };
 
-class RadioButton : public QRadioButton {
+class RadioButton : public HitAnywhere<QRadioButton> {
 public:
-    explicit RadioButton(QWidget* parent) : QRadioButton(parent) { setAutoExclusive(false); }
+    explicit RadioButton(QWidget* parent) : HitAnywhere(parent) { setAutoExclusive(false); }
 
 protected:
-    bool hitButton(const QPoint& point) const override { return rect().contains(point); }
     void nextCheckState() override {}  // the control checks it, and clears the rest of its group
 };
 
 QAbstractButton* MakeFace(DWORD type, QWidget* parent) {
-    if (type == BS_AUTOCHECKBOX) return new CheckBox(parent);
+    if (type == BS_AUTOCHECKBOX) return new HitAnywhere<QCheckBox>(parent);
     if (type == BS_AUTORADIOBUTTON) return new RadioButton(parent);
     auto* button = new QPushButton(parent);
     button->setAutoDefault(false);

@@ -15,6 +15,15 @@ Control::~Control() {
     ForgetFocus(*this);
 }
 
+Control* Control::Of(const QWidget* widget) {
+    Window* window = Window::Of(widget);
+    if (window == nullptr || window->Kind() == WindowKind::kDialog) return nullptr;
+    const Window* parent = window->Parent();  // controls stand in dialogs, and nothing else does
+    return parent != nullptr && parent->Kind() == WindowKind::kDialog
+               ? static_cast<Control*>(window)
+               : nullptr;
+}
+
 void Control::Equip(QWidget* widget) {
     Adopt(widget);
     widget->setStyle(owner_.Widget()->style());

@@ -14,6 +14,9 @@ class Control : public Window {
 public:
     ~Control() override;
 
+    /// The control that shows a widget; may be null.
+    [[nodiscard]] static Control* Of(const QWidget* widget);
+
     ControlOwner& Owner() const { return owner_; }
     bool IsTabStop() const { return tabStop_; }
     bool StartsGroup() const { return startsGroup_; }

@@ -5,17 +5,14 @@
 namespace platform {
 
 Control* ControlOwner::Find(int controlId) const {
-    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& control) {
-        return control->ControlId() == controlId;
-    });
+    const auto found = std::ranges::find(controls_, controlId, &Control::ControlId);
     return found == controls_.end() ? nullptr : found->get();
 }
 
 Control* ControlOwner::Before(const Control& control) const {
-    for (std::size_t i = 1; i < controls_.size(); ++i) {
-        if (controls_[i].get() == &control) return controls_[i - 1].get();
-    }
-    return nullptr;
+    const auto found =
+        std::ranges::find(controls_, &control, [](const auto& each) { return each.get(); });
+    return found == controls_.begin() || found == controls_.end() ? nullptr : (found - 1)->get();
 }
 
 std::vector<Control*> ControlOwner::GroupOf(const Control& control) const {

@@ -45,10 +45,9 @@ void DropDownList::Place(const QRect& place) {
 }
 
 LRESULT DropDownList::Receive(UINT message, WPARAM first, LPARAM second) {
-    DWORD error;
     switch (message) {
         case CB_ADDSTRING:
-            if (MustFail("CB_ADDSTRING", &error)) return CB_ERRSPACE;
+            if (InjectedFailure("CB_ADDSTRING")) return CB_ERRSPACE;
             return second == 0 ? CB_ERR : Add(TextAt(second));
         case CB_DELETESTRING:
             return Delete(first);
@@ -61,42 +60,26 @@ LRESULT DropDownList::Receive(UINT message, WPARAM first, LPARAM second) {
             return selection_;
         case CB_FINDSTRINGEXACT:
             return second == 0 ? CB_ERR : FindExact(TextAt(second), static_cast<int>(first));
-        case CB_GETDROPPEDWIDTH:
-            return DroppedWidth();
         case CB_SETDROPPEDWIDTH:
             droppedWidth_ = static_cast<int>(std::min<WPARAM>(first, 0x7FFF));
             return DroppedWidth();
+        case CB_GETITEMDATA:
+            return Has(first) ? items_[first].value : CB_ERR;
+        case CB_SETITEMDATA:
+            if (!Has(first)) return CB_ERR;
+            items_[first].value = second;
+            return 0;
         default:
-            return ReceiveItem(message, first, second);
+            return 0;
     }
-}
-
-LRESULT DropDownList::ReceiveItem(UINT message, WPARAM index, LPARAM second) {
-    const bool asksItem = message == CB_GETLBTEXT || message == CB_GETLBTEXTLEN ||
-                          message == CB_GETITEMDATA || message == CB_SETITEMDATA;
-    if (!asksItem) return 0;
-    if (!Has(index)) return CB_ERR;
-    Item& item = items_[index];
-    if (message == CB_GETITEMDATA) return item.value;
-    if (message == CB_SETITEMDATA) {
-        item.value = second;
-        return 0;
-    }
-    if (message == CB_GETLBTEXT) {
-        const WCHAR* text = Wide(item.text);
-        std::copy(text, text + item.text.size() + 1, reinterpret_cast<WCHAR*>(second));
-    }
-    return item.text.size();
 }
 
 int DropDownList::Add(const QString& text) {
-    auto place = items_.end();
-    if (sorted_) {
-        place = std::upper_bound(items_.begin(), items_.end(), text,
-                                 [](const QString& added, const Item& item) {
-                                     return lstrcmpiW(Wide(added), Wide(item.text)) < 0;
-                                 });
-    }
+    const auto isBefore = [](const QString& one, const QString& other) {
+        return lstrcmpiW(Wide(one), Wide(other)) < 0;
+    };
+    const auto place =
+        sorted_ ? std::ranges::upper_bound(items_, text, isBefore, &Item::text) : items_.end();
     const int index = static_cast<int>(place - items_.begin());
     items_.insert(place, Item{text});
     if (index <= selection_) ++selection_;

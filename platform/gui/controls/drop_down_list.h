@@ -46,7 +46,6 @@ private:
     bool Has(WPARAM index) const { return index < items_.size(); }
     int Add(const QString& text);
     LRESULT Delete(WPARAM index);
-    LRESULT ReceiveItem(UINT message, WPARAM index, LPARAM second);
     void Select(int index);
     void HandleKey(QKeyEvent& event);
     /// The item that a key leads to; -1 when it is no key of lists.

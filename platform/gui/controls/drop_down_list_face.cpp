@@ -54,14 +54,6 @@ void DropDownList::Face::wheelEvent(QWheelEvent* event) {
     if (notches != 0) list_.MoveTo(target);
 }
 
-void DropDownList::Face::focusInEvent(QFocusEvent*) {
-    update();
-}
-
-void DropDownList::Face::focusOutEvent(QFocusEvent*) {
-    update();
-}
-
 DropDownList::Popup::Popup(DropDownList& list, QWidget* face)
     : QFrame(face, Qt::Popup), list_(list), items_(new QListWidget(this)) {
     // The window system replays the click that closed a popup; lists swallow it.

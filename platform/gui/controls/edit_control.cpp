@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QSignalBlocker>
 #include <algorithm>
 #include <limits>
 
@@ -25,14 +26,13 @@ bool IsTyped(const QKeyEvent& event) {
 }
 
 QString FirstLine(const QString& text) {
-    const auto end = std::find_if(text.begin(), text.end(),
-                                  [](QChar unit) { return unit == u'\r' || unit == u'\n'; });
+    const auto end =
+        std::ranges::find_if(text, [](QChar unit) { return unit == u'\r' || unit == u'\n'; });
     return text.left(end - text.begin());
 }
 
 bool AreDigits(const QString& text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](QChar unit) { return unit >= u'0' && unit <= u'9'; });
+    return std::ranges::all_of(text, [](QChar unit) { return unit >= u'0' && unit <= u'9'; });
 }
 
 }  // namespace
@@ -107,11 +107,7 @@ EditControl::EditControl(ControlOwner& owner, const ControlTemplate& made)
       limit_(kDefaultLimit) {
     Equip(face_);
     face_->setText(QString::fromStdU16String(made.Text));
-    QObject::connect(face_, &QLineEdit::textChanged, face_, [this] {
-        if (setByProgram_) return;
-        Notify(EN_UPDATE);
-        Notify(EN_CHANGE);
-    });
+    QObject::connect(face_, &QLineEdit::textChanged, face_, [this] { NotifyChange(); });
 }
 
 QString EditControl::Text() const {
@@ -119,10 +115,15 @@ QString EditControl::Text() const {
 }
 
 void EditControl::SetText(const QString& text) {
-    setByProgram_ = true;
-    face_->setText(text);
-    face_->setCursorPosition(0);
-    setByProgram_ = false;
+    {
+        const QSignalBlocker noneOfTheUser(face_);  // tells of real changes alone
+        face_->setText(text);
+        face_->setCursorPosition(0);
+    }
+    NotifyChange();
+}
+
+void EditControl::NotifyChange() {
     Notify(EN_UPDATE);
     Notify(EN_CHANGE);
 }

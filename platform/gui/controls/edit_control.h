@@ -25,10 +25,10 @@ public:
 
 private:
     class Face;
+    void NotifyChange();
     Face* face_;
     UpDown* upDown_ = nullptr;
     bool digitsOnly_;
-    bool setByProgram_ = false;
     std::size_t limit_;  ///< WCHARs that typing may reach
 };
 

@@ -14,11 +14,8 @@ bool movedWhileHeld = false;
 
 /// The control behind a widget; null for one that cannot have the focus reported any more.
 Control* ControlOf(const QWidget* widget) {
-    Window* window = Window::Of(widget);
-    if (window == nullptr || window->DialogWindow() == nullptr) return nullptr;
-    if (window->Kind() == WindowKind::kDialog) return nullptr;
-    auto* control = static_cast<Control*>(window);
-    return control->Owner().HasEnded() ? nullptr : control;
+    Control* control = Control::Of(widget);
+    return control == nullptr || control->Owner().HasEnded() ? nullptr : control;
 }
 
 }  // namespace

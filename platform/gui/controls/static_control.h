@@ -13,22 +13,18 @@ public:
     void SetText(const QString& text) override;
     void Place(const QRect& place) override;
 
+protected:
+    StaticControl(ControlOwner& owner, const ControlTemplate& made, QWidget* face);
+
 private:
-    class Face;
     QString text_;
-    DWORD type_;
 };
 
 /// A frame with a title in its top line.
-class GroupBox : public Control {
+class GroupBox : public StaticControl {
 public:
     GroupBox(ControlOwner& owner, const ControlTemplate& made);
-    QString Text() const override { return text_; }
-    void SetText(const QString& text) override;
-
-private:
-    class Face;
-    QString text_;
+    void Place(const QRect& place) override { Control::Place(place); }
 };
 
 }  // namespace platform

@@ -122,12 +122,10 @@ void UpDown::FindBuddy() {
 }
 
 LRESULT UpDown::Receive(UINT message, WPARAM, LPARAM second) {
+    if (message != UDM_SETRANGE) return 0;
     const auto packed = static_cast<DWORD_PTR>(second);
-    if (message == UDM_SETRANGE) {
-        highest_ = static_cast<SHORT>(LOWORD(packed));
-        lowest_ = static_cast<SHORT>(HIWORD(packed));
-    }
-    if (message == UDM_GETRANGE) return MAKELPARAM(highest_, lowest_);
+    highest_ = static_cast<SHORT>(LOWORD(packed));
+    lowest_ = static_cast<SHORT>(HIWORD(packed));
     return 0;
 }
 
@@ -137,22 +135,15 @@ void UpDown::StepByKey(int direction) {
 
 void UpDown::Step(int amount) {
     if (buddy_ == nullptr || (style_ & UDS_SETBUDDYINT) == 0) return;
-    ReadBuddy(&position_);
     const int direction = lowest_ <= highest_ ? amount : -amount;
     const auto [low, high] = std::minmax(lowest_, highest_);
+    bool isNumber = false;
+    const int number = buddy_->Text().trimmed().toInt(&isNumber);
+    if (isNumber && number >= low && number <= high) position_ = number;
     const int next = std::clamp(position_ + direction, low, high);
     if (next == position_) return;
     position_ = next;
     buddy_->SetText(QString::number(next));
-}
-
-bool UpDown::ReadBuddy(int* value) const {
-    bool isNumber = false;
-    const int number = buddy_->Text().trimmed().toInt(&isNumber);
-    const auto [low, high] = std::minmax(lowest_, highest_);
-    if (!isNumber || number < low || number > high) return false;
-    *value = number;
-    return true;
 }
 
 }  // namespace platform

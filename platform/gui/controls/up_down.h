@@ -21,8 +21,6 @@ public:
 private:
     class Face;
     void Step(int amount);
-    /// The buddy's number when it is one within the range.
-    bool ReadBuddy(int* value) const;
 
     DWORD style_;
     EditControl* buddy_ = nullptr;

@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/gui/controls/control.h"
 #include "platform/gui/controls/focus.h"
@@ -12,23 +13,18 @@
 #include "platform/gui/windows/window_text.h"
 
 using platform::Control;
-using platform::MustFail;
 using platform::Window;
 
 namespace {
 
 /// Passes the failure point and finds the window; null with the last error set.
 Window* WindowForCall(const char* point, HWND window) {
-    DWORD error;
-    if (MustFail(point, &error)) {
-        SetLastError(error);
-        return nullptr;
-    }
+    if (const auto error = platform::InjectedFailure(point)) return platform::Fail<Window*>(*error);
     return platform::RequireWindow(window);
 }
 
 QRect ScreenArea() {
-    platform::gui::EnsureApplication();
+    platform::EnsureApplication();
     const QScreen* screen = QGuiApplication::primaryScreen();
     return screen == nullptr ? QRect() : screen->geometry();
 }
@@ -101,13 +97,6 @@ int WINAPI GetWindowTextW(HWND window, LPWSTR text, int capacity) {
 int WINAPI GetWindowTextLengthW(HWND window) {
     const Window* found = WindowForCall("GetWindowTextLengthW", window);
     return found == nullptr ? 0 : static_cast<int>(found->Text().size());
-}
-
-BOOL WINAPI SetWindowTextW(HWND window, LPCWSTR text) {
-    Window* found = WindowForCall("SetWindowTextW", window);
-    if (found == nullptr) return FALSE;
-    found->SetText(platform::TextOrNothing(text));
-    return TRUE;
 }
 
 HWND WINAPI GetParent(HWND window) {

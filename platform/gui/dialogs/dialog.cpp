@@ -5,11 +5,14 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include "platform/base/fail.h"
 #include "platform/gui/controls/button_control.h"
 #include "platform/gui/controls/control_factory.h"
 #include "platform/gui/controls/focus.h"
 #include "platform/gui/controls/up_down.h"
 #include "platform/gui/dialogs/dialog_frame.h"
+#include "platform/gui/dialogs/dialog_keyboard.h"
+#include "platform/gui/windows/active_window.h"
 #include "platform/gui/windows/application.h"
 #include "platform/user/user.h"
 
@@ -21,12 +24,12 @@ Dialog::Dialog(const DialogTemplate& made, Window* owner, DLGPROC procedure)
       frame_(new Frame(*this, owner == nullptr ? nullptr : owner->Widget(),
                        (made.ExtendedStyle & WS_EX_CONTEXTHELP) != 0)) {
     Adopt(frame_);
-    frame_->setStyle(gui::Style());
+    frame_->setStyle(DialogStyle());
     frame_->setWindowTitle(QString::fromStdU16String(made.Caption));
 }
 
 std::unique_ptr<Dialog> Dialog::Make(const DialogTemplate& made, Window* owner, DLGPROC procedure) {
-    gui::EnsureApplication();
+    EnsureApplication();
     FollowFocus();
     const DialogUnits units(made);
     std::unique_ptr<Dialog> dialog(new Dialog(made, owner, procedure));
@@ -55,10 +58,10 @@ Dialog::~Dialog() {
 
 Dialog* Dialog::Require(HWND handle) {
     Window* window = RequireWindow(handle);
-    if (window == nullptr) return nullptr;
-    if (window->Kind() == WindowKind::kDialog) return static_cast<Dialog*>(window);
-    SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-    return nullptr;
+    if (window != nullptr && window->Kind() != WindowKind::kDialog) {
+        return Fail<Dialog*>(ERROR_INVALID_WINDOW_HANDLE);
+    }
+    return static_cast<Dialog*>(window);
 }
 
 INT_PTR Dialog::Run(LPARAM parameter) {
@@ -70,15 +73,17 @@ INT_PTR Dialog::Run(LPARAM parameter) {
     if (!ended_) CurrentUser().WorkInDialog(Handle());
     if (!ended_) Cancel();
     if (!ended_) End(-1);  // a program that does not take no for an answer
-    if (before != nullptr) QApplication::setActiveWindow(before);
+    if (before != nullptr) Activate(*before);
     return result_;
 }
 
 void Dialog::Show() {
     if (frame_->focusWidget() == nullptr) MoveToTabStop(*this, nullptr, true);
     frame_->show();
+    paintRequested_ = true;  // below, once
     // Offscreen and in tests nobody else makes a window the active one.
-    QApplication::setActiveWindow(frame_);
+    Activate(*frame_);
+    paintRequested_ = false;
     if (!ended_) Receive(WM_PAINT, 0, 0);
 }
 

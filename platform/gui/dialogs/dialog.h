@@ -19,7 +19,7 @@ public:
     ~Dialog() override;
 
     /// The dialog of a handle; null with the last error set when it is none.
-    static Dialog* Require(HWND handle);
+    [[nodiscard]] static Dialog* Require(HWND handle);
 
     /// Shows the dialog and lets the user work until it ends. \return what it ended with.
     INT_PTR Run(LPARAM parameter);
@@ -61,11 +61,5 @@ private:
     bool goingAway_ = false;
     bool paintRequested_ = false;
 };
-
-/// The keys of dialogs: Tab, Enter, Escape, help, arrows in groups, mnemonics. \param focused  the
-/// control that got the key; may be null. \return whether the key is used up.
-bool HandleDialogKey(Dialog& dialog, Control* focused, const QKeyEvent& event);
-/// Moves the focus to the next tab stop after a control (null: from the ends), or before it.
-void MoveToTabStop(Dialog& dialog, const Control* from, bool forward);
 
 }  // namespace platform

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/gui/dialogs/dialog.h"
 #include "platform/gui/templates/dialog_template.h"
@@ -13,27 +14,18 @@
 
 using platform::Control;
 using platform::Dialog;
-using platform::MustFail;
+using platform::Fail;
+using platform::InjectedFailure;
 
 namespace {
 
 /// Passes the failure point and finds the control; null with the last error set.
 Control* ControlForCall(const char* point, HWND dialog, int controlId) {
-    DWORD error;
-    if (MustFail(point, &error)) {
-        SetLastError(error);
-        return nullptr;
-    }
+    if (const auto error = InjectedFailure(point)) return Fail<Control*>(*error);
     const Dialog* found = Dialog::Require(dialog);
     if (found == nullptr) return nullptr;
     Control* control = found->Find(controlId);
-    if (control == nullptr) SetLastError(ERROR_CONTROL_ID_NOT_FOUND);
-    return control;
-}
-
-INT_PTR Refuse(DWORD error) {
-    SetLastError(error);
-    return -1;
+    return control == nullptr ? Fail<Control*>(ERROR_CONTROL_ID_NOT_FOUND) : control;
 }
 
 /// The number at the front of a text, as the C library reads it, within 32 bits.
@@ -53,29 +45,25 @@ bool LeadingNumber(const std::string& text, bool isSigned, UINT* number) {
 
 INT_PTR WINAPI DialogBoxParamW(HINSTANCE module, LPCWSTR dialogTemplate, HWND owner,
                                DLGPROC procedure, LPARAM parameter) {
-    DWORD error;
-    if (MustFail("DialogBoxParamW", &error)) return Refuse(error);
+    constexpr INT_PTR kFailed = -1;
+    if (const auto error = InjectedFailure("DialogBoxParamW")) return Fail(*error, kFailed);
     platform::Window* ownerWindow = nullptr;
     if (owner != nullptr) {
         ownerWindow = platform::RequireWindow(owner);
-        if (ownerWindow == nullptr) return -1;
+        if (ownerWindow == nullptr) return kFailed;
     }
-    if (!IS_INTRESOURCE(dialogTemplate)) return Refuse(ERROR_RESOURCE_NAME_NOT_FOUND);
+    if (!IS_INTRESOURCE(dialogTemplate)) return Fail(ERROR_RESOURCE_NAME_NOT_FOUND, kFailed);
     const auto id = static_cast<WORD>(reinterpret_cast<ULONG_PTR>(dialogTemplate));
     const auto bytes = platform::FindResource(module, platform::kDialogResource, id);
-    if (bytes.empty()) return Refuse(ERROR_RESOURCE_NAME_NOT_FOUND);
+    if (bytes.empty()) return Fail(ERROR_RESOURCE_NAME_NOT_FOUND, kFailed);
     const auto made = platform::ParseDialogTemplate(bytes);
-    if (!made) return Refuse(ERROR_INVALID_DATA);
+    if (!made) return Fail(ERROR_INVALID_DATA, kFailed);
     const auto dialog = Dialog::Make(*made, ownerWindow, procedure);
-    return dialog == nullptr ? Refuse(ERROR_INVALID_DATA) : dialog->Run(parameter);
+    return dialog == nullptr ? Fail(ERROR_INVALID_DATA, kFailed) : dialog->Run(parameter);
 }
 
 BOOL WINAPI EndDialog(HWND dialog, INT_PTR result) {
-    DWORD error;
-    if (MustFail("EndDialog", &error)) {
-        SetLastError(error);
-        return FALSE;
-    }
+    if (const auto error = InjectedFailure("EndDialog")) return Fail(*error);
     Dialog* found = Dialog::Require(dialog);
     if (found == nullptr) return FALSE;
     found->End(result);

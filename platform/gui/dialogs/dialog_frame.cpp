@@ -6,6 +6,8 @@
 #include <QStyle>
 #include <QWindow>
 
+#include "platform/gui/dialogs/dialog_keyboard.h"
+
 namespace platform {
 
 Dialog::Frame::Frame(Dialog& dialog, QWidget* owner, bool withHelpMark)
@@ -58,9 +60,9 @@ bool Dialog::Frame::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
-    Window* window = Window::Of(static_cast<QWidget*>(watched));
-    if (window == nullptr || window->DialogWindow() != &dialog_ || window == &dialog_) return false;
-    return HandleDialogKey(dialog_, static_cast<Control*>(window), *static_cast<QKeyEvent*>(event));
+    Control* control = Control::Of(static_cast<QWidget*>(watched));
+    return control != nullptr && &control->Owner() == &dialog_ &&
+           HandleDialogKey(dialog_, control, *static_cast<QKeyEvent*>(event));
 }
 
 void Dialog::Frame::AwaitHelpClick() {

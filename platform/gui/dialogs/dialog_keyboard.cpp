@@ -1,8 +1,7 @@
+#include "platform/gui/dialogs/dialog_keyboard.h"
+
 #include <QKeyEvent>
 #include <algorithm>
-
-#include "platform/gui/controls/focus.h"
-#include "platform/gui/dialogs/dialog.h"
 
 namespace platform {
 namespace {
@@ -18,7 +17,7 @@ Controls AllControls(const Dialog& dialog) {
 /// The first control after another (null: from the beginning), all round, that fits.
 template <typename Condition>
 Control* NextAfter(const Controls& controls, const Control* from, Condition fits) {
-    const auto found = std::find(controls.begin(), controls.end(), from);
+    const auto found = std::ranges::find(controls, from);
     const auto begin = found == controls.end() ? controls.begin() : found + 1;
     auto next = std::find_if(begin, controls.end(), fits);
     if (next != controls.end()) return *next;
@@ -63,7 +62,7 @@ bool FollowMnemonic(Dialog& dialog, const Control* focused, QChar letter) {
 /// An arrow key leads to the next button of the group; a radio button is checked by that.
 void MoveInGroup(Dialog& dialog, const Control& from, bool forward) {
     Controls group = dialog.GroupOf(from);
-    if (!forward) std::reverse(group.begin(), group.end());
+    if (!forward) std::ranges::reverse(group);
     Control* next = NextAfter(group, &from, [&](const Control* control) {
         return control->Kind() == WindowKind::kButton && control->TakesFocus() &&
                control->IsRadioButton() == from.IsRadioButton();
@@ -104,7 +103,7 @@ void AskHelpByKey(Dialog& dialog, const Control* focused, bool withMouse) {
 
 void MoveToTabStop(Dialog& dialog, const Control* from, bool forward) {
     Controls controls = AllControls(dialog);
-    if (!forward) std::reverse(controls.begin(), controls.end());
+    if (!forward) std::ranges::reverse(controls);
     Control* next = NextAfter(controls, from, IsOpenTabStop);
     if (next != nullptr) next->GiveFocus();
 }

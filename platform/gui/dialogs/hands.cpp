@@ -4,11 +4,13 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <algorithm>
 #include <cstdlib>
 
 #include "platform/gui/controls/drop_down_list.h"
 #include "platform/gui/dialogs/dialog.h"
 #include "platform/gui/dialogs/hands.h"
+#include "platform/gui/windows/active_window.h"
 
 namespace platform::hands {
 namespace {
@@ -38,9 +40,7 @@ constexpr KeyName kKeys[] = {{VK_BACK, Qt::Key_Backspace, "\b"},
 Dialog* OpenDialog(HWND handle) {
     Dialog* dialog = Dialog::Require(handle);
     if (dialog == nullptr || dialog->HasEnded()) return nullptr;
-    if (QApplication::activeWindow() != dialog->Widget()) {
-        QApplication::setActiveWindow(dialog->Widget());
-    }
+    Activate(*dialog->Widget());
     return dialog;
 }
 
@@ -131,13 +131,12 @@ bool PressKey(HWND dialog, int virtualKey, bool alt) {
     const Dialog* found = OpenDialog(dialog);
     if (found == nullptr) return false;
     const Qt::KeyboardModifiers modifiers = alt ? Qt::AltModifier : Qt::NoModifier;
-    for (const KeyName& known : kKeys) {
-        if (known.virtualKey != virtualKey) continue;
-        SendKey(*found, known.key, modifiers, QString::fromLatin1(known.text));
-        return true;
+    const auto* known = std::ranges::find(kKeys, virtualKey, &KeyName::virtualKey);
+    if (known != std::end(kKeys)) {
+        SendKey(*found, known->key, modifiers, QString::fromLatin1(known->text));
+    } else {  // letters and digits have the same numbers in both worlds
+        SendKey(*found, virtualKey, modifiers, QString(QChar(virtualKey).toLower()));
     }
-    // Letters and digits have the same numbers in both worlds.
-    SendKey(*found, virtualKey, modifiers, QString(QChar(virtualKey).toLower()));
     return true;
 }
 

@@ -1,21 +1,20 @@
-/// The hands of a user in a dialog.
+/// The hands of a user in a dialog: real mouse and key events on a control, so that focus, limits
+/// and notifications come about as they do for a person. All answer false, and do nothing, when the
+/// control is missing, hidden or disabled.
 #pragma once
 
 #include <windef.h>
 
 #include <string_view>
 
-/// The hands of a user in a dialog: real mouse and key events on a control, so that focus, limits
-/// and notifications come about as they do for a person. All answer false, and do nothing, when the
-/// control is missing, hidden or disabled.
 namespace platform::hands {
 
 bool Click(HWND dialog, int controlId);  ///< buttons, edits, lists
-bool TypeText(HWND dialog, int controlId,
-              std::u16string_view text);  ///< replaces the edit's text, key by key
+/// Replaces the edit's text, key by key.
+bool TypeText(HWND dialog, int controlId, std::u16string_view text);
 bool PressKey(HWND dialog, int virtualKey, bool alt = false);  ///< to whatever has the focus
-bool Choose(HWND dialog, int listId,
-            std::u16string_view itemText);              ///< opens the list, picks, closes
+/// Opens the list, picks, closes.
+bool Choose(HWND dialog, int listId, std::u16string_view itemText);
 bool StepUpDown(HWND dialog, int upDownId, int steps);  ///< clicks the up (+) or down (-) arrow
 /// Clicks the caption's question mark, then the control, which may be disabled.
 bool AskHelp(HWND dialog, int controlId);

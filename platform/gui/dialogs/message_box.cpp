@@ -11,12 +11,14 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/gui/controls/focus.h"
 #include "platform/gui/templates/dialog_units.h"
+#include "platform/gui/windows/active_window.h"
 #include "platform/gui/windows/application.h"
+#include "platform/gui/windows/picture.h"
 #include "platform/gui/windows/window.h"
-#include "platform/gui/windows/window_text.h"
 
 namespace platform {
 namespace {
@@ -32,21 +34,17 @@ constexpr ButtonName kButtonNames[] = {
     {IDOK, u"OK"}, {IDCANCEL, u"Cancel"}, {IDYES, u"&Yes"}, {IDNO, u"&No"}};
 
 QString NameOf(int button) {
-    const auto* found = std::find_if(std::begin(kButtonNames), std::end(kButtonNames),
-                                     [&](const ButtonName& each) { return each.id == button; });
-    return QString::fromUtf16(found->text);
+    return QString::fromUtf16(std::ranges::find(kButtonNames, button, &ButtonName::id)->text);
 }
 
 class Box : public QDialog {
 public:
     Box(const MessageBoxRequest& request, QWidget* owner) : QDialog(owner) {
-        setStyle(gui::Style());
+        setStyle(DialogStyle());
         setFont(DialogFont(u"MS Sans Serif", 9));
         setWindowTitle(QString::fromStdU16String(request.caption));
         const std::vector<int> buttons = MessageBoxButtons(request.type);
-        escape_ = buttons.size() == 1 ? buttons.front()
-                  : std::find(buttons.begin(), buttons.end(), IDCANCEL) != buttons.end() ? IDCANCEL
-                                                                                         : 0;
+        escape_ = buttons.back() == IDNO ? 0 : buttons.back();
         setWindowFlag(Qt::WindowCloseButtonHint, escape_ != 0);
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(16, 16, 16, 12);
@@ -90,18 +88,13 @@ private:
 }  // namespace
 
 std::vector<int> MessageBoxButtons(UINT type) {
-    switch (type & kButtonsMask) {
-        case MB_OKCANCEL:
-            return {IDOK, IDCANCEL};
-        case MB_YESNO:
-            return {IDYES, IDNO};
-        default:
-            return {IDOK};
-    }
+    if ((type & kButtonsMask) == MB_OKCANCEL) return {IDOK, IDCANCEL};
+    if ((type & kButtonsMask) == MB_YESNO) return {IDYES, IDNO};
+    return {IDOK};
 }
 
 int ShowMessageBox(const MessageBoxRequest& request) {
-    gui::EnsureApplication();
+    EnsureApplication();
     const Window* owner = Window::From(request.owner);
     // Without an owner it stands before whatever window the user works in.
     Box box(request, owner == nullptr ? QApplication::activeWindow() : owner->Widget());
@@ -109,23 +102,21 @@ int ShowMessageBox(const MessageBoxRequest& request) {
     const QPointer<QWidget> before = QApplication::activeWindow();
     const int button = box.exec();
     // The focus is back before the caller goes on, whenever the window manager gets to it.
-    if (before != nullptr) QApplication::setActiveWindow(before);
+    if (before != nullptr) Activate(*before);
     return button;
 }
 
 bool SaveMessageBoxPicture(const MessageBoxRequest& request, const std::filesystem::path& file) {
-    gui::EnsureApplication();
+    EnsureApplication();
     Box box(request, nullptr);
-    return box.grab().save(QString::fromStdU16String(file.u16string()), "PNG");
+    return SavePicture(box, file);
 }
 
 }  // namespace platform
 
 int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) {
-    DWORD error;
-    if (platform::MustFail("MessageBoxW", &error)) {
-        SetLastError(error);
-        return 0;
+    if (const auto error = platform::InjectedFailure("MessageBoxW")) {
+        return platform::Fail<int>(*error);
     }
     if (owner != nullptr && platform::RequireWindow(owner) == nullptr) return 0;
     const platform::FocusAway boxInFront;

@@ -13,9 +13,10 @@ namespace platform {
 int ShowMessageBox(const MessageBoxRequest& request);
 
 /// Draws what `ShowMessageBox` would show into a PNG file; false when it cannot be written.
-bool SaveMessageBoxPicture(const MessageBoxRequest& request, const std::filesystem::path& file);
+[[nodiscard]] bool SaveMessageBoxPicture(const MessageBoxRequest& request,
+                                         const std::filesystem::path& file);
 
 /// The buttons of a type, in their order.
-std::vector<int> MessageBoxButtons(UINT type);
+[[nodiscard]] std::vector<int> MessageBoxButtons(UINT type);
 
 }  // namespace platform

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "platform/faults/failure_points.h"
 #include "platform/gui/windows/window.h"
 #include "platform/spooler/printer_page.h"
 
@@ -61,6 +62,14 @@ LONG PrinterDots(LONG length) {
     return static_cast<LONG>(std::clamp<std::int64_t>(dots, 0, INT32_MAX));
 }
 
+/// Exchanges what is selected, and keeps count of it. \return the object before.
+template <typename Object>
+HGDIOBJ Exchange(Object*& selected, GraphicsObject& next) {
+    --selected->selections;
+    ++next.selections;
+    return std::exchange(selected, static_cast<Object*>(&next))->Handle();
+}
+
 HDC HandleOf(DeviceContext* context) {
     return static_cast<HDC>(context->Handle());
 }
@@ -107,33 +116,25 @@ void DeviceContext::Show() {
     if (Window* target = Window::From(window)) target->ShowBacking();
 }
 
-template <typename Object>
-Object* DeviceContext::Exchange(Object*& selected, Object* next) {
-    Object* before = selected;
-    --before->selections;
-    ++next->selections;
-    selected = next;
-    return before;
-}
-
 DeviceContext* ContextForCall(const char* point, HDC context) {
-    return DrawingCallFails(point) ? nullptr : FindGraphicsObject<DeviceContext>(context);
+    if (const auto error = InjectedFailure(point)) return Fail<DeviceContext*>(*error);
+    return FindGraphicsObject<DeviceContext>(context);
 }
 
 }  // namespace platform
 
 using platform::DeviceContext;
+using platform::Fail;
+using platform::InjectedFailure;
 
 HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* devmode) {
-    if (platform::DrawingCallFails("CreateDCW")) return nullptr;
+    if (const auto error = InjectedFailure("CreateDCW")) return Fail<HDC>(*error);
     if (driver != nullptr || device == nullptr || output != nullptr || devmode != nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
+        return Fail<HDC>(ERROR_INVALID_PARAMETER);
     }
     platform::spooler::PageSize page = {};
     if (!platform::spooler::PrinterPage(device, &page)) {
-        SetLastError(ERROR_INVALID_PRINTER_NAME);
-        return nullptr;
+        return Fail<HDC>(ERROR_INVALID_PRINTER_NAME);
     }
     auto* context = new DeviceContext(DeviceContext::Surface::kPrinter);
     context->page = {platform::PrinterDots(page.width), platform::PrinterDots(page.height)};
@@ -149,15 +150,14 @@ int WINAPI GetDeviceCaps(HDC context, int index) {
 }
 
 HDC WINAPI CreateCompatibleDC(HDC context) {
-    if (platform::DrawingCallFails("CreateCompatibleDC")) return nullptr;
-    if (context != nullptr && !platform::FindGraphicsObject<DeviceContext>(context)) {
-        return nullptr;
-    }
+    if (const auto error = InjectedFailure("CreateCompatibleDC")) return Fail<HDC>(*error);
+    if (context != nullptr && !platform::FindGraphicsObject<DeviceContext>(context)) return nullptr;
     return platform::HandleOf(new DeviceContext(DeviceContext::Surface::kMemory));
 }
 
 HDC WINAPI GetDC(HWND window) {
-    return platform::DrawingCallFails("GetDC") ? nullptr : platform::MakeWindowContext(window);
+    if (const auto error = InjectedFailure("GetDC")) return Fail<HDC>(*error);
+    return platform::MakeWindowContext(window);
 }
 
 int WINAPI ReleaseDC(HWND window, HDC context) {
@@ -171,7 +171,8 @@ int WINAPI ReleaseDC(HWND window, HDC context) {
 }
 
 HDC WINAPI BeginPaint(HWND window, PAINTSTRUCT* paint) {
-    if (platform::DrawingCallFails("BeginPaint") || paint == nullptr) return nullptr;
+    if (const auto error = InjectedFailure("BeginPaint")) return Fail<HDC>(*error);
+    if (paint == nullptr) return nullptr;
     *paint = {};
     paint->hdc = platform::MakeWindowContext(window);
     if (paint->hdc == nullptr) return nullptr;
@@ -198,20 +199,19 @@ HGDIOBJ WINAPI SelectObject(HDC context, HGDIOBJ object) {
     if (next == nullptr) return nullptr;
     switch (next->Kind()) {
         case platform::GraphicsKind::kFont:
-            return target->Exchange(target->font, static_cast<platform::Font*>(next))->Handle();
+            return platform::Exchange(target->font, *next);
         case platform::GraphicsKind::kBrush:
-            return target->Exchange(target->brush, static_cast<platform::Brush*>(next))->Handle();
+            return platform::Exchange(target->brush, *next);
         case platform::GraphicsKind::kBitmap:
             if (target->surface != DeviceContext::Surface::kMemory ||
                 (next->selections > 0 && !next->IsStock() && next != target->bitmap)) {
                 return nullptr;
             }
-            return target->Exchange(target->bitmap, static_cast<platform::Bitmap*>(next))->Handle();
+            return platform::Exchange(target->bitmap, *next);
         case platform::GraphicsKind::kDeviceContext:
             break;
     }
-    SetLastError(ERROR_INVALID_HANDLE);
-    return nullptr;
+    return Fail<HGDIOBJ>(ERROR_INVALID_HANDLE);
 }
 
 int WINAPI FillRect(HDC context, const RECT* rectangle, HBRUSH brush) {
@@ -234,8 +234,7 @@ BOOL WINAPI BitBlt(HDC target, int x, int y, int width, int height, HDC source, 
     QImage* toPixels = to->Pixels();
     const QImage* fromPixels = from->Pixels();
     if (operation != SRCCOPY || toPixels == nullptr || fromPixels == nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return FALSE;
+        return Fail(ERROR_INVALID_PARAMETER);
     }
     platform::CopyPixels(*toPixels, *fromPixels, {x, sourceX, width}, {y, sourceY, height});
     to->Show();

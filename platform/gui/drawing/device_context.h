@@ -21,9 +21,6 @@ struct DeviceContext : GraphicsObject {
     QImage* Pixels();
     /// Brings what was drawn into a window's image onto the screen, at once.
     void Show();
-    /// Exchanges what is selected, and keeps count of it. \return the object before.
-    template <typename Object>
-    Object* Exchange(Object*& selected, Object* next);
 
     const Surface surface;
     HWND window = nullptr;  ///< window contexts
@@ -38,7 +35,7 @@ struct DeviceContext : GraphicsObject {
 
 /// The context of a drawing call: passes the call's failure point, then looks up the handle. Null
 /// with the last error set.
-DeviceContext* ContextForCall(const char* point, HDC context);
+[[nodiscard]] DeviceContext* ContextForCall(const char* point, HDC context);
 
 QColor ColorOf(COLORREF color);
 

@@ -12,9 +12,8 @@ namespace {
 constexpr int kLongestText = 8192;  // WCHARs
 
 bool IsDrawable(LPCWSTR text, int length) {
-    if (length >= 0 && length <= kLongestText && (text != nullptr || length == 0)) return true;
-    SetLastError(ERROR_INVALID_PARAMETER);
-    return false;
+    const bool drawable = length >= 0 && length <= kLongestText && (text != nullptr || length == 0);
+    return drawable || Fail(ERROR_INVALID_PARAMETER, false);
 }
 
 double WidthOf(const SettledFont& font, const QString& text) {

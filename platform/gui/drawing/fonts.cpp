@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "platform/faults/failure_points.h"
 #include "platform/gui/drawing/graphics_objects.h"
 #include "platform/gui/windows/application.h"
 
@@ -60,7 +61,7 @@ FontCatalogue ReadFontCatalogue() {
 }
 
 const FontCatalogue& Catalogue() {
-    gui::EnsureApplication();
+    EnsureApplication();
     static FontCatalogue catalogue;
     static bool current = false;
     static const QGuiApplication* watched = nullptr;
@@ -163,13 +164,13 @@ QString WellFormedText(const WCHAR* text, int length) {
 
 int WINAPI EnumFontFamiliesW(HDC context, LPCWSTR family, FONTENUMPROCW procedure,
                              LPARAM argument) {
-    if (platform::DrawingCallFails("EnumFontFamiliesW")) return 0;
+    using platform::Fail;
+    if (const auto error = platform::InjectedFailure("EnumFontFamiliesW")) return Fail<int>(*error);
     const platform::GraphicsObject* object = platform::FindGraphicsObject(context);
     if (object == nullptr) return 0;
     if (family != nullptr || procedure == nullptr ||
         object->Kind() != platform::GraphicsKind::kDeviceContext) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return 0;
+        return Fail<int>(ERROR_INVALID_PARAMETER);
     }
     int result = 1;
     // A copy: the callback may bring the catalogue to be read again.

@@ -6,6 +6,7 @@
 #include "platform/base/handles.h"
 #include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
+#include "platform/gui/drawing/device_context.h"
 
 namespace platform {
 namespace {
@@ -15,9 +16,18 @@ constexpr std::int64_t kMostPixels = std::int64_t{1} << 26;  // 256 MB at four b
 constexpr COLORREF kWhite = RGB(255, 255, 255);
 constexpr COLORREF kDarkGrey = RGB(64, 64, 64);
 
-const char* KindName(GraphicsKind kind) {
-    static constexpr const char* kNames[] = {"device context", "bitmap", "font", "brush"};
-    return kNames[static_cast<int>(kind)];
+struct KindName {
+    GraphicsKind kind;
+    const char* name;
+};
+constexpr KindName kKindNames[] = {{GraphicsKind::kDeviceContext, "device context"},
+                                   {GraphicsKind::kBitmap, "bitmap"},
+                                   {GraphicsKind::kFont, "font"},
+                                   {GraphicsKind::kBrush, "brush"}};
+
+void Count(const GraphicsObject& object, int change) {
+    if (object.IsStock()) return;
+    CountObject(std::ranges::find(kKindNames, object.Kind(), &KindName::kind)->name, change);
 }
 
 /// Never destroyed: contexts may still be let go of while the process ends.
@@ -37,12 +47,12 @@ QImage WhiteImage(int width, int height) {
 GraphicsObject::GraphicsObject(GraphicsKind kind, Lifetime lifetime)
     : kind_(kind), lifetime_(lifetime), handle_(reinterpret_cast<HGDIOBJ>(NextHandleValue())) {
     ObjectsAlive().emplace(handle_, this);
-    if (lifetime_ == Lifetime::kCounted) CountObject(KindName(kind_), 1);
+    Count(*this, 1);
 }
 
 GraphicsObject::~GraphicsObject() {
     ObjectsAlive().erase(handle_);
-    if (lifetime_ == Lifetime::kCounted) CountObject(KindName(kind_), -1);
+    Count(*this, -1);
 }
 
 const SettledFont& Font::Settled() {
@@ -52,9 +62,8 @@ const SettledFont& Font::Settled() {
 
 GraphicsObject* FindGraphicsObject(const void* handle) {
     const auto found = ObjectsAlive().find(handle);
-    if (found != ObjectsAlive().end()) return found->second;
-    SetLastError(ERROR_INVALID_HANDLE);
-    return nullptr;
+    return found != ObjectsAlive().end() ? found->second
+                                         : Fail<GraphicsObject*>(ERROR_INVALID_HANDLE);
 }
 
 Bitmap& StockBitmap() {
@@ -72,48 +81,35 @@ Brush& StockWhiteBrush() {
     return brush;
 }
 
-bool DrawingCallFails(const char* point) {
-    DWORD error;
-    if (!MustFail(point, &error)) return false;
-    SetLastError(error);
-    return true;
-}
-
 }  // namespace platform
 
 using platform::Bitmap;
 using platform::Brush;
+using platform::Fail;
 using platform::Font;
 using platform::GraphicsObject;
 
+// Calls that only give something back (`DeleteDC`, `DeleteObject`, `ReleaseDC`, `EndPaint`) have no
+// failure point: nobody could mend their failure, and each would count as a leak.
+
 HBITMAP WINAPI CreateCompatibleBitmap(HDC context, int width, int height) {
-    if (platform::DrawingCallFails("CreateCompatibleBitmap")) return nullptr;
-    const GraphicsObject* reference = platform::FindGraphicsObject(context);
-    if (reference == nullptr || reference->Kind() != platform::GraphicsKind::kDeviceContext) {
-        SetLastError(ERROR_INVALID_HANDLE);
-        return nullptr;
-    }
+    if (platform::ContextForCall("CreateCompatibleBitmap", context) == nullptr) return nullptr;
     const int columns = width == 0 || height == 0 ? 1 : width;
     const int rows = width == 0 || height == 0 ? 1 : height;
     if (columns < 0 || rows < 0 || columns > platform::kLongestSide ||
         rows > platform::kLongestSide || std::int64_t{columns} * rows > platform::kMostPixels) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
+        return Fail<HBITMAP>(ERROR_INVALID_PARAMETER);
     }
     QImage pixels = platform::WhiteImage(columns, rows);
-    if (pixels.isNull()) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-        return nullptr;
-    }
+    if (pixels.isNull()) return Fail<HBITMAP>(ERROR_NOT_ENOUGH_MEMORY);
     return static_cast<HBITMAP>((new Bitmap(std::move(pixels)))->Handle());
 }
 
 HFONT WINAPI CreateFontIndirectW(const LOGFONTW* font) {
-    if (platform::DrawingCallFails("CreateFontIndirectW")) return nullptr;
-    if (font == nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
+    if (const auto error = platform::InjectedFailure("CreateFontIndirectW")) {
+        return Fail<HFONT>(*error);
     }
+    if (font == nullptr) return Fail<HFONT>(ERROR_INVALID_PARAMETER);
     return static_cast<HFONT>((new Font(*font))->Handle());
 }
 
@@ -126,10 +122,7 @@ HGDIOBJ WINAPI GetStockObject(int object) {
 BOOL WINAPI DeleteObject(HGDIOBJ object) {
     GraphicsObject* found = platform::FindGraphicsObject(object);
     if (found == nullptr) return FALSE;
-    if (found->Kind() == platform::GraphicsKind::kDeviceContext) {
-        SetLastError(ERROR_INVALID_HANDLE);
-        return FALSE;
-    }
+    if (found->Kind() == platform::GraphicsKind::kDeviceContext) return Fail(ERROR_INVALID_HANDLE);
     if (found->IsStock()) return TRUE;
     if (found->selections > 0) return FALSE;
     delete found;

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <optional>
 
+#include "platform/base/fail.h"
 #include "platform/gui/drawing/fonts.h"
 
 namespace platform {
@@ -66,26 +67,19 @@ struct Brush : GraphicsObject {
 };
 
 /// The object behind a handle, whatever its kind; null with ERROR_INVALID_HANDLE as last error.
-GraphicsObject* FindGraphicsObject(const void* handle);
+[[nodiscard]] GraphicsObject* FindGraphicsObject(const void* handle);
 
 /// The object of one kind behind a handle; null with ERROR_INVALID_HANDLE as last error.
 template <typename Object>
-Object* FindGraphicsObject(const void* handle) {
+[[nodiscard]] Object* FindGraphicsObject(const void* handle) {
     GraphicsObject* object = FindGraphicsObject(handle);
-    if (object == nullptr) return nullptr;
-    if (object->Kind() == Object::kKind) return static_cast<Object*>(object);
-    SetLastError(ERROR_INVALID_HANDLE);
-    return nullptr;
+    if (object == nullptr || object->Kind() == Object::kKind) return static_cast<Object*>(object);
+    return Fail<Object*>(ERROR_INVALID_HANDLE);
 }
 
 /// What every new context holds: a bitmap of one pixel, the system's font, the white brush.
 Bitmap& StockBitmap();
 Font& StockFont();
 Brush& StockWhiteBrush();
-
-/// Passes the failure point of a drawing call. True when the call must fail; the last error is set.
-/// Calls that only give something back (`DeleteDC`, `DeleteObject`, `ReleaseDC`, `EndPaint`) have
-/// no point: nobody could mend their failure, and each would count as a leak.
-bool DrawingCallFails(const char* point);
 
 }  // namespace platform

@@ -1,8 +1,8 @@
 #include "platform/gui/help/help_file.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <charconv>
-#include <fstream>
-#include <iterator>
 #include <string_view>
 
 #include "platform/text/text_encoding.h"
@@ -10,19 +10,13 @@
 namespace platform {
 namespace {
 
-constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 20;  // bytes
-constexpr std::size_t kLongestText = 16384;                       // UTF-16 units
+constexpr qint64 kLargestFile = 1 << 20;     // bytes
+constexpr std::size_t kLongestText = 16384;  // UTF-16 units
 
 std::string ReadWhole(const std::filesystem::path& file) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error)) return {};
-    const std::uintmax_t size = std::filesystem::file_size(file, error);
-    if (error || size > kLargestFile) return {};
-    std::string content(size, '\0');
-    std::ifstream stream(file, std::ios::binary);
-    stream.read(content.data(), static_cast<std::streamsize>(size));
-    content.resize(static_cast<std::size_t>(stream.gcount()));
-    return content;
+    QFile opened(file);
+    const bool fits = QFileInfo(opened).isFile() && opened.size() <= kLargestFile;
+    return fits && opened.open(QIODevice::ReadOnly) ? opened.read(kLargestFile).toStdString() : "";
 }
 
 std::string_view Trimmed(std::string_view text) {

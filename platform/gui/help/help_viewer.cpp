@@ -10,10 +10,12 @@
 #include <QTextBrowser>
 #include <memory>
 
-#include "platform/base/machine.h"
-#include "platform/gui/drawing/graphics_objects.h"
+#include "platform/base/fail.h"
+#include "platform/base/paths.h"
+#include "platform/faults/failure_points.h"
 #include "platform/gui/help/help_file.h"
 #include "platform/gui/windows/application.h"
+#include "platform/gui/windows/picture.h"
 #include "platform/gui/windows/window.h"
 
 namespace platform {
@@ -94,7 +96,7 @@ protected:
 };
 
 std::unique_ptr<QWidget> MakeViewer(const HelpRequest& request, QWidget* owner) {
-    gui::EnsureApplication();
+    EnsureApplication();
     if (request.command == HELP_CONTEXTPOPUP) {
         return std::make_unique<HelpNote>(owner, ShownText(request));
     }
@@ -137,20 +139,19 @@ void ShowHelp(const HelpRequest& request) {
 bool SaveHelpPicture(const HelpRequest& request, const std::filesystem::path& file) {
     const std::unique_ptr<QWidget> viewer = MakeViewer(request, nullptr);
     viewer->ensurePolished();
-    return viewer->grab().save(QString::fromStdString(file.string()), "PNG");
+    return SavePicture(*viewer, file);
 }
 
 }  // namespace platform
 
 BOOL WINAPI WinHelpW(HWND owner, LPCWSTR file, UINT command, ULONG_PTR topic) {
-    if (platform::DrawingCallFails("WinHelpW")) return FALSE;
+    if (const auto error = platform::InjectedFailure("WinHelpW")) return platform::Fail(*error);
     const bool known = command == HELP_CONTEXT || command == HELP_CONTEXTPOPUP;
     if (file == nullptr || !known || topic > 0xFFFFFFFFu) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return FALSE;
+        return platform::Fail(ERROR_INVALID_PARAMETER);
     }
     const auto number = static_cast<DWORD>(topic);
-    platform::CurrentUser().ReadHelp(
-        {owner, file, command, number, platform::ReadHelpTopic(platform::HostPath(file), number)});
+    platform::CurrentUser().ReadHelp({owner, file, command, number,
+                                      platform::ReadHelpTopic(platform::NativePath(file), number)});
     return TRUE;
 }

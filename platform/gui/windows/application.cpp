@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QStyleFactory>
 
-namespace platform::gui {
+namespace platform {
 namespace {
 
 // A display that is named but does not answer counts as none.
@@ -28,9 +28,9 @@ void EnsureApplication() {
     application->setQuitOnLastWindowClosed(false);
 }
 
-QStyle* Style() {
+QStyle* DialogStyle() {
     static QStyle* const style = QStyleFactory::create(QStringLiteral("Fusion"));
     return style;
 }
 
-}  // namespace platform::gui
+}  // namespace platform

@@ -3,13 +3,13 @@
 
 class QStyle;
 
-namespace platform::gui {
+namespace platform {
 
 /// Makes the process's QApplication at the first call unless the host has made one already; without
 /// a display it draws off the screen. The thread of the first call is the user-interface thread.
 void EnsureApplication();
 
 /// The one look of dialogs and message boxes, whatever the host's own.
-QStyle* Style();
+QStyle* DialogStyle();
 
-}  // namespace platform::gui
+}  // namespace platform

@@ -8,8 +8,11 @@ namespace platform {
 
 bool SavePicture(HWND window, const std::filesystem::path& file) {
     const Window* found = RequireWindow(window);
-    if (found == nullptr || found->Widget() == nullptr) return false;
-    return found->Widget()->grab().save(QString::fromStdU16String(file.u16string()), "PNG");
+    return found != nullptr && found->Widget() != nullptr && SavePicture(*found->Widget(), file);
+}
+
+bool SavePicture(QWidget& widget, const std::filesystem::path& file) {
+    return widget.grab().save(QString::fromStdU16String(file.u16string()), "PNG");
 }
 
 }  // namespace platform

@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include "platform/base/fail.h"
 #include "platform/base/handles.h"
 #include "platform/faults/live_objects.h"
 
@@ -63,11 +64,6 @@ Window& Window::Desktop() {
     return *desktop;
 }
 
-Window* Window::DialogWindow() {
-    if (kind_ == WindowKind::kDialog) return this;
-    return parent_ != nullptr && parent_->kind_ == WindowKind::kDialog ? parent_ : nullptr;
-}
-
 QSize Window::ClientSize() const {
     return widget_ == nullptr ? QSize(0, 0) : widget_->size();
 }
@@ -101,12 +97,6 @@ bool Window::HasDrawing() const {
     return drawn_ && backing_.size() == ClientSize();
 }
 
-void Window::SetText(const QString&) {}
-
-LRESULT Window::Receive(UINT, WPARAM, LPARAM) {
-    return 0;
-}
-
 void Window::Place(const QRect& place) {
     if (widget_ == nullptr) return;
     widget_->setGeometry(place);
@@ -115,8 +105,7 @@ void Window::Place(const QRect& place) {
 
 Window* RequireWindow(HWND handle) {
     Window* window = Window::From(handle);
-    if (window == nullptr) SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-    return window;
+    return window == nullptr ? Fail<Window*>(ERROR_INVALID_WINDOW_HANDLE) : window;
 }
 
 }  // namespace platform

@@ -22,17 +22,15 @@ public:
     Window& operator=(const Window&) = delete;
 
     /// The window of a handle; null for one that is wrong or stale.
-    static Window* From(HWND handle);
+    [[nodiscard]] static Window* From(HWND handle);
     /// The window that a widget shows (or the nearest of its parents that shows one); may be null.
-    static Window* Of(const QWidget* widget);
+    [[nodiscard]] static Window* Of(const QWidget* widget);
     /// The desktop: no parent, no widget, its client area begins at (0, 0) of the screen.
     static Window& Desktop();
 
     HWND Handle() const { return handle_; }
     WindowKind Kind() const { return kind_; }
     Window* Parent() const { return parent_; }
-    /// The dialog that a control stands in, or the dialog itself; else null.
-    Window* DialogWindow();
     int ControlId() const { return controlId_; }  ///< 0 for everything but controls
     QWidget* Widget() const { return widget_; }   ///< null for the desktop
     QSize ClientSize() const;                     ///< pixels at 96 dots per inch
@@ -50,9 +48,9 @@ public:
 
     /// The window's text; a list's is its selected item's.
     virtual QString Text() const { return {}; }
-    virtual void SetText(const QString& text);
+    virtual void SetText(const QString&) {}
     /// What the window does about a message; 0 for one it does not know.
-    virtual LRESULT Receive(UINT message, WPARAM first, LPARAM second);
+    virtual LRESULT Receive(UINT, WPARAM, LPARAM) { return 0; }
     /// Puts the window elsewhere, in its parent's client area.
     virtual void Place(const QRect& place);
 
@@ -71,7 +69,7 @@ private:
     bool drawn_ = false;
 };
 
-/// The window of a handle when it is one of the given type; else null with the last error set.
-Window* RequireWindow(HWND handle);
+/// The window of a handle; null with the last error set for one that is wrong or stale.
+[[nodiscard]] Window* RequireWindow(HWND handle);
 
 }  // namespace platform

@@ -1,8 +1,0 @@
-#include "common/page_state.h"
-
-namespace oemui {
-
-constinit LPCWSTR CurrentPrinterName = nullptr;
-constinit PaperSize PreviewPaperSize = {0, 0};
-
-}  // namespace oemui

@@ -1,0 +1,61 @@
+#include "install/install_events.h"
+
+#include "common/model_identity.h"
+#include "common/oem_driver_interface.h"
+#include "common/unique_handle.h"
+#include "install/pending_deletions.h"
+#include "install/print_processor.h"
+#include "install/uninstaller.h"
+
+namespace oemui {
+namespace {
+
+/// Characters with terminator for a registry path that holds a printer's name.
+constexpr std::size_t kKeyPathCapacity = 512;
+
+constexpr INT kDefaultSetting = 1;
+constexpr LPCWSTR kSettingName = TEXT("EAIDCDisable");
+
+/// Leaves the bare printer name at the buffer's front: without server, and of pooled ports nothing.
+void ReduceToShortName(PWSTR printerName) {
+    const TextView name = printerName;
+    TextView shortName = name.substr(name.rfind(TEXT('\\')) + 1);
+    shortName = shortName.substr(0, shortName.find(TEXT(',')));
+    std::copy(shortName.begin(), shortName.end(), printerName);
+    printerName[shortName.size()] = 0;
+}
+
+}  // namespace
+
+HRESULT HandlePrinterEvent(PWSTR printerName, INT event) {
+    if (event != PRINTER_EVENT_INITIALIZE) return E_NOTIMPL;
+    const UINT setting = ::GetPrivateProfileIntW(TEXT("EAIDCData"), kSettingName, kDefaultSetting,
+                                                 Model().SettingsFile);
+    if (printerName != nullptr) ReduceToShortName(printerName);
+    const LPCWSTR shortName = printerName == nullptr ? TEXT("") : printerName;
+    static_cast<void>(SetPrinterDriverDataValue(shortName, setting));
+    KeepFromPendingDeletion(UninstallerName().View());
+    InstallPrintProcessor(shortName);
+    return E_NOTIMPL;
+}
+
+bool SetPrinterDriverDataValue(LPCWSTR shortName, DWORD number) {
+    FixedText<kKeyPathCapacity> path;
+    // Without a name the path would lead elsewhere.
+    if (*shortName == 0 ||
+        !path.Join({TEXT("System\\CurrentControlSet\\Control\\Print\\Printers\\"), shortName,
+                    TEXT("\\PrinterDriverData")})) {
+        return false;
+    }
+    const UniqueKey key = OpenMachineKey(path.c_str());
+    return key &&
+           ::RegSetValueExW(key.Get(), kSettingName, 0, REG_DWORD,
+                            reinterpret_cast<const BYTE*>(&number), sizeof number) == ERROR_SUCCESS;
+}
+
+HRESULT HandleDriverEvent(DWORD event) {
+    if (event == DRIVER_EVENT_DELETE) StartUninstaller();
+    return E_NOTIMPL;
+}
+
+}  // namespace oemui

@@ -1,0 +1,83 @@
+#include "install/pending_deletions.h"
+
+#include <memory>
+#include <new>
+
+#include "common/file_name.h"
+#include "common/text.h"
+#include "common/unique_handle.h"
+
+namespace oemui {
+namespace {
+
+constexpr LPCWSTR kPendingOperations = TEXT("PendingFileRenameOperations");
+
+/// A value of the registry as it is stored.
+struct StoredValue {
+    DWORD Type = REG_NONE;
+    DWORD Size = 0;                       ///< bytes
+    std::unique_ptr<WCHAR[]> Characters;  ///< room for the whole value; null when there is none
+
+    BYTE* Bytes() const { return reinterpret_cast<BYTE*>(Characters.get()); }
+};
+
+StoredValue ReadValue(HKEY key, LPCWSTR name) {
+    StoredValue value;
+    if (::RegQueryValueExW(key, name, nullptr, &value.Type, nullptr, &value.Size) !=
+            ERROR_SUCCESS ||
+        value.Size == 0) {
+        return {};
+    }
+    // Half a character at the end needs room as well.
+    value.Characters.reset(new (std::nothrow) WCHAR[value.Size / sizeof(WCHAR) + 1]);
+    if (!value.Characters || ::RegQueryValueExW(key, name, nullptr, &value.Type, value.Bytes(),
+                                                &value.Size) != ERROR_SUCCESS) {
+        return {};
+    }
+    return value;
+}
+
+/// The next text of a list, with `*rest` moved behind its terminator.
+/// \return false when the list ends before the terminator.
+bool TakeText(TextView* rest, TextView* text) {
+    const std::size_t length = rest->find(WCHAR{0});
+    if (length == TextView::npos) return false;
+    *text = rest->substr(0, length);
+    rest->remove_prefix(length + 1);
+    return true;
+}
+
+}  // namespace
+
+void KeepFromPendingDeletion(TextView fileName) {
+    UniqueKey key;
+    if (::RegOpenKeyW(HKEY_LOCAL_MACHINE,
+                      TEXT("System\\CurrentControlSet\\Control\\Session Manager"),
+                      key.Receive()) != ERROR_SUCCESS) {
+        return;
+    }
+    const StoredValue value = ReadValue(key.Get(), kPendingOperations);
+    if (!value.Characters) return;
+    if (SpoilPendingDeletions({value.Characters.get(), value.Size / sizeof(WCHAR)}, fileName)) {
+        ::RegSetValueExW(key.Get(), kPendingOperations, 0, value.Type, value.Bytes(), value.Size);
+    }
+}
+
+bool SpoilPendingDeletions(std::span<WCHAR> operations, TextView fileName) {
+    constexpr std::size_t kSpoiltFromEnd = 3;
+    bool isChanged = false;
+    TextView rest(operations.data(), operations.size());
+    TextView path;
+    TextView target;
+    while (TakeText(&rest, &path) && !path.empty() && TakeText(&rest, &target)) {
+        const bool isDeletion = target.empty() && path.size() >= kSpoiltFromEnd;
+        if (!isDeletion || fileName.empty()) continue;
+        if (!EqualIgnoringAsciiCase(FileNameOf(path), fileName)) continue;
+        const auto end = static_cast<std::size_t>(path.data() - operations.data()) + path.size();
+        operations[end - kSpoiltFromEnd] = TEXT('_');
+        isChanged = true;
+    }
+    return isChanged;
+}
+
+}  // namespace oemui

@@ -1,0 +1,15 @@
+/// Capital and small letters without regard to language, character by character: lengths stay.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+[[nodiscard]] std::u16string Uppercase(std::u16string_view text);
+[[nodiscard]] std::u16string Lowercase(std::u16string_view text);
+
+/// Whether two texts have the same capitals: how names of files, keys, values and printers compare.
+[[nodiscard]] bool EqualIgnoringUnicodeCase(std::u16string_view left, std::u16string_view right);
+
+}  // namespace platform

@@ -1,0 +1,30 @@
+#include "watermark/damaged_list.h"
+
+namespace oemui {
+namespace {
+
+/// A terminated text keeps the characters behind its terminator: stored bytes stay the same.
+template <std::size_t Capacity>
+void TerminateText(WCHAR (&text)[Capacity]) {
+    if (TextIn(text).size() == Capacity) text[Capacity - 1] = 0;
+}
+
+}  // namespace
+
+void TerminateTexts(WatermarkRecord* record) {
+    TerminateText(record->Name);
+    TerminateText(record->Text);
+    TerminateText(record->FaceName);
+}
+
+bool SanitizeWatermarkList(WatermarkList* list) {
+    if (list->Count < 0 || list->Count > kWatermarkCapacity) {
+        *list = {};
+        return false;
+    }
+    if (!IsListed(*list, list->Selected)) list->Selected = 0;
+    for (WatermarkRecord& record : list->Entries) TerminateTexts(&record);
+    return true;
+}
+
+}  // namespace oemui
