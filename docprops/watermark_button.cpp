@@ -49,7 +49,7 @@ void RecordPaperSize(const OEMCUIPPARAM& params, LONG selection) {
 void FillEditorList(const OEMCUIPPARAM& params, const PrivateDevmode& devmode,
                     WatermarkList* list) {
     // A list that cannot be read is empty, and the editor then starts from the defaults.
-    ReadPrinterWatermarkList(params.hPrinter, list);
+    static_cast<void>(ReadPrinterWatermarkList(params.hPrinter, list));
     const UINT32 index = UsableWatermarkIndex(devmode.WatermarkIndex);
     list->NoneSelected = devmode.WatermarkOn;
     list->Selected = static_cast<INT32>(index);

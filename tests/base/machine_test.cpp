@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include "platform/base/machine.h"
 #include "platform/base/paths.h"
 #include "platform/text/text_encoding.h"
 #include "tests/support/machine_fixture.h"
