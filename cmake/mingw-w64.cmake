@@ -8,3 +8,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/wine-runner)
+# A call relies on the registers that the callee, as compiled here, leaves alone; but of an inline
+# function or template the linker may keep the copy of another file, which uses others.
+set(CMAKE_CXX_FLAGS_INIT -fno-ipa-ra)
