@@ -13,6 +13,7 @@ EVERY = {"sweep": 100, "bits": 100, "printer": 10}  # --quick runs every n-th ca
 LARGE_TARGETS = {"document_page": 1_000_000, "editor_opening": 100_000}
 QUICK_SECONDS, QUICK_LIMIT, FULL_LIMIT = 8, 300, 24 * 60 * 60
 TRIED = re.compile(r"tried (\d+), violations (\d+)")
+TOLD = re.compile(r"^violation: (.*?): (.*)$", re.MULTILINE)
 
 
 def start(words, options):
@@ -39,8 +40,12 @@ def run_part(part, options, report):
     code, text = start(words, options)
     counts = [(int(match[1]), int(match[2])) for match in TRIED.finditer(text)]
     tried, violations = (sum(column) for column in zip(*counts)) if counts else (0, 0)
-    violations = violations or int(code != 0 or tried == 0)
-    report.tried(tried, [f"{part}: {last_words(text)}"] * violations, " ".join(words), alone=True)
+    told = TOLD.findall(text)
+    report.tried(tried, [], part)
+    for name, what in told:
+        report.tried(0, [f"{part}, {name.split()[0]}: {what[:160]}"], f"{program} {part} --only '{name}'", alone=True)
+    silent = max(violations, int(code != 0 or tried == 0)) - len(told)
+    report.tried(0, [f"{part}: {last_words(text)}"] * silent, " ".join(words), alone=True)
 
 
 def run_target(program, options, report, folder):

@@ -72,4 +72,4 @@ def run(host, options, report):
                      f"kills --case {number}")
 
     with ThreadPoolExecutor(2) as pool:
-        list(pool.map(case, options.chosen(range(1000 if options.full else 120))))
+        list(pool.map(case, options.chosen(range(1000 if options.full else 240))))

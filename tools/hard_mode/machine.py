@@ -58,7 +58,8 @@ class Host:
             return Outcome(process.returncode, out, err)
         except subprocess.TimeoutExpired:
             os.killpg(process.pid, signal.SIGKILL)  # the session that it leads
-            return Outcome(None, *process.communicate(timeout=LIMIT))
+            process.wait()
+            return Outcome(None, "", "")
 
     def must(self, machine, *words):
         outcome = self.run(machine, *words)
@@ -91,7 +92,7 @@ def values(machine):
         return None
 
     def path(key):
-        parent, name = keys[key]
+        parent, name = keys.get(key, (None, "nowhere"))
         return name if parent is None else path(parent) + "\\" + name
 
     return {path(key) + "\\" + name: (kind, bytes(content)) for key, name, kind, content in rows}

@@ -8,10 +8,9 @@ from hard_mode.machine import files
 
 WORKERS = 8
 EDIT = ("-o", "Watermark=Enabled", "--edit", "SCRIPT", "--apply")
-# These printers come and go under everybody's hands; a command may find one gone or there already.
+# This printer comes and goes under everybody's hands: it may be gone, or there, so 1 is an answer too.
 MOVING = (("install", "Moving", "--model", "T", "--port", "USB010"), ("remove", "Moving"),
           ("document", "Moving", "-l"))
-RACE = ("no printer", "name exists", "deleted")
 
 
 class Worker:
@@ -24,11 +23,10 @@ class Worker:
         self.model = "V" if number == WORKERS - 1 else "TU"[number % 2]
         self.name, self.copies, self.forms, self.count, self.faults = f"Own{number}", 1, [], 0, []
 
-    def go(self, *words, race=()):
+    def go(self, *words, codes=(0,)):
         outcome = self.host.run(self.machine, *words)
         self.count += 1
-        excused = outcome.code == 1 and any(text in outcome.err for text in race)
-        if not excused and (fault := outcome.fault()):
+        if fault := outcome.fault(codes):
             self.faults.append(f"{' '.join(words[:2])}: {fault}")
         return outcome
 
@@ -66,7 +64,7 @@ class Worker:
             ("printer", "Plain", "-o", "Tray2=NOTINSTALLED", "--apply"))))
 
     def move(self):
-        self.go(*self.draw.choice(MOVING), race=RACE)
+        self.go(*self.draw.choice(MOVING), codes=(0, 1))
 
     def work(self, end):
         self.install()
