@@ -19,15 +19,12 @@ POPTPARAM FindChoice(const OPTITEM& item, LONG choice) {
 }
 
 POEMUIPROCS DriverFunctions(const OEMCUIPPARAM& params) {
-    POEMUIPROCS driver = params.poemuiobj == nullptr ? nullptr : params.poemuiobj->pOemUIProcs;
-    const bool isComplete = driver != nullptr && driver->DrvGetDriverSetting != nullptr &&
-                            driver->DrvUpdateUISetting != nullptr;
-    return isComplete ? driver : nullptr;
+    return params.poemuiobj == nullptr ? nullptr : params.poemuiobj->pOemUIProcs;
 }
 
 void ReportSelectionToDriver(const OEMCUIPPARAM& params, POPTITEM item) {
     POEMUIPROCS driver = DriverFunctions(params);
-    if (driver == nullptr) return;
+    if (driver == nullptr || driver->DrvUpdateUISetting == nullptr) return;
     driver->DrvUpdateUISetting(params.poemuiobj, item, 0, OEMCUIP_DOCPROP);
 }
 

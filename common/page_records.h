@@ -24,7 +24,7 @@ inline HINSTANCE PageModule(const OEMCUIPPARAM& params) {
 /// A choice of an item; null when the item has no such choice.
 [[nodiscard]] POPTPARAM FindChoice(const OPTITEM& item, LONG choice);
 
-/// The driver's functions; null when the driver gives none, or not both of them.
+/// The driver's functions; null when the driver gives none. Each of them may be missing.
 [[nodiscard]] POEMUIPROCS DriverFunctions(const OEMCUIPPARAM& params);
 
 /// Tells the driver that the plug-in set an item of the document page to its first choice, if the

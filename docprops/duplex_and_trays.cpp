@@ -14,17 +14,22 @@ namespace {
 
 constexpr BYTE kNotInstalledFlags = OPTPF_DISABLED | OPTPF_OVERLAY_STOP_ICON;
 
+/// Whether the driver can be asked about its features.
+bool AnswersQuestions(const OEMCUIPPARAM& params) {
+    POEMUIPROCS driver = DriverFunctions(params);
+    return driver != nullptr && driver->DrvGetDriverSetting != nullptr;
+}
+
 /// The driver's answer about the current option of one of its features.
 class FeatureSetting {
 public:
     /// \param feature  8-bit keyword, case-sensitive.
     FeatureSetting(const OEMCUIPPARAM& params, PCSTR feature) {
-        POEMUIPROCS driver = DriverFunctions(params);
-        if (driver == nullptr) return;
+        if (!AnswersQuestions(params)) return;
         DWORD needed = 0;
         DWORD options = 0;
-        result_ = driver->DrvGetDriverSetting(params.poemuiobj, feature, keyword_, sizeof keyword_,
-                                              &needed, &options);
+        result_ = DriverFunctions(params)->DrvGetDriverSetting(params.poemuiobj, feature, keyword_,
+                                                               sizeof keyword_, &needed, &options);
     }
 
     /// Whether the option's keyword begins so, byte for byte; a driver that gives no answer leaves
@@ -106,7 +111,7 @@ void AdjustDriverItems(POEMCUIPPARAM params) {
     const InstalledOptions installed = FindInstalledOptions(*params);
     AdjustDuplex(*params, installed.Duplex);
     AdjustTray(*params, IDS_TRAY_2, installed.Tray2);
-    if (DriverFunctions(*params) == nullptr) return;
+    if (!AnswersQuestions(*params)) return;
     if (!FeatureSetting(*params, "Tray3").IsUnknown()) {
         AdjustTray(*params, IDS_TRAY_3, installed.Tray3);
     }

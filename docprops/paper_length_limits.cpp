@@ -117,8 +117,10 @@ void ResetPaperToFirstForm(const OEMCUIPPARAM& params) {
     form->Sel = kFirstForm;
     form->Flags |= OPTIF_CHANGED;
     const OPTPARAM* first = FindChoice(*form, kFirstForm);
-    const TextView name = first == nullptr ? TextView() : ItemText(first->pData);
-    if (params.pPublicDM != nullptr && !name.empty()) CopyText(params.pPublicDM->dmFormName, name);
+    const bool isNamed = first != nullptr && !IS_INTRESOURCE(first->pData);
+    if (params.pPublicDM != nullptr && isNamed) {
+        CopyText(params.pPublicDM->dmFormName, first->pData);
+    }
     ReportSelectionToDriver(params, form);
 }
 

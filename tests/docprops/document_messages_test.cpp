@@ -112,6 +112,13 @@ TEST_F(DocumentMessages, PaperLengthIsLimitedByMediaAndDuplex) {
     EXPECT_EQ(tests::Narrow(TextIn(page_.publicDevmode.dmFormName)),
               "First paper whose name is longe");
     EXPECT_EQ(page_.toldAbout, std::vector<BYTE>{DMPUB_FORMNAME});
+
+    // The driver hears of it also when it answers no questions, and the first name may be empty.
+    WCHAR none[] = TEXT("");
+    page_.WithoutQuestions().Choice(DMPUB_FORMNAME, 0).pData = none;
+    ResetPaperToFirstForm(page_.Params());
+    EXPECT_EQ(page_.publicDevmode.dmFormName[0], 0);
+    EXPECT_EQ(page_.toldAbout, std::vector<BYTE>(2, DMPUB_FORMNAME));
 }
 
 TEST_F(DocumentMessages, OtherModelsAndExemptPapersAreNotChecked) {

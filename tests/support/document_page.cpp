@@ -63,6 +63,11 @@ DocumentPage& DocumentPage::WithoutFunctions() {
     return *this;
 }
 
+DocumentPage& DocumentPage::WithoutQuestions() {
+    functions_.DrvGetDriverSetting = nullptr;
+    return *this;
+}
+
 void DocumentPage::Build() {
     OEMCUIPPARAM& params = Params();
     params.pOEMOptItems = nullptr;

@@ -30,6 +30,8 @@ public:
     DocumentPage& Setting(const std::string& feature, const std::string& option);
     /// The driver gives no functions.
     DocumentPage& WithoutFunctions();
+    /// The driver only hears of changes.
+    DocumentPage& WithoutQuestions();
 
     /// Asks for the number of items, makes room for them and has them built.
     void Build();
