@@ -15,6 +15,7 @@ namespace oemui {
 namespace {
 
 constexpr INT_PTR kEditorClosedWithOk = 1;
+constexpr std::size_t kSparePapers = 1024;
 
 bool IsWatermarkItem(const OEMCUIPPARAM& params, const OPTITEM* item) {
     const MessageText name(IDS_WATERMARK, PageModule(params));
@@ -35,7 +36,12 @@ void RecordPaperSize(const OEMCUIPPARAM& params, LONG selection) {
     const int count =
         ::DeviceCapabilitiesW(params.pPrinterName, port, DC_PAPERSIZE, nullptr, nullptr);
     if (count <= 0) return;
-    const std::unique_ptr<POINT[]> sizes(new (std::nothrow) POINT[static_cast<UINT32>(count)]);
+    // The call that fills the list cannot be told how much room there is, and a form that another
+    // process adds in between makes the list longer than announced. The room behind it is many
+    // times what a machine has in papers; more than that added between two calls would still
+    // overrun it, and nothing but asking for less than the list could prevent that.
+    const std::size_t room = static_cast<std::size_t>(count) + kSparePapers;
+    const std::unique_ptr<POINT[]> sizes(new (std::nothrow) POINT[room]);
     if (sizes == nullptr) return;
     const int filled = ::DeviceCapabilitiesW(params.pPrinterName, port, DC_PAPERSIZE,
                                              reinterpret_cast<LPWSTR>(sizes.get()), nullptr);

@@ -6,6 +6,7 @@
 
 #include <windef.h>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,6 +35,9 @@ public:
     FailurePlan(int nthCall, DWORD error);
     /// Fails the n-th call (from 1) of the named point; 0 fails every call of it.
     FailurePlan(std::string point, int nthCall, DWORD error);
+    /// Does something, as another program would, just before the n-th call (from 1) of the named
+    /// point, which then goes on. What it calls itself is not counted.
+    FailurePlan(std::string point, int nthCall, std::function<void()> meanwhile);
     ~FailurePlan();
     FailurePlan(const FailurePlan&) = delete;
     FailurePlan& operator=(const FailurePlan&) = delete;

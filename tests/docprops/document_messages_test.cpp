@@ -1,3 +1,4 @@
+#include <climits>
 #include <cstring>
 #include <filesystem>
 
@@ -5,7 +6,9 @@
 #include "docprops/document_callback.h"
 #include "docprops/exempt_papers.h"
 #include "docprops/paper_length_limits.h"
+#include "docprops/watermark_button.h"
 #include "platform/base/machine.h"
+#include "platform/faults/failure_points.h"
 #include "resources/resource_ids.h"
 #include "tests/support/document_page.h"
 #include "tests/support/plugin_fixture.h"
@@ -119,6 +122,17 @@ TEST_F(DocumentMessages, PaperLengthIsLimitedByMediaAndDuplex) {
     ResetPaperToFirstForm(page_.Params());
     EXPECT_EQ(page_.publicDevmode.dmFormName[0], 0);
     EXPECT_EQ(page_.toldAbout, std::vector<BYTE>(2, DMPUB_FORMNAME));
+}
+
+TEST_F(DocumentMessages, APaperListThatGrowsBetweenTwoCallsStaysInItsRoom) {
+    page_.Driver(DMPUB_FORMNAME).Sel = INT_MAX;
+    const platform::FailurePlan another("DeviceCapabilitiesW", 2, [this] {
+        for (LONG i = 0; i < 200; ++i) SelectPaper(400000 + i);
+    });
+    PreviewPaperSize = {};
+    CaptureEditorPageSetup(page_.Params());
+    EXPECT_TRUE(another.Fired());
+    EXPECT_GT(PreviewPaperSize.Length, 0);
 }
 
 TEST_F(DocumentMessages, OtherModelsAndExemptPapersAreNotChecked) {
