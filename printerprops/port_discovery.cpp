@@ -17,6 +17,9 @@ constexpr std::size_t kKeyNameCapacity = 260;
 /// Bytes with terminator for a host name in the narrow character set.
 constexpr int kHostCapacity = 260;
 
+/// More ports than a monitor has: the registry's answers alone never end a search.
+constexpr DWORD kMostPorts = 65536;
+
 /// The longest text that is taken from a port's settings, in characters.
 constexpr std::size_t kSettingLength = 130;
 
@@ -115,7 +118,7 @@ void ClassifyIpp(TextView port, PrinterLink* link) {
 /// Whether one of the key's sub-keys is named exactly so; the registry itself ignores case.
 bool HasSubkey(HKEY key, TextView wanted) {
     FixedText<kKeyNameCapacity> name;
-    for (DWORD index = 0;; ++index) {
+    for (DWORD index = 0; index < kMostPorts; ++index) {
         DWORD length = kKeyNameCapacity;
         const LSTATUS status =
             ::RegEnumKeyExW(key, index, name.Room(), &length, nullptr, nullptr, nullptr, nullptr);
@@ -124,6 +127,7 @@ bool HasSubkey(HKEY key, TextView wanted) {
         if (status != ERROR_SUCCESS) return false;
         if (TextView(name.c_str(), length) == wanted) return true;
     }
+    return false;
 }
 
 bool ResolveSetting(HKEY port, LPCWSTR valueName, sockaddr_in* address) {
@@ -185,7 +189,7 @@ void ClassifyPort(LPWSTR portName, PlatformFamily family, PrinterLink* link) {
     link->Kind = PortKindNone;
     const TextView list = portName;
     const TextView port = list.substr(0, list.find(TEXT(',')));
-    portName[port.size()] = 0;
+    if (port.size() < list.size()) portName[port.size()] = 0;
     FindInFamilyMonitors(portName, family, link);
     if (link->Kind == PortKindNone) FindInPlace(portName, kRegalMonitor, link);
     if (link->Kind == PortKindNone) ClassifyShare(port, link);

@@ -1,4 +1,5 @@
 #include <climits>
+#include <set>
 
 #include "platform/base/heap.h"
 #include "platform/faults/failure_points.h"
@@ -40,15 +41,16 @@ void ExpectItemUsable(const OPTITEM& item) {
     EXPECT_EQ((item.Flags & OPTIF_HAS_POIEXT) != 0, item.pOIExt != nullptr);
 }
 
-/// Builds a printer's first page, with the n-th call failing. \return the calls made, by name.
-std::vector<std::string> BuildWithFailure(int failing, DWORD error) {
+/// Builds a printer's first page, with the n-th call of a point failing, or with 0 all. \return the
+/// calls made, by name.
+std::vector<std::string> BuildWithFailure(const std::string& point, int failing, DWORD error) {
     tests::TestPrinter printer(TEXT("Failures Test"));
     const tests::ScriptedUser user;
     std::vector<std::string> calls;
     {
         DocumentPage page(printer.Name());
         page.With(DMPUB_DUPLEX, 0).With(DMPUB_DEFSOURCE, 0, {"Auto", "Tray 2", "Tray 3"});
-        const platform::FailurePlan plan(failing, error);
+        const platform::FailurePlan plan(point, failing, error);
         page.Build();
         calls = plan.Passed();
         for (const DocumentItem place : kAllItems) ExpectItemUsable(page.Own(place));
@@ -60,14 +62,19 @@ std::vector<std::string> BuildWithFailure(int failing, DWORD error) {
 }
 
 TEST_F(DocumentFailures, PageComesUpWhicheverCallFails) {
-    const std::vector<std::string> calls = BuildWithFailure(INT_MAX, ERROR_GEN_FAILURE);
+    const std::vector<std::string> calls = BuildWithFailure("", INT_MAX, ERROR_GEN_FAILURE);
     ASSERT_GT(calls.size(), 30U);
     const auto open = platform::LiveObjects();
-    for (const DWORD error : {DWORD{ERROR_NOT_ENOUGH_MEMORY}, DWORD{ERROR_INSUFFICIENT_BUFFER}}) {
+    for (const DWORD error : {DWORD{ERROR_NOT_ENOUGH_MEMORY}, DWORD{ERROR_INSUFFICIENT_BUFFER},
+                              DWORD{ERROR_MORE_DATA}}) {
         for (std::size_t failing = 0; failing < calls.size(); ++failing) {
             SCOPED_TRACE(calls[failing]);
-            BuildWithFailure(static_cast<int>(failing) + 1, error);
+            BuildWithFailure("", static_cast<int>(failing) + 1, error);
             ASSERT_EQ(platform::LiveObjects(), open);
+        }
+        for (const std::string& point : std::set(calls.begin(), calls.end())) {
+            SCOPED_TRACE(point + " for ever");
+            BuildWithFailure(point, 0, error);
         }
     }
 }

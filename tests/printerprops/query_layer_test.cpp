@@ -61,7 +61,7 @@ TEST_F(QueryOnTheLayer, APrinterThatFellSilentAndThenClosedCountsAsAsked) {
         for (const bool wasSilent : {true, false}) {
             LoopbackPrinter printer({{LoopbackPrinter::kHangsUp}});
             PrinterLink link = LinkTo(printer.Address());
-            ASSERT_TRUE(OpenPrinterConnection(&link));
+        ASSERT_TRUE(OpenPrinterConnection(&link));
             char reply[34];
             DWORD length = 99;
             int error = 0;
@@ -143,7 +143,8 @@ TEST_F(QueryOnTheLayer, WithoutANameTheSpoolerIsNotAsked) {
 
 enum class Work { kActivate, kSwitchOn, kBuildDocumentPage };
 
-/// One page's work on the printer "Queried" with one call failing. \return the calls made.
+/// One page's work on the printer "Queried" with one call failing, or with 0 every call of that
+/// name, as if there were always more. \return the calls made.
 std::vector<std::string> WorkWithFailure(Work work, const std::string& point, int failing) {
     LoopbackPrinter played({{std::string(kAnswer)}});
     TestPrinter printer(TEXT("Queried"),
@@ -154,7 +155,7 @@ std::vector<std::string> WorkWithFailure(Work work, const std::string& point, in
     document.Setting("AutoConfig", "ON").With(DMPUB_DUPLEX, 0);
     page.items[kSwitch].Sel = 0;
     const auto before = platform::LiveObjects();
-    const FailurePlan plan(point, failing, ERROR_GEN_FAILURE);
+    const FailurePlan plan(point, failing, failing == 0 ? ERROR_MORE_DATA : ERROR_GEN_FAILURE);
     if (work == Work::kBuildDocumentPage) {
         AdjustDriverItems(&document.Params());
     } else {
@@ -178,7 +179,7 @@ TEST_F(QueryOnTheLayer, WhateverFailsWhileAPageAsksLeavesNothingOpen) {
         EXPECT_EQ(calls["send"], 1);
         for (const std::string_view closer : closers) calls.erase(std::string(closer));
         for (const auto& [point, count] : calls) {
-            for (int failing = 1; failing <= count; ++failing) {
+            for (int failing = 0; failing <= count; ++failing) {
                 SCOPED_TRACE(point + " " + std::to_string(failing));
                 WorkWithFailure(work, point, failing);
             }
