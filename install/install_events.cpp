@@ -17,10 +17,12 @@ constexpr INT kDefaultSetting = 1;
 constexpr LPCWSTR kSettingName = TEXT("EAIDCDisable");
 
 /// Leaves the bare printer name at the buffer's front: without server, and of pooled ports nothing.
+/// A name that is bare already is not written to: its memory may be read-only.
 void ReduceToShortName(PWSTR printerName) {
     const TextView name = printerName;
     TextView shortName = name.substr(name.rfind(TEXT('\\')) + 1);
     shortName = shortName.substr(0, shortName.find(TEXT(',')));
+    if (shortName.size() == name.size()) return;
     std::copy(shortName.begin(), shortName.end(), printerName);
     printerName[shortName.size()] = 0;
 }

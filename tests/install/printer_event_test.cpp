@@ -111,6 +111,9 @@ TEST_F(PrinterEvent, OddNamesAndOtherEventsWriteNothing) {
     EXPECT_EQ(name, TEXT("\\\\server\\Office"));
     EXPECT_EQ(printer.StoredValue(TEXT("EAIDCDisable")), "");
     EXPECT_FALSE(SetPrinterDriverDataValue(TEXT(""), 1));
+    // A bare name may lie where nothing can be written.
+    static constexpr WCHAR kBare[] = TEXT("Nobody");
+    HandlePrinterEvent(const_cast<PWSTR>(kBare), PRINTER_EVENT_INITIALIZE);
 }
 
 TEST_F(PrinterEvent, APendingDeletionOfTheUninstallerIsSpoiltInPlace) {
