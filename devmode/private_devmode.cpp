@@ -10,6 +10,8 @@ namespace {
 
 constexpr DWORD kBlockSize = sizeof(PrivateDevmode);
 constexpr DWORD kBlockVersion = 1;
+constexpr DWORD kLevelStart = offsetof(PrivateDevmode, CappedLevel);
+constexpr DWORD kLevelEnd = kLevelStart + sizeof(INT32);
 constexpr INT32 kDefaultLevel = 86;
 constexpr INT32 kHighestLevel = 100;
 
@@ -33,7 +35,9 @@ void StoreDefaults(PrivateDevmode* block) {
 /// Takes as much of the in block as both headers claim, within the block; a short source leaves the
 /// rest of the out block as it was.
 void TakeSettings(const PrivateDevmode& in, PrivateDevmode* out) {
-    const DWORD size = std::min({in.Header.dwSize, out->Header.dwSize, kBlockSize});
+    DWORD size = std::min({in.Header.dwSize, out->Header.dwSize, kBlockSize});
+    // A level that is cut off half-way counts as missing.
+    if (size < kLevelEnd) size = std::min(size, kLevelStart);
     out->CappedLevel = kDefaultLevel;
     std::memmove(out, &in, size);
     out->Header.dwSize = kBlockSize;
