@@ -13,8 +13,8 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved
     if (reason == DLL_PROCESS_ATTACH) {
         WCHAR path[MAX_PATH] = {};
         const DWORD length = ::GetModuleFileNameW(module, path, MAX_PATH);
-        // A path that is too long comes back cut, and not terminated by every version.
-        oemui::DeriveModelIdentity(oemui::TextView(path, std::min<DWORD>(length, MAX_PATH - 1)));
+        // A path that is too long comes back cut: its end would be the name of some folder.
+        oemui::DeriveModelIdentity(oemui::TextView(path, length < MAX_PATH ? length : 0));
     }
     return TRUE;
 }
