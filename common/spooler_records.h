@@ -19,13 +19,12 @@ public:
     SpoolerRecords() = default;
 
     /// \param read  the spooler's function: buffer, its size in bytes, the size needed, the number
-    ///              of records; answers a BOOL.
+    ///              of records; answers a BOOL. Asked for the size it may fail as it likes.
     template <typename Read>
     explicit SpoolerRecords(Read read) {
         DWORD size = 0;
         DWORD count = 0;
-        if (!read(nullptr, 0, &size, &count) && ::GetLastError() != ERROR_INSUFFICIENT_BUFFER)
-            return;
+        if (!read(nullptr, 0, &size, &count)) sizeError_ = ::GetLastError();
         if (size < sizeof(Record)) return;
         bytes_.reset(new (std::nothrow) BYTE[size]);
         DWORD needed = 0;
@@ -33,11 +32,14 @@ public:
         if (count <= size / sizeof(Record)) count_ = count;
     }
 
+    /// The error with which the spooler named the size; 0 when it did not fail.
+    DWORD SizeError() const { return sizeError_; }
     std::span<Record> All() const { return {reinterpret_cast<Record*>(bytes_.get()), count_}; }
 
 private:
     std::unique_ptr<BYTE[]> bytes_;
     std::size_t count_ = 0;
+    DWORD sizeError_ = ERROR_SUCCESS;
 };
 
 /// The spooler's record of a printer: one, or none when it gives none.

@@ -40,6 +40,9 @@ void AssignPrintProcessor(LPCWSTR shortName, LPCWSTR processorName) {
         OpenPrinterFor(shortName, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
     if (!printer) return;
     const auto records = ReadPrinterInfo(printer.Get());
+    // What would be written back has to be the printer's own: no other failure is passed over.
+    const DWORD sizeError = records.SizeError();
+    if (sizeError != ERROR_SUCCESS && sizeError != ERROR_INSUFFICIENT_BUFFER) return;
     for (PRINTER_INFO_2W& info : records.All()) {
         if (info.pPrintProcessor != nullptr && TextView(info.pPrintProcessor) == processorName) {
             return;
