@@ -25,10 +25,34 @@ constexpr std::size_t kTextLimit = 1024;
 
 // The wait for an answer, in turns: some milliseconds for the printer itself, the rest on the
 // layer's clock, which a test may run faster.
-constexpr int kTurns = 150;
 constexpr int kTurnOnSocket = 10;
 constexpr DWORD kTurnOnClock = 90;
-constexpr auto kAnswerTime = std::chrono::seconds(15);
+constexpr int kTurn = kTurnOnSocket + static_cast<int>(kTurnOnClock);
+
+// Takes what a scope lasts from the time that is left: by the machine's clock, or the turns waited
+// by the layer's if those are more.
+class TimeSpent {
+public:
+    explicit TimeSpent(AnswerTime& time) : time_(time), left_(time.left) {}
+    ~TimeSpent() { time_.left -= Milliseconds(); }
+    TimeSpent(const TimeSpent&) = delete;
+    TimeSpent& operator=(const TimeSpent&) = delete;
+
+    void AddTurn() { turns_ += kTurn; }
+    int Left() const { return left_ - Milliseconds(); }
+
+private:
+    int Milliseconds() const {
+        const auto passed = SteadyClock::now() - start_;
+        const auto count = std::chrono::duration_cast<std::chrono::milliseconds>(passed).count();
+        return std::max(turns_, static_cast<int>(count));
+    }
+
+    AnswerTime& time_;
+    int left_;
+    int turns_ = 0;
+    SteadyClock::time_point start_ = SteadyClock::now();
+};
 
 // A connection to the printer's raw port.
 class PrinterStream {
@@ -40,10 +64,10 @@ public:
     PrinterStream(const PrinterStream&) = delete;
     PrinterStream& operator=(const PrinterStream&) = delete;
 
-    bool Connect(ULONG address) {
+    bool Connect(ULONG address, int milliseconds) {
         return net::OpenStream(&descriptor_) == 0 && net::SetWaiting(descriptor_, false) == 0 &&
                net::ConnectStream(descriptor_, address, htons(kPrinterPort),
-                                  kConnectMilliseconds) == 0;
+                                  std::min(milliseconds, kConnectMilliseconds)) == 0;
     }
 
     // A fresh connection takes a message whole, or something is wrong with it.
@@ -52,7 +76,7 @@ public:
         return net::SendBytes(descriptor_, message, &sent) == 0 && sent == message.size();
     }
 
-    DWORD Receive(std::vector<BYTE>* answer);
+    DWORD Receive(TimeSpent* time, std::vector<BYTE>* answer);
 
 private:
     bool WaitOneTurn() const {
@@ -65,15 +89,14 @@ private:
 };
 
 // Reads until a form feed or the end of the connection.
-DWORD PrinterStream::Receive(std::vector<BYTE>* answer) {
+DWORD PrinterStream::Receive(TimeSpent* time, std::vector<BYTE>* answer) {
     std::vector<BYTE> bytes;
     std::array<char, 4096> block = {};
-    const auto end = SteadyClock::now() + kAnswerTime;
-    for (int turn = 0; turn < kTurns && SteadyClock::now() < end;) {
+    while (time->Left() > 0) {
         std::size_t received = 0;
         const DWORD error = net::ReceiveBytes(descriptor_, block, &received);
         if (error == WSAEWOULDBLOCK) {
-            if (!WaitOneTurn()) ++turn;
+            if (!WaitOneTurn()) time->AddTurn();
             continue;
         }
         if (error != 0 || bytes.size() + received > kAnswerLimit) return ERROR_GEN_FAILURE;
@@ -122,15 +145,18 @@ DWORD CheckPrinterPort(std::u16string_view ports) {
     return FindPrinter(ports, &address);
 }
 
-DWORD AskPrinter(std::u16string_view ports, const PjlRequest& request, std::vector<BYTE>* answer) {
+DWORD AskPrinter(std::u16string_view ports, const PjlRequest& request, AnswerTime& time,
+                 std::vector<BYTE>* answer) {
     if (request.text.empty()) return ERROR_INVALID_PARAMETER;
     ULONG address = 0;
     if (const DWORD error = FindPrinter(ports, &address)) return error;
     std::string message(kUniversalExit);
     message.append(request.text).append("\r\n").append(kUniversalExit);
+    TimeSpent spent(time);
+    if (spent.Left() <= 0) return ERROR_TIMEOUT;
     PrinterStream stream;
-    if (!stream.Connect(address) || !stream.Send(message)) return ERROR_GEN_FAILURE;
-    return request.wantsAnswer ? stream.Receive(answer) : ERROR_SUCCESS;
+    if (!stream.Connect(address, spent.Left()) || !stream.Send(message)) return ERROR_GEN_FAILURE;
+    return request.wantsAnswer ? stream.Receive(&spent, answer) : ERROR_SUCCESS;
 }
 
 }  // namespace platform::spooler

@@ -6,12 +6,19 @@
 
 #include <windef.h>
 
+#include <atomic>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace platform::spooler {
+
+/// What the questions of one open printer may wait for it, in all: a printer that is slow with the
+/// first has the less time for the next.
+struct AnswerTime {
+    std::atomic<int> left = 15000;  ///< milliseconds
+};
 
 struct PjlRequest {
     bool wantsAnswer;  ///< "#GET#"
@@ -28,13 +35,14 @@ struct PjlRequest {
 [[nodiscard]] DWORD CheckPrinterPort(std::u16string_view ports);
 
 /// Carries a request to the printer's address, TCP port 9100, between two Universal Exit sequences.
-/// Blocks the calling thread: 15 seconds at most.
+/// Blocks the calling thread for no longer than the time that is left.
+/// \param time  what the waiting takes is taken from it.
 /// \param answer  up to 64 KiB up to the form feed; what there is when the printer closes without
 /// one. Untouched without `wantsAnswer` and on failure.
 /// \return a result code: as `CheckPrinterPort`; ERROR_INVALID_PARAMETER for a request without
 /// text; ERROR_GEN_FAILURE when the printer cannot be reached or breaks off, or its answer is too
 /// long; ERROR_TIMEOUT when the answer did not come to its end in time.
 [[nodiscard]] DWORD AskPrinter(std::u16string_view ports, const PjlRequest& request,
-                               std::vector<BYTE>* answer);
+                               AnswerTime& time, std::vector<BYTE>* answer);
 
 }  // namespace platform::spooler

@@ -47,7 +47,7 @@ DWORD ReadAnswer(const OpenPrinter& printer, const PjlRequest& request, const Va
     spooler::PrinterRecord record;
     if (const DWORD error = spooler::LoadPrinter(printer.name, &record)) return error;
     platform::RegistryValue answer = {REG_BINARY, {}};
-    const DWORD error = spooler::AskPrinter(record.port, request, &answer.bytes);
+    const DWORD error = spooler::AskPrinter(record.port, request, *printer.time, &answer.bytes);
     return error != ERROR_SUCCESS ? error : GiveValue(answer, value);
 }
 
@@ -79,7 +79,7 @@ DWORD CarryRequest(const OpenPrinter& printer, const PjlRequest& request) {
     spooler::PrinterRecord record;
     if (const DWORD error = spooler::LoadPrinter(printer.name, &record)) return error;
     if (request.wantsAnswer) return spooler::CheckPrinterPort(record.port);
-    return spooler::AskPrinter(record.port, request, nullptr);
+    return spooler::AskPrinter(record.port, request, *printer.time, nullptr);
 }
 
 DWORD WriteValue(HANDLE handle, LPCWSTR name, DWORD type, const BYTE* bytes, DWORD size) {

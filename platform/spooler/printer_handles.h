@@ -3,13 +3,17 @@
 
 #include <windef.h>
 
+#include <memory>
 #include <string>
+
+#include "platform/spooler/port_monitor.h"
 
 namespace platform::spooler {
 
 struct OpenPrinter {
     std::u16string name;  ///< of the printer's key; empty: the machine's print server
     DWORD access;         ///< PRINTER_ACCESS_*
+    std::shared_ptr<AnswerTime> time = std::make_shared<AnswerTime>();
 };
 
 [[nodiscard]] HANDLE AddHandle(OpenPrinter printer);

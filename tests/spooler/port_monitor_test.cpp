@@ -116,10 +116,15 @@ TEST_F(PortMonitor, ReportsPrintersThatAnswerBadlyOrNotAtAll) {
     EXPECT_EQ(ask({std::string(1 << 20, 'j')}), failed) << "junk without end";
     EXPECT_EQ(ask({LoopbackPrinter::kResets}), failed) << "reset";
     EXPECT_EQ(ask({"half an answer", LoopbackPrinter::kHangsUp}), "half an answer") << "closed";
+    // An open printer waits so long for all its questions together.
+    LoopbackPrinter silent({{"no form feed"}, {kConfigurationAnswer}});
+    const HANDLE printer = PrinterAt(silent.Address());
     const tests::TestClock clock;
-    EXPECT_EQ(ask({"no form feed"}), Failed(ERROR_TIMEOUT));
+    EXPECT_EQ(Value(printer, kStatus), Failed(ERROR_TIMEOUT));
+    EXPECT_EQ(Value(printer, kConfiguration), Failed(ERROR_TIMEOUT));
     EXPECT_GT(clock.Elapsed(), 12000u);
     EXPECT_LE(clock.Elapsed(), 15000u);
+    EXPECT_TRUE(ClosePrinter(printer));
 }
 
 }  // namespace
