@@ -6,6 +6,7 @@ namespace oemui {
 namespace {
 
 constexpr USHORT kRawPort = 9100;
+constexpr DWORD kConnectPollMilliseconds = 50;
 
 /// A socket that is closed unless somebody takes it over.
 class UniqueSocket {
@@ -30,22 +31,39 @@ bool SetBlocking(SOCKET socket, bool blocks) {
     return ::ioctlsocket(socket, static_cast<LONG>(FIONBIO), &isNonBlocking) != SOCKET_ERROR;
 }
 
-bool Connect(SOCKET socket, const sockaddr_in& address) {
-    return ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
-           SOCKET_ERROR;
+/// One step of connecting. \return 0 when connected, or the socket's error.
+int TryConnect(SOCKET socket, const sockaddr_in& address) {
+    const auto* target = reinterpret_cast<const sockaddr*>(&address);
+    if (::connect(socket, target, sizeof address) != SOCKET_ERROR) return 0;
+    const int error = ::WSAGetLastError();
+    return error == WSAEISCONN ? 0 : error;
+}
+
+/// Connects without blocking: left to itself the platform waits for longer than the whole query
+/// may take.
+bool Connect(SOCKET socket, const sockaddr_in& address, QueryTime* time) {
+    int error = TryConnect(socket, address);
+    if (error != WSAEWOULDBLOCK) return error == 0;
+    // Asked again, the older library says "invalid" of a connect under way. "Would block" would
+    // mean that the first attempt has failed and another has begun.
+    do {
+        error = TryConnect(socket, address);
+        if (error != WSAEALREADY && error != WSAEINVAL) return error == 0;
+    } while (time->Wait(kConnectPollMilliseconds));
+    return false;
 }
 
 }  // namespace
 
-bool OpenPrinterConnection(PrinterLink* link) {
+bool OpenPrinterConnection(PrinterLink* link, QueryTime* time) {
     if (link->OpenCount > 0) return true;
     link->Socket = INVALID_SOCKET;
     if (link->Found == 0) return false;
     UniqueSocket socket(::socket(AF_INET, SOCK_STREAM, 0));
     if (socket.Get() == INVALID_SOCKET) return false;
     link->Address.sin_port = ::htons(kRawPort);
-    if (!Connect(socket.Get(), link->Address)) return false;
     if (!SetBlocking(socket.Get(), false)) return false;
+    if (!Connect(socket.Get(), link->Address, time)) return false;
     link->Socket = socket.Release();
     ++link->OpenCount;
     return true;

@@ -10,10 +10,26 @@
 
 namespace oemui {
 
+/// What a query may wait for the printer: about 15 seconds for connecting and the reply together.
+class QueryTime {
+public:
+    /// Waits. \return false, and at once, when not so much time is left.
+    bool Wait(DWORD milliseconds) {
+        if (left_ < milliseconds) return false;
+        left_ -= milliseconds;
+        ::Sleep(milliseconds);
+        return true;
+    }
+
+private:
+    /// Milliseconds: a quarter of a second before the first of 60 polls, and one after each.
+    DWORD left_ = 15250;
+};
+
 /// Connects to the printer's raw port, 9100, and makes the socket non-blocking; a connection that
-/// is open already is used as it is and not counted again. The connect blocks. Nothing stays open
-/// on failure.
-[[nodiscard]] bool OpenPrinterConnection(PrinterLink* link);
+/// is open already is used as it is and not counted again. Waits for the printer within the time.
+/// Nothing stays open on failure.
+[[nodiscard]] bool OpenPrinterConnection(PrinterLink* link, QueryTime* time);
 
 /// Gives back one open; the last one makes the socket blocking again and closes it.
 /// \return false when the socket cannot be made blocking; it then stays the caller's.

@@ -34,7 +34,8 @@ struct Message {
 /// A connection for the length of a scope.
 class Connection {
 public:
-    explicit Connection(PrinterLink* link) : link_(link), isOpen_(OpenPrinterConnection(link)) {}
+    Connection(PrinterLink* link, QueryTime* time)
+        : link_(link), isOpen_(OpenPrinterConnection(link, time)) {}
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
     ~Connection() {
@@ -93,13 +94,14 @@ bool SubstituteReply(const ReplyBuffer& reply) {
     return true;
 }
 
-bool SendCommand(PrinterLink* link, const Command& command, const ReplyBuffer& reply) {
+bool SendCommand(PrinterLink* link, const Command& command, QueryTime* time,
+                 const ReplyBuffer& reply) {
     Message message;
     DWORD sent = 0;
     if (!BuildMessage(command.Text, &message)) return false;
     const bool isSent = SendToPrinter(link, {message.Bytes, message.Length}, &sent);
     if (command.Kind == Mode::kSet || !isSent) return isSent;
-    return sent == 0 ? SubstituteReply(reply) : PollReply(link, reply);
+    return sent == 0 ? SubstituteReply(reply) : PollReply(link, time, reply);
 }
 
 }  // namespace
@@ -113,7 +115,8 @@ bool ExchangePjl(PrinterLink* link, LPCWSTR command, std::span<char> reply, DWOR
     }
     const Command parsed = ParseCommand(narrow);
     const ReplyBuffer buffer = {reply, length};
-    const Connection connection(link);
+    QueryTime time;
+    const Connection connection(link, &time);
     if (!connection) return false;
     switch (parsed.Kind) {
         case Mode::kNone:
@@ -121,7 +124,7 @@ bool ExchangePjl(PrinterLink* link, LPCWSTR command, std::span<char> reply, DWOR
         case Mode::kRead:
             return ReadAtOnce(link, buffer);
         default:
-            return SendCommand(link, parsed, buffer);
+            return SendCommand(link, parsed, &time, buffer);
     }
 }
 

@@ -19,7 +19,8 @@ inline constexpr std::size_t kMaxPjlText = 235;
 /// started.
 /// \param command  at most 255 characters: "READ" reads whatever the printer sends; "#SET#", a
 ///                 blank or line feed and a text sends the text; "#GET#" the same sends it and
-///                 reads the reply up to a form feed, for up to about 15 seconds.
+///                 reads the reply up to a form feed, up to about 15 seconds after it began to
+///                 connect.
 /// \param reply    receives the bytes; they are not terminated.
 /// \param length   bytes of the reply; 0 when none arrived in time.
 /// \return false when the connection could not be made or broke, or the command carries no text or

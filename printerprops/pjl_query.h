@@ -19,8 +19,8 @@ inline constexpr DWORD kReplyCapacity = 1024;
 /// \param link  as discovery left it. Share and internet ports are asked over a connection of the
 ///              plug-in's own, every other port through the spooler.
 /// \return what is installed, everything when no answer was understood; nothing when the question
-///         was not asked. Blocks for up to about 15 seconds on the direct way, after a connect that
-///         takes as long as the platform lets it.
+///         was not asked. Blocks for up to about 15 seconds on the direct way, connecting included,
+///         and for as long as the port monitor takes for two questions on the other.
 [[nodiscard]] std::optional<InstalledOptions> QueryInstalledOptions(LPCWSTR printerName,
                                                                     PrinterLink link);
 

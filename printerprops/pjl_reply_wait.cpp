@@ -30,9 +30,9 @@ bool ReadAtOnce(PrinterLink* link, const ReplyBuffer& reply) {
     return EndWithoutReply(receiveError, reply);
 }
 
-bool PollReply(PrinterLink* link, const ReplyBuffer& reply) {
+bool PollReply(PrinterLink* link, QueryTime* time, const ReplyBuffer& reply) {
     int receiveError = 0;
-    ::Sleep(kPollMilliseconds);
+    time->Wait(kPollMilliseconds);
     for (int poll = 0; poll < kReceiveAttempts; ++poll) {
         const std::span<char> rest = reply.Room.subspan(*reply.Length);
         DWORD received = 0;
@@ -42,7 +42,7 @@ bool PollReply(PrinterLink* link, const ReplyBuffer& reply) {
         if (std::string_view(rest.data(), received).find('\f') != std::string_view::npos) {
             return true;
         }
-        ::Sleep(kPollMilliseconds);
+        if (!time->Wait(kPollMilliseconds)) break;
     }
     return EndWithoutReply(receiveError, reply);
 }

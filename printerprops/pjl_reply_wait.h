@@ -1,11 +1,11 @@
-/// Waiting for a printer's reply: 60 attempts, a quarter of a second apart, about 15 seconds.
+/// Waiting for a printer's reply.
 #pragma once
 
 #include <windows.h>
 
 #include <span>
 
-#include "printerprops/port_discovery.h"
+#include "printerprops/pjl_connection.h"
 
 namespace oemui {
 
@@ -15,10 +15,10 @@ struct ReplyBuffer {
     DWORD* Length;  ///< bytes received
 };
 
-/// Receives once, as soon as an attempt succeeds; does not pause between the attempts.
+/// Receives once, as soon as one of 60 attempts succeeds; does not pause between them.
 [[nodiscard]] bool ReadAtOnce(PrinterLink* link, const ReplyBuffer& reply);
 
-/// Polls until a form feed has arrived.
-[[nodiscard]] bool PollReply(PrinterLink* link, const ReplyBuffer& reply);
+/// Polls every quarter of a second until a form feed has arrived or the time is over.
+[[nodiscard]] bool PollReply(PrinterLink* link, QueryTime* time, const ReplyBuffer& reply);
 
 }  // namespace oemui

@@ -22,6 +22,7 @@ using SOCKET = UINT_PTR;
 #define WSAEINVAL 10022
 #define WSAEMFILE 10024
 #define WSAEWOULDBLOCK 10035
+#define WSAEALREADY 10037
 #define WSAENOTSOCK 10038
 #define WSAEPROTONOSUPPORT 10043
 #define WSAESOCKTNOSUPPORT 10044
@@ -29,6 +30,7 @@ using SOCKET = UINT_PTR;
 #define WSAEAFNOSUPPORT 10047
 #define WSAENETUNREACH 10051
 #define WSAECONNRESET 10054
+#define WSAEISCONN 10056
 #define WSAECONNREFUSED 10061
 #define WSAVERNOTSUPPORTED 10092
 #define WSANOTINITIALISED 10093
@@ -91,7 +93,8 @@ int WINAPI WSAGetLastError();
 
 /// \param family  AF_INET. \param type  SOCK_STREAM. \param protocol  0 or IPPROTO_TCP.
 SOCKET WINAPI socket(int family, int type, int protocol);
-/// Connects, waiting for the outcome.
+/// Connects, waiting for the outcome. A socket that does not wait fails with WSAEWOULDBLOCK while
+/// the outcome is open, asked again with WSAEALREADY, and with WSAEISCONN when it is connected.
 int WINAPI connect(SOCKET socket, const sockaddr* address, int addressSize);
 /// \param command  FIONBIO: a value of 0 makes the socket's calls wait, any other makes them not.
 int WINAPI ioctlsocket(SOCKET socket, LONG command, ULONG* value);

@@ -69,7 +69,8 @@ TEST_F(PjlQuery, NobodyListeningFailsAtOnceAndChangesNothing) {
     LoopbackPrinter nobody({});
     EXPECT_FALSE(Query(nobody.Address()).has_value());
     PrinterLink notFound = {.Found = 0, .Address = {}, .Socket = 5, .Kind = {}, .OpenCount = 0};
-    EXPECT_FALSE(OpenPrinterConnection(&notFound));
+    QueryTime time;
+    EXPECT_FALSE(OpenPrinterConnection(&notFound, &time));
     EXPECT_EQ(notFound.Socket, INVALID_SOCKET);
 }
 
@@ -82,7 +83,8 @@ TEST_F(PjlQuery, ReceivingNeverPassesItsBufferAndEndsWithTheConnection) {
     {
         LoopbackPrinter printer({{"0123456789"}});
         link = LinkTo(printer.Address());
-        ASSERT_TRUE(OpenPrinterConnection(&link));
+        QueryTime time;
+        ASSERT_TRUE(OpenPrinterConnection(&link, &time));
         EXPECT_TRUE(ReceiveFromPrinter(&link, {reply, 8}, &count, &error));
         EXPECT_EQ(count, 0u);
         EXPECT_EQ(error, WSAEWOULDBLOCK);

@@ -55,13 +55,21 @@ TEST_F(QueryOnTheLayer, ASilentPrinterCountsAsAskedAndABrokenConnectionDoesNotBo
     }
 }
 
+TEST_F(QueryOnTheLayer, AHostThatNeverAcceptsFailsWithinTheTimeOfAQuery) {
+    LoopbackPrinter busy({{LoopbackPrinter::kNeverAccepts}});
+    const tests::TestClock clock;
+    EXPECT_EQ(Query(LinkTo(busy.Address())), "failed");
+    EXPECT_EQ(clock.Elapsed(), 15250u);
+}
+
 TEST_F(QueryOnTheLayer, APrinterThatFellSilentAndThenClosedCountsAsAsked) {
     const SocketLibrary library;
     for (const char* command : {"#GET# x", "READ"}) {
         for (const bool wasSilent : {true, false}) {
             LoopbackPrinter printer({{LoopbackPrinter::kHangsUp}});
             PrinterLink link = LinkTo(printer.Address());
-        ASSERT_TRUE(OpenPrinterConnection(&link));
+            QueryTime time;
+            ASSERT_TRUE(OpenPrinterConnection(&link, &time));
             char reply[34];
             DWORD length = 99;
             int error = 0;

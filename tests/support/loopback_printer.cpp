@@ -19,6 +19,7 @@ using Size = std::size_t;
 #endif
 
 #include <chrono>
+#include <cstdlib>
 
 namespace tests {
 namespace {
@@ -72,6 +73,7 @@ bool Say(Descriptor socket, const LoopbackPrinter::Answer& answer) {
 
 const std::string LoopbackPrinter::kHangsUp = "\1hangs up";
 const std::string LoopbackPrinter::kResets = "\1resets";
+const std::string LoopbackPrinter::kNeverAccepts = "\1never accepts";
 
 LoopbackPrinter::LoopbackPrinter(std::vector<Answer> answers) : answers_(std::move(answers)) {
 #ifdef _WIN32
@@ -82,6 +84,10 @@ LoopbackPrinter::LoopbackPrinter(std::vector<Answer> answers) : answers_(std::mo
     listener_ = static_cast<std::uintptr_t>(listener);
     address_ = BindSomewhere(listener);
     if (answers_.empty()) return;
+    if (answers_.front() == Answer{kNeverAccepts}) {
+        FillUp();
+        return;
+    }
     listen(listener, 8);
     thread_ = std::thread([this] { Play(); });
 }
@@ -90,12 +96,24 @@ LoopbackPrinter::~LoopbackPrinter() {
     // Wakes a thread that still waits for a connection.
     shutdown(static_cast<Descriptor>(listener_), kBothWays);
     close(static_cast<Descriptor>(listener_));
+    if (guest_ != 0) close(static_cast<Descriptor>(guest_));
     if (thread_.joinable()) thread_.join();
 }
 
 const std::vector<std::string>& LoopbackPrinter::Received() {
     if (thread_.joinable()) thread_.join();
     return received_;
+}
+
+void LoopbackPrinter::FillUp() {
+    listen(static_cast<Descriptor>(listener_), 0);
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(9100);
+    address.sin_addr.s_addr = inet_addr(address_.c_str());
+    const Descriptor guest = socket(AF_INET, SOCK_STREAM, 0);
+    guest_ = static_cast<std::uintptr_t>(guest);
+    if (connect(guest, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) abort();
 }
 
 void LoopbackPrinter::Play() {

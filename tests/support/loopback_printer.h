@@ -20,6 +20,8 @@ public:
     static const std::string kHangsUp;
     /// In the place of a text: breaks the connection off.
     static const std::string kResets;
+    /// In the place of the only text: lets nobody in, so that connecting takes as long as it may.
+    static const std::string kNeverAccepts;
 
     /// \param answers  one per connection; none for an address on which nobody listens.
     explicit LoopbackPrinter(std::vector<Answer> answers);
@@ -33,11 +35,13 @@ public:
     const std::vector<std::string>& Received();
 
 private:
+    void FillUp();
     void Play();
     void PlayConnection(std::uintptr_t connection, const Answer& answer);
 
     std::vector<Answer> answers_;
     std::uintptr_t listener_;
+    std::uintptr_t guest_ = 0;  ///< who fills the only place of one that never accepts
     std::string address_;
     std::vector<std::string> received_;
     std::thread thread_;
