@@ -50,6 +50,10 @@ INT32 ParseInteger(TextView text, int radix) {
 
 void ParseDefaultWatermarkLine(TextView line, WatermarkRecord* record) {
     FieldReader fields(line);
+    // Behind the terminators nothing of another line or list may travel on with the record.
+    std::ranges::fill(record->Name, WCHAR{0});
+    std::ranges::fill(record->Text, WCHAR{0});
+    std::ranges::fill(record->FaceName, WCHAR{0});
     record->InUse = 1;
     record->Index = static_cast<UINT32>(fields.Number());
     CopyText(record->Name, fields.Text());

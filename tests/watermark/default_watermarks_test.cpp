@@ -36,6 +36,7 @@ TEST_F(DefaultWatermarks, EntriesComeInTheOrderOfTheirKeys) {
     list.NoneSelected = 1;
     list.Selected = 2;
     list.Entries[1].ColorIndex = 4;
+    list.Entries[1].Text[63] = TEXT('x');
     list.Entries[3].PointSize = 99;
     LoadDefaultWatermarks(&list);
     EXPECT_EQ(list.NoneSelected, 0U);
@@ -47,6 +48,7 @@ TEST_F(DefaultWatermarks, EntriesComeInTheOrderOfTheirKeys) {
         EXPECT_EQ(list.Entries[i].Index, 90 + i);
     }
     EXPECT_EQ(list.Entries[1].ColorIndex, 4U);
+    EXPECT_EQ(list.Entries[1].Text[63], 0) << "of another text";
     EXPECT_EQ(list.Entries[3].PointSize, 99);
 }
 
