@@ -52,9 +52,10 @@ constexpr ItemLayout kLayouts[kDocumentItemCount] = {
     {IDS_RENDERING_INTENT, TVOT_COMBOBOX, {{IDS_SATURATION, 0}, {IDS_PERCEPTUAL, 0}}, 1123},
 };
 
-// One button for every page of the process, which keeps its address; its title belongs to the last
-// page built and goes with that page's heap.
+// One button for every page of the process, which keeps its address, and its title: a page that is
+// gone takes neither along.
 EXTPUSH editButton = {};
+MessageText editTitle;
 
 PWSTR LoadPageText(const OEMCUIPPARAM& params, UINT textId) {
     return textId == 0 ? nullptr : LoadItemText(params.hOEMHeap, PageModule(params), textId);
@@ -128,7 +129,8 @@ void RefreshFirstWatermark(LPCWSTR printerName, PrivateDevmode* devmode) {
 PEXTPUSH RewriteEditButton(const OEMCUIPPARAM& params) {
     editButton = {};
     editButton.cbSize = sizeof editButton;
-    editButton.pTitle = LoadPageText(params, IDS_EDIT);
+    editTitle = MessageText(IDS_EDIT, PageModule(params));
+    if (!editTitle.empty()) editButton.pTitle = editTitle.Room();
     editButton.IconID = kEditIcon;
     return &editButton;
 }

@@ -63,6 +63,10 @@ TEST_F(DocumentItems, FourItemsAsTheDriverShowsThem) {
     const EXTPUSH* button = page_.Own(kWatermarkItem).pExtPush;
     ASSERT_NE(button, nullptr);
     EXPECT_EQ(Shown(button->pTitle), "Edit");
+    const LPCWSTR title = button->pTitle;
+    DocumentPage another(printer_.Name());
+    another.Build();
+    EXPECT_EQ(title, another.Own(kWatermarkItem).pExtPush->pTitle) << "outlives its page";
     EXPECT_EQ(button->cbSize, 64);
     EXPECT_EQ(button->IconID, 1002U);
     EXPECT_EQ(page_.Params().OEMCUIPCallback, DocumentPropertyCallback);
