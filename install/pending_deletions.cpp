@@ -1,7 +1,9 @@
 #include "install/pending_deletions.h"
 
+#include <algorithm>
 #include <memory>
 #include <new>
+#include <utility>
 
 #include "common/file_name.h"
 #include "common/text.h"
@@ -18,6 +20,10 @@ struct StoredValue {
     DWORD Size = 0;                       ///< bytes
     std::unique_ptr<WCHAR[]> Characters;  ///< room for the whole value; null when there is none
 
+    bool operator==(const StoredValue& other) const {
+        return Type == other.Type && Size == other.Size &&
+               std::equal(Bytes(), Bytes() + Size, other.Bytes());
+    }
     BYTE* Bytes() const { return reinterpret_cast<BYTE*>(Characters.get()); }
 };
 
@@ -35,6 +41,13 @@ StoredValue ReadValue(HKEY key, LPCWSTR name) {
         return {};
     }
     return value;
+}
+
+/// The value with every deletion of the file spoilt; empty when there is none.
+StoredValue ReadSpoilt(HKEY key, TextView fileName) {
+    StoredValue value = ReadValue(key, kPendingOperations);
+    const std::span operations(value.Characters.get(), value.Size / sizeof(WCHAR));
+    return SpoilPendingDeletions(operations, fileName) ? std::move(value) : StoredValue();
 }
 
 /// The next text of a list, with `*rest` moved behind its terminator.
@@ -56,10 +69,18 @@ void KeepFromPendingDeletion(TextView fileName) {
                       key.Receive()) != ERROR_SUCCESS) {
         return;
     }
-    const StoredValue value = ReadValue(key.Get(), kPendingOperations);
-    if (!value.Characters) return;
-    if (SpoilPendingDeletions({value.Characters.get(), value.Size / sizeof(WCHAR)}, fileName)) {
-        ::RegSetValueExW(key.Get(), kPendingOperations, 0, value.Type, value.Bytes(), value.Size);
+    // Other programs add to the value at any time: it is written only when it is still as it was
+    // read, and rather not at all than without what somebody else has put in.
+    constexpr int kAttempts = 3;
+    StoredValue value = ReadSpoilt(key.Get(), fileName);
+    for (int attempt = 0; attempt < kAttempts && value.Characters; ++attempt) {
+        StoredValue again = ReadSpoilt(key.Get(), fileName);
+        if (again == value) {
+            ::RegSetValueExW(key.Get(), kPendingOperations, 0, value.Type, value.Bytes(),
+                             value.Size);
+            return;
+        }
+        value = std::move(again);
     }
 }
 

@@ -13,6 +13,7 @@
 #include "common/oem_driver_interface.h"
 #include "common/unique_handle.h"
 #include "install/install_events.h"
+#include "install/pending_deletions.h"
 #include "install/print_processor.h"
 #include "tests/support/plugin_fixture.h"
 #include "tests/support/test_printer.h"
@@ -30,6 +31,10 @@ const Text kProcessors = TEXT(
 constexpr LPCWSTR kPending = TEXT("PendingFileRenameOperations");
 constexpr std::string_view kSettings =
     "[EAIDCData]\nEAIDCDisable=5\n[OEMUninstall]\nExecutable=UNINST.EXE\n";
+
+std::string Bytes(const Text& text) {
+    return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WCHAR)};
+}
 
 class Installation : public PluginTest {
 protected:
@@ -86,6 +91,22 @@ TEST_F(Installation, WithoutANameOnlyTheStepsThatNeedNoneAreDone) {
     EXPECT_EQ(ReadRegistryValue(kSessionManager, kPending)[20], '_');
     EXPECT_TRUE(IsPrintProcessorInstalled(TEXT("QVRT__PP")));
     EXPECT_EQ(AssignedProcessor(), "winprint");
+}
+
+TEST_F(Installation, AnEntryThatAnotherProgramAddsMeanwhileIsKept) {
+    const std::string path = Bytes(TEXT("C:\\UNINST.EXE"));
+    const std::string end(4, '\0');
+    const std::string added = path + end + Bytes(TEXT("C:\\b")) + end + end;
+    {
+        const FailurePlan another("RegQueryValueExW", 3, [&added] {
+            WriteRegistryValue(kSessionManager, kPending, REG_MULTI_SZ, added.data(),
+                               static_cast<DWORD>(added.size()));
+        });
+        KeepFromPendingDeletion(TEXT("UNINST.EXE"));
+    }
+    std::string expected = added;
+    expected[20] = '_';
+    EXPECT_EQ(ReadRegistryValue(kSessionManager, kPending), expected);
 }
 
 TEST_F(Installation, WhateverFailsCostsOneStepAndLeavesNothingOpen) {
