@@ -1,7 +1,6 @@
 #include "wmeditor/editor_session.h"
 
 #include <algorithm>
-#include <functional>
 
 #include "common/message.h"
 #include "common/page_state.h"
@@ -28,6 +27,8 @@ void EditorSession::Open(HWND dialog, WatermarkList* caller) {
     if (!SanitizeWatermarkList(&WorkingWatermarkList) || WorkingWatermarkList.Count == 0) {
         LoadDefaultWatermarks(&WorkingWatermarkList);
     }
+    // The record that a document brought along may never have been filled; listed is in use.
+    for (WatermarkRecord& entry : ListedEntries(WorkingWatermarkList)) entry.InUse = 1;
     opening_ = WorkingWatermarkList;
     TakeUp(WorkingWatermarkList.Selected);
 }
@@ -71,11 +72,8 @@ void EditorSession::StartAdding() {
 }
 
 void EditorSession::RemoveCurrent() {
-    const auto inFront =
-        ListedEntries(WorkingWatermarkList).first(static_cast<std::size_t>(currentIndex_));
-    const auto left = std::ranges::count(inFront, 1U, &WatermarkRecord::InUse);
     RemoveWatermark(&WorkingWatermarkList, currentIndex_);
-    currentIndex_ = std::max(static_cast<INT32>(left) - 1, 0);
+    currentIndex_ = std::max(currentIndex_ - 1, 0);
     Edit(currentIndex_);
 }
 

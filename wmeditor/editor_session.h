@@ -15,8 +15,9 @@ public:
     /// The session of the editor that was opened last.
     [[nodiscard]] static EditorSession& Current();
 
-    /// Takes a copy of the caller's list that is safe to index, with the defaults when it is empty,
-    /// and takes up its selected entry. Everything but the preset chosen last is set anew.
+    /// Takes a copy of the caller's list that is safe to index, with the defaults when it is empty
+    /// and every entry in use, and takes up its selected entry. Everything but the preset chosen
+    /// last is set anew.
     /// \param caller  written back by `Save` alone.
     void Open(HWND dialog, WatermarkList* caller);
 
@@ -66,7 +67,7 @@ public:
     void Select(INT32 index);
     /// Starts a new entry from the settings of entry 0.
     void StartAdding();
-    /// Removes the current entry and those not in use; the one before it becomes the current.
+    /// Removes the current entry; the one before it becomes the current.
     void RemoveCurrent();
     /// Adds a record to the list, selects it and edits it.
     void Add(const WatermarkRecord& record);

@@ -211,21 +211,22 @@ TEST_F(EditorCommands, ADeletionShowsTheEntryBeforeAndEscapeTakesItBack) {
     EXPECT_EQ(Narrow(NamesIn(WorkingWatermarkList)), "<NONE> Alpha Delta Echo Foxtrot");
 }
 
-TEST_F(EditorCommands, ADeletionIsStoredWithoutUnusedEntriesAndLaterOnesAreNotAskedAbout) {
-    list_.Entries[1].InUse = list_.Entries[3].InUse = 0;
+TEST_F(EditorCommands, ADeletionTakesOneEntryAndLaterOnesAreNotAskedAbout) {
+    list_.Entries[0].InUse = list_.Entries[1].InUse = 0;
     list_.Orientation = 2;
     list_.Selected = 2;
     user_.WillAnswer({IDOK});
     EditTo(1, [this] {
         user_.Click(IDC_DELETE);
-        EXPECT_EQ(TextOf(IDC_WATERMARK_LIST), TextOf(IDC_NAME));
+        EXPECT_EQ(TextOf(IDC_WATERMARK_LIST), "Alpha");
         user_.Choose(IDC_WATERMARK_LIST, TEXT("Foxtrot"));
         user_.TypeText(IDC_POINT_SIZE, TEXT("20"));
         user_.Click(IDOK);
     });
     ExpectMessages({kConfirmDelete});
-    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Foxtrot");
-    EXPECT_EQ(Stored().Entries[1].PointSize, 20);
+    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Alpha Echo Foxtrot");
+    EXPECT_EQ(Stored().Entries[3].PointSize, 20);
+    EXPECT_EQ(Stored().Entries[0].InUse, 1u);
     EXPECT_EQ(Stored().Orientation, 0u);
 }
 
