@@ -122,10 +122,9 @@ void EditorSession::Save(INT32 selection) {
     list.Selected = IsListed(list, selection) ? selection : 0;
     list.NoneSelected = list.Selected == 0 ? 1 : 0;
     // It is settled: what the user does below a message that the list could not be stored is void.
-    isOpen_ = false;
+    isOpen_ = isAdding_ = false;
     if (caller_ != nullptr) CopyWatermarkList(caller_, list);
     WritePrinterWatermarkList(CurrentPrinterName, list, IDS_LIST_NOT_STORED);
-    isAdding_ = false;
     End(dialog, 1);
 }
 
@@ -135,15 +134,19 @@ void EditorSession::Cancel() {
     End(dialog_, 0);
 }
 
+void EditorSession::Leave(HWND dialog) {
+    if (!BelongsTo(dialog)) return;
+    isOpen_ = isAdding_ = false;
+    caller_ = nullptr;
+    dialog_ = nullptr;
+}
+
 void EditorSession::End(HWND dialog, INT_PTR result) {
     // Commands that come while the dialog ends, such as the focus leaving a control, do nothing.
-    isOpen_ = false;
-    if (::EndDialog(dialog, result)) {
-        caller_ = nullptr;
-    } else {
-        dialog_ = dialog;
-        isOpen_ = true;
-    }
+    if (BelongsTo(dialog)) isOpen_ = false;
+    const bool isOpenStill = ::EndDialog(dialog, result) == FALSE;
+    // Below a message another editor may have opened: the session is that one's now.
+    if (BelongsTo(dialog)) isOpen_ = isOpenStill;
 }
 
 }  // namespace oemui

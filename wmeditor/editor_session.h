@@ -8,8 +8,8 @@
 
 namespace oemui {
 
-/// One editor is open at a time in a process; everything happens on the thread that runs its
-/// dialog. The list being edited is `WorkingWatermarkList`.
+/// There is one session in a process, that of the editor opened last; everything happens on the
+/// thread that runs its dialog. The list being edited is `WorkingWatermarkList`.
 class EditorSession {
 public:
     /// The session of the editor that was opened last.
@@ -21,9 +21,12 @@ public:
     /// \param caller  written back by `Save` alone.
     void Open(HWND dialog, WatermarkList* caller);
 
+    /// Whether this is the dialog's session: it is until its window goes away, or another editor
+    /// opens.
+    [[nodiscard]] bool BelongsTo(HWND dialog) const { return dialog_ == dialog; }
     /// Whether commands of this dialog are to be carried out: from its opening until it is saved or
     /// cancelled. Message boxes leave the editor usable, so it may have ended when one is answered.
-    [[nodiscard]] bool IsOpenIn(HWND dialog) const { return isOpen_ && dialog_ == dialog; }
+    [[nodiscard]] bool IsOpenIn(HWND dialog) const { return isOpen_ && BelongsTo(dialog); }
 
     [[nodiscard]] HWND Dialog() const { return dialog_; }
     /// The list as it was when the dialog opened, after defaults were loaded.
@@ -93,6 +96,9 @@ public:
     void Save(INT32 selection);
     /// Brings back the opening list and ends the dialog with 0.
     void Cancel();
+    /// The dialog's window goes away: nothing is stored any more. Nothing when the session is
+    /// another dialog's.
+    void Leave(HWND dialog);
 
 private:
     template <typename Field>
