@@ -93,6 +93,10 @@ void ShowEdited(EditorSession& session) {
     RepaintPreview(session);
 }
 
+void ShowEditedSize(const EditorSession& session) {
+    Control(session.Dialog(), IDC_POINT_SIZE).ShowNumber(session.Edited().PointSize);
+}
+
 void EnableForCurrentEntry(const EditorSession& session) {
     const bool canBeChanged = session.CurrentIndex() != 0;
     Control(session.Dialog(), IDC_DELETE).Enable(canBeChanged);

@@ -12,6 +12,9 @@ namespace oemui {
 /// Sets every setting control from the edited record, makes it the preview's and paints it.
 void ShowEdited(EditorSession& session);
 
+/// Sets the size edit from the edited record; the preview follows.
+void ShowEditedSize(const EditorSession& session);
+
 /// Enables what may be done with the current entry: entry 0 cannot be changed or deleted.
 void EnableForCurrentEntry(const EditorSession& session);
 

@@ -91,19 +91,24 @@ void EditorSession::Overwrite(INT32 index) {
 }
 
 void EditorSession::StoreEdited() {
+    ClampEditedSize();  // it may have been changed below the question
     CopyWatermark(&WorkingWatermarkList.Entries[currentIndex_], edited_);
 }
 
 void EditorSession::ClampEditedSize() {
     const INT32 stored = WorkingWatermarkList.Entries[currentIndex_].PointSize;
-    if (currentIndex_ == 0 && edited_.PointSize == stored) return;
-    edited_.PointSize = ClampedPointSize(edited_.PointSize);
+    if (edited_.PointSize != stored) edited_.PointSize = ClampedPointSize(edited_.PointSize);
 }
 
 INT32 EditorSession::RestoreOpeningSelection() {
     const INT32 selected = opening_.Selected;
-    if (!IsListed(WorkingWatermarkList, selected)) return 0;
-    CopyWatermark(&WorkingWatermarkList.Entries[selected], opening_.Entries[selected]);
+    const WatermarkRecord& opening = opening_.Entries[selected];
+    WatermarkRecord& entry = WorkingWatermarkList.Entries[selected];
+    // After a deletion there may be no such entry, or another one in its place, which must stay.
+    const bool isThere = IsListed(WorkingWatermarkList, selected) &&
+                         SameText(TextIn(entry.Name), TextIn(opening.Name));
+    if (!isThere) return currentIndex_;
+    CopyWatermark(&entry, opening);
     return selected;
 }
 

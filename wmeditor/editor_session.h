@@ -78,11 +78,11 @@ public:
     void Overwrite(INT32 index);
     /// Puts the edited settings into the current entry.
     void StoreEdited();
-    /// Brings the edited size into its range. Entry 0 prints nothing: a size of it that nobody has
-    /// changed stays as it is, whatever it is.
+    /// Brings the edited size into its range. A size that nobody has changed stays as the list has
+    /// it, whatever it is.
     void ClampEditedSize();
     /// Brings back the entry that was selected at the opening, as it was then.
-    /// \return its index; 0 when a deletion has left the list too short for it.
+    /// \return its index; the current one when a deletion has removed or moved that entry.
     [[nodiscard]] INT32 RestoreOpeningSelection();
 
     /// Shows a message box from the string table.

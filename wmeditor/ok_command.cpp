@@ -40,6 +40,7 @@ void ConfirmNewEntry(EditorSession& session) {
     } else {
         AddNewEntry(session);
     }
+    ShowEditedSize(session);
     AnnounceSelected(session.Edited());
     if (session.IsOpenIn(dialog)) session.Save(WorkingWatermarkList.Selected);
 }
@@ -63,6 +64,7 @@ bool MayStoreEdited(EditorSession& session) {
 void ConfirmEditedEntry(EditorSession& session) {
     if (IsListed(WorkingWatermarkList, session.CurrentIndex())) {
         session.ClampEditedSize();
+        ShowEditedSize(session);
         if (!MayStoreEdited(session)) return;
         session.StoreEdited();
     }

@@ -51,7 +51,7 @@ void OnSize(EditorSession& session, UINT notification) {
         const INT32 size = ClampedPointSize(session.Edited().PointSize);
         if (size == session.Edited().PointSize) return;
         session.SetBoth(&WatermarkRecord::PointSize, size);
-        Control(dialog, IDC_POINT_SIZE).ShowNumber(size);
+        ShowEditedSize(session);
     }
 }
 

@@ -49,12 +49,15 @@ TEST_F(EditorCommands, AnEmptyListOpensOnTheDefaultsAndCancelKeepsThem) {
 
 TEST_F(EditorCommands, AnUntouchedListIsStoredWithItsSelection) {
     list_.Entries[0].PointSize = 0;
+    list_.Entries[1].PointSize = 300;
+    EditTo(1, [this] { user_.Click(IDOK); });
     EditTo(1, [this] {
         user_.Choose(IDC_WATERMARK_LIST, TEXT("<NONE>"));
         user_.Click(IDOK);
     });
     ExpectMessages({});
     EXPECT_EQ(Stored().Entries[0].PointSize, 0);
+    EXPECT_EQ(Stored().Entries[1].PointSize, 300) << "nobody changed it";
     EXPECT_EQ(list_.Selected, 0);
     EXPECT_EQ(Stored().NoneSelected, 1u);
     EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Alpha Delta Echo Foxtrot");
@@ -95,6 +98,47 @@ TEST_F(EditorCommands, ChangedSettingsAreOverwrittenOnlyOnYes) {
     ExpectMessages({kOverwrite, kOverwrite});
     EXPECT_EQ(Stored().Entries[3].PointSize, 48);
     EXPECT_EQ(list_.Selected, 3);
+}
+
+TEST_F(EditorCommands, TheSizeShownIsTheSizeKeptAndNoIsAskedForOnce) {
+    list_.Entries[1].PointSize = 300;
+    int answer = 0;
+    user_.WillAnswer([&](const ShownBox&) { return std::exchange(answer, IDNO); });
+    EditTo(1, [this] {
+        user_.TypeText(IDC_POINT_SIZE, TEXT("5"));
+        user_.PressKey(VK_RETURN);
+        EXPECT_EQ(TextOf(IDC_POINT_SIZE), "8") << "without an answer";
+        user_.Click(IDOK);
+        EXPECT_EQ(TextOf(IDC_POINT_SIZE), "300");
+        user_.Click(IDOK);
+    });
+    ExpectMessages({kOverwrite, kOverwrite});
+    EXPECT_EQ(Stored().Entries[1].PointSize, 300);
+}
+
+TEST_F(EditorCommands, NoAfterADeletionStaysOnTheEntryShown) {
+    struct Row {
+        INT32 selected;  // at the opening: removed, or moved to another place
+        const WCHAR* removed;
+        const char* shown;
+        const char* left;
+    };
+    for (const Row& row : {Row{4, TEXT("Foxtrot"), "Echo", "<NONE> Alpha Delta Echo"},
+                           Row{3, TEXT("Delta"), "Alpha", "<NONE> Alpha Echo Foxtrot"}}) {
+        list_.Selected = row.selected;
+        user_.WillAnswer({IDOK, IDNO});
+        EditTo(0, [&] {
+            user_.Choose(IDC_WATERMARK_LIST, row.removed);
+            user_.Click(IDC_DELETE);
+            user_.TypeText(IDC_POINT_SIZE, TEXT("20"));
+            user_.Click(IDOK);
+            EXPECT_EQ(TextOf(IDC_NAME), row.shown);
+            EXPECT_EQ(TextOf(IDC_WATERMARK_LIST), row.shown);
+            EXPECT_EQ(TextOf(IDC_POINT_SIZE), "72");
+            EXPECT_EQ(Narrow(NamesIn(WorkingWatermarkList)), row.left);
+        });
+    }
+    ExpectMessages({kConfirmDelete, kOverwrite, kConfirmDelete, kOverwrite});
 }
 
 TEST_F(EditorCommands, ADiagonalEntryTakesThePagesAngleAndAsks) {
