@@ -2,6 +2,7 @@
 
 #include "common/message.h"
 #include "resources/resource_ids.h"
+#include "wmeditor/choice_lists.h"
 #include "wmeditor/dialog_controls.h"
 #include "wmeditor/editor_form.h"
 
@@ -10,9 +11,9 @@ namespace {
 
 void RemoveCurrentEntry(EditorSession& session) {
     const HWND dialog = session.Dialog();
-    Control(dialog, IDC_WATERMARK_LIST).Remove(session.CurrentIndex());
+    RemoveListedWatermark(dialog, session.CurrentIndex());
     session.RemoveCurrent();
-    Control(dialog, IDC_WATERMARK_LIST).Select(session.CurrentIndex());
+    SelectListedWatermark(dialog, session.CurrentIndex());
     ShowEdited(session);
     if (session.CurrentIndex() == 0) EnableForCurrentEntry(session);
     Control(dialog, IDC_CANCEL).Enable(false);

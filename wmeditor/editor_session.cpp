@@ -78,15 +78,16 @@ void EditorSession::RemoveCurrent() {
 }
 
 void EditorSession::Add(const WatermarkRecord& record) {
-    currentIndex_ = WorkingWatermarkList.Count;
     InsertNewWatermark(&WorkingWatermarkList, record);
-    Edit(WorkingWatermarkList.Selected);
+    currentIndex_ = WorkingWatermarkList.Selected;
+    Edit(currentIndex_);
 }
 
 void EditorSession::Overwrite(INT32 index) {
     edited_.PointSize = ClampedPointSize(edited_.PointSize);
     CopyWatermark(&WorkingWatermarkList.Entries[index], edited_);
     WorkingWatermarkList.Selected = index;
+    currentIndex_ = index;
     Edit(index);
 }
 

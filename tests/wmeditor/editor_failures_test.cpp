@@ -83,6 +83,36 @@ TEST_F(EditorFailures, DeleteAndOk) {
         {"", "<NONE> Alpha Bravo", "<NONE> Bravo"});
 }
 
+TEST_F(EditorFailures, AListItemThatIsMissingLeavesTheOthersTheirEntries) {
+    const platform::FailurePlan plan("CB_ADDSTRING", 3, ERROR_NOT_ENOUGH_MEMORY);
+    user_.WillAnswer({IDOK});
+    EditTo(1, [this] {
+        EXPECT_TRUE(user_.Choose(IDC_WATERMARK_LIST, TEXT("Echo")));
+        EXPECT_EQ(TextOf(IDC_NAME), "Echo");
+        user_.Click(IDC_DELETE);
+        EXPECT_EQ(TextOf(IDC_NAME), "Delta");
+        user_.Choose(IDC_WATERMARK_LIST, TEXT("Foxtrot"));
+        EXPECT_EQ(TextOf(IDC_NAME), "Foxtrot");
+        user_.Click(IDOK);
+    });
+    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Alpha Delta Foxtrot");
+    EXPECT_EQ(Stored().Selected, 3);
+}
+
+TEST_F(EditorFailures, ANumberThatCannotBeReadLeavesTheRecord) {
+    Edit([this] {
+        {
+            const platform::FailurePlan plan("GetDlgItemInt", 0, ERROR_NOT_ENOUGH_MEMORY);
+            user_.TypeText(IDC_POINT_SIZE, TEXT("74"));
+            EXPECT_EQ(Edited().PointSize, 72);
+        }
+        user_.Click(IDC_BOLD);
+        EXPECT_EQ(Edited().PointSize, 74) << "read again when the focus leaves";
+        user_.TypeText(IDC_POINT_SIZE, TEXT(""));
+        EXPECT_EQ(Preview().PointSize, 0) << "as the empty edit reads";
+    });
+}
+
 TEST_F(EditorFailures, AValueThatCannotBeWrittenIsTold) {
     const platform::FailurePlan plan("SetPrinterDataW", 0, ERROR_ACCESS_DENIED);
     EXPECT_EQ(Edit([this] { user_.Click(IDOK); }), 1);
