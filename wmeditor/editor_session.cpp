@@ -24,9 +24,8 @@ void EditorSession::Open(HWND dialog, WatermarkList* caller) {
     caller_ = caller;
     WorkingWatermarkList = caller != nullptr ? *caller : WatermarkList{};
     orientation_ = static_cast<PageOrientation>(WorkingWatermarkList.Orientation);
-    if (!SanitizeWatermarkList(&WorkingWatermarkList) || WorkingWatermarkList.Count == 0) {
-        LoadDefaultWatermarks(&WorkingWatermarkList);
-    }
+    SanitizeWatermarkList(&WorkingWatermarkList);
+    if (WorkingWatermarkList.Count == 0) LoadDefaultWatermarks(&WorkingWatermarkList);
     // The record that a document brought along may never have been filled; listed is in use.
     for (WatermarkRecord& entry : ListedEntries(WorkingWatermarkList)) entry.InUse = 1;
     opening_ = WorkingWatermarkList;
