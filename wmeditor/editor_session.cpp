@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "common/message.h"
-#include "common/page_state.h"
 #include "resources/resource_ids.h"
 #include "watermark/damaged_list.h"
 #include "watermark/watermark_colors.h"
@@ -22,6 +21,7 @@ void EditorSession::Open(HWND dialog, WatermarkList* caller) {
     isOpen_ = true;
     isAdding_ = false;
     caller_ = caller;
+    printer_ = KeptPrinterName(CurrentPrinterName());
     WorkingWatermarkList = caller != nullptr ? *caller : WatermarkList{};
     orientation_ = static_cast<PageOrientation>(WorkingWatermarkList.Orientation);
     SanitizeWatermarkList(&WorkingWatermarkList);
@@ -129,7 +129,7 @@ void EditorSession::Save(INT32 selection) {
     // It is settled: what the user does below a message that the list could not be stored is void.
     isOpen_ = isAdding_ = false;
     if (caller_ != nullptr) CopyWatermarkList(caller_, list);
-    WritePrinterWatermarkList(CurrentPrinterName, list, IDS_LIST_NOT_STORED);
+    WritePrinterWatermarkList(NameOrNull(printer_), list, IDS_LIST_NOT_STORED);
     End(dialog, 1);
 }
 

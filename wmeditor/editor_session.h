@@ -3,6 +3,7 @@
 
 #include <type_traits>
 
+#include "common/current_printer.h"
 #include "watermark/default_watermarks.h"
 #include "watermark/watermark_angle.h"
 
@@ -16,8 +17,8 @@ public:
     [[nodiscard]] static EditorSession& Current();
 
     /// Takes a copy of the caller's list that is safe to index, with the defaults when it is empty
-    /// and every entry in use, and takes up its selected entry. Everything but the preset chosen
-    /// last is set anew.
+    /// and every entry in use, and takes up its selected entry. The list is the current printer's,
+    /// whatever printer becomes that later. Everything but the preset chosen last is set anew.
     /// \param caller  written back by `Save` alone.
     void Open(HWND dialog, WatermarkList* caller);
 
@@ -119,6 +120,7 @@ private:
     INT32 userAngleStart_ = 0;
     PageOrientation orientation_{};
     WatermarkList* caller_ = nullptr;
+    PrinterName printer_;
     WatermarkRecord edited_{};
     WatermarkRecord preview_{};
     WatermarkList opening_{};

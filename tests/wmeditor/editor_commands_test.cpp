@@ -281,7 +281,6 @@ TEST_F(EditorCommands, EntryZeroIsNeverDeleted) {
         EXPECT_FALSE(user_.Click(IDC_DELETE));
         SendCommand(IDC_DELETE);
     });
-    // As when a page built meanwhile leaves its printer's first list there.
     list_.Count = 2;
     list_.Selected = 1;
     user_.WillAnswer({IDOK});
@@ -293,6 +292,18 @@ TEST_F(EditorCommands, EntryZeroIsNeverDeleted) {
         EXPECT_EQ(WorkingWatermarkList.Count, 1);
     });
     ExpectMessages({kNotDeleted, kConfirmDelete, kListEmpty});
+}
+
+TEST_F(EditorCommands, APageBuiltMeanwhileHasItsOwnPrinterAndItsOwnFirstList) {
+    const tests::TestPrinter other(TEXT("Other"));
+    EditTo(1, [&] {
+        SetCurrentPrinter(other.Name().c_str());
+        InitPrinterWatermarkList(other.Name().c_str());
+        user_.Click(IDOK);
+    });
+    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Alpha Delta Echo Foxtrot");
+    const std::string othersList = other.StoredValue(TEXT("WaterMarkList"));
+    EXPECT_EQ(othersList.substr(sizeof(UINT32), sizeof(INT32)), std::string(4, 0)) << "its count";
 }
 
 TEST_F(EditorCommands, AnEmptyListTakesItsFirstEntry) {
@@ -315,7 +326,7 @@ TEST_F(EditorCommands, ARenamedEntryIsStoredUnaskedAndWithoutThePrinterTheUserIs
     ExpectMessages({});
     EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Renamed Delta Echo Foxtrot");
     CopyText(list_.Entries[1].Name, TEXT("Alpha"));
-    CurrentPrinterName = TEXT("No such printer");
+    SetCurrentPrinter(TEXT("No such printer"));
     EditTo(1, rename);
     ExpectMessages({kNotOpened});
     EXPECT_EQ(Narrow(TextIn(list_.Entries[1].Name)), "Renamed");
