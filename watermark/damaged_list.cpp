@@ -24,7 +24,8 @@ void TerminateTexts(WatermarkRecord* record) {
 }
 
 void SanitizeWatermarkList(WatermarkList* list) {
-    if (list->Count < 0 || list->Count > kWatermarkCapacity) list->Count = SlotsUpToLastInUse(*list);
+    if (list->Count < 0 || list->Count > kWatermarkCapacity)
+        list->Count = SlotsUpToLastInUse(*list);
     if (!IsListed(*list, list->Selected)) list->Selected = 0;
     for (WatermarkRecord& record : list->Entries) TerminateTexts(&record);
 }

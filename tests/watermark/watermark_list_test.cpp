@@ -96,9 +96,9 @@ TEST(SanitizeWatermarkListTest, HeaderAndTextsAreMadeSafe) {
         INT32 safeCount;
         INT32 safeSelected;
     };
-    constexpr Row kRows[] = {{0, 5, 0, 0},   {16, 15, 16, 15}, {3, 3, 3, 0},       {3, -1, 3, 0},
-                             {3, 2, 3, 2},   {17, 4, 5, 4},    {-1, 5, 5, 0},      {1 << 30, 0, 5, 0},
-                             {INT_MIN, 1, 5, 1}};
+    constexpr Row kRows[] = {{0, 5, 0, 0},  {16, 15, 16, 15},   {3, 3, 3, 0},
+                             {3, -1, 3, 0}, {3, 2, 3, 2},       {17, 4, 5, 4},
+                             {-1, 5, 5, 0}, {1 << 30, 0, 5, 0}, {INT_MIN, 1, 5, 1}};
     WatermarkList list = {};
     list.Entries[4].InUse = list.Entries[1].InUse = 1;
     for (const Row& row : kRows) {

@@ -121,28 +121,25 @@ TEST_F(EditorFailures, AValueThatCannotBeWrittenIsTold) {
 }
 
 TEST_F(EditorFailures, AnEditorClosedUnderAQuestionStoresNothing) {
-    bool isDestroyed = false;
-    user_.WillAnswer([&](const tests::ShownBox& box) {
-        if (isDestroyed) {
-            ::SendMessageW(user_.Dialog(), WM_DESTROY, 0, 0);
-        } else {
-            user_.Close();
-        }
-        return box.type == MB_YESNO ? IDYES : IDOK;
-    });
-    for (const auto& buttons : std::vector<std::vector<int>>{
-             {IDOK}, {IDC_NEW, IDOK}, {IDC_DELETE}, {IDOK}, {IDC_NEW, IDOK}}) {
-        SCOPED_TRACE(buttons.front());
-        EditTo(0, [&] {
-            user_.TypeText(IDC_POINT_SIZE, TEXT("20"));
-            for (const int button : buttons) user_.Click(button);
+    for (const bool isDestroyed : {false, true}) {
+        user_.WillAnswer([&](const tests::ShownBox& box) {
+            if (isDestroyed) ::SendMessageW(user_.Dialog(), WM_DESTROY, 0, 0);
+            if (!isDestroyed) user_.Close();
+            return box.type == MB_YESNO ? IDYES : IDOK;
         });
-        EXPECT_EQ(Session().Dialog(), nullptr) << "the window has gone";
-        EXPECT_EQ(Stored().Count, 0);
+        for (const auto& buttons :
+             std::vector<std::vector<int>>{{IDOK}, {IDC_NEW, IDOK}, {IDC_DELETE}}) {
+            SCOPED_TRACE(buttons.front());
+            EditTo(0, [&] {
+                user_.TypeText(IDC_POINT_SIZE, TEXT("20"));
+                for (const int button : buttons) user_.Click(button);
+            });
+            EXPECT_EQ(Session().Dialog(), nullptr) << "the window has gone";
+            EXPECT_EQ(Stored().Count, 0);
+        }
         if (!isDestroyed) {
             EXPECT_EQ(Narrow(NamesIn(WorkingWatermarkList)), Narrow(NamesIn(list_)));
         }
-        isDestroyed = buttons.front() == IDC_DELETE || isDestroyed;
     }
 }
 
@@ -158,14 +155,14 @@ TEST_F(EditorFailures, AnEditorBelowALaterOneClosesAndTouchesNothing) {
                 EXPECT_EQ(::SendMessageW(first, WM_COMMAND, IDC_BOLD, 0), 0);
                 EXPECT_EQ(::SendMessageW(first, WM_COMMAND, WPARAM(command), 0), 1);
             };
-            const INT_PTR result =
-                user_.Open(IDD_WATERMARK_EDITOR, WatermarkEditorProc,
-                           reinterpret_cast<LPARAM>(&later), [&] {
-                               if (command != IDCANCEL) closeFirst();
-                               user_.TypeText(IDC_NAME, TEXT("Later"));
-                               user_.Click(IDOK);
-                           });
-            EXPECT_EQ(result, 1);
+            const auto renameInLater = [&] {
+                if (command != IDCANCEL) closeFirst();
+                user_.TypeText(IDC_NAME, TEXT("Later"));
+                user_.Click(IDOK);
+            };
+            EXPECT_EQ(user_.Open(IDD_WATERMARK_EDITOR, WatermarkEditorProc,
+                                 reinterpret_cast<LPARAM>(&later), renameInLater),
+                      1);
             if (command == IDCANCEL) closeFirst();
         });
         EXPECT_EQ(std::memcmp(&list_, &before, sizeof before), 0);
