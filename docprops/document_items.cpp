@@ -197,7 +197,7 @@ HRESULT BuildDocumentItems(DWORD /*mode*/, POEMCUIPPARAM params) {
     BuildItems(*params);
     AdjustDriverItems(params);
     HideColorManagement(*params);
-    CurrentPrinterName = params->pPrinterName;
+    SetCurrentPrinter(params->pPrinterName);
     return S_OK;
 }
 

@@ -49,7 +49,7 @@ LONG FindFormLength(HANDLE printer, const PaperName& name) {
 /// The length of the devmode's paper; 0 when it cannot be found out.
 LONG FindPaperLength(const OEMCUIPPARAM& params) {
     if (params.pPublicDM == nullptr) return 0;
-    const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName, PRINTER_ACCESS_USE);
+    const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName(), PRINTER_ACCESS_USE);
     return printer ? FindFormLength(printer.Get(), FormName(*params.pPublicDM)) : 0;
 }
 

@@ -71,6 +71,7 @@ LONG OpenWatermarkEditor(const CPSUICBPARAM& callback, const OEMCUIPPARAM& param
     if (PluginItem(params, kWatermarkItem).Sel != kWatermarkEnabled) return CPSUICB_ACTION_NONE;
     WatermarkList list;
     FillEditorList(params, *devmode, &list);
+    SetCurrentPrinter(params.pPrinterName);
     const INT_PTR result =
         ::DialogBoxParamW(PluginModule(), MAKEINTRESOURCEW(IDD_WATERMARK_EDITOR), callback.hDlg,
                           WatermarkEditorProc, reinterpret_cast<LPARAM>(&list));

@@ -58,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
     list = {};
     if (size > 0) fuzz::FillFrom(&list, bytes + 1, size - 1);
     const oemui::WatermarkList before = list;
-    oemui::CurrentPrinterName = TEXT("No such printer");
+    oemui::SetCurrentPrinter(TEXT("No such printer"));
     oemui::PreviewPaperSize = {before.Selected, before.Count};
     const auto held = platform::LiveObjects();
     tests::ScriptedUser user;

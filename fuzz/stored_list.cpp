@@ -7,7 +7,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
     static oemui::WatermarkList list;
     list = {};
     fuzz::FillFrom(&list, bytes, size);
-    static_cast<void>(oemui::SanitizeWatermarkList(&list));
+    oemui::SanitizeWatermarkList(&list);
     fuzz::Require(list.Count >= 0 && list.Count <= oemui::kWatermarkCapacity);
     fuzz::Require(list.Selected == 0 || (list.Selected > 0 && list.Selected < list.Count));
     for (const oemui::WatermarkRecord& entry : list.Entries) {

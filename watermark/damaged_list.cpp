@@ -9,6 +9,12 @@ void TerminateText(WCHAR (&text)[Capacity]) {
     if (TextIn(text).size() == Capacity) text[Capacity - 1] = 0;
 }
 
+INT32 SlotsUpToLastInUse(const WatermarkList& list) {
+    INT32 count = kWatermarkCapacity;
+    while (count > 0 && list.Entries[count - 1].InUse != 1) --count;
+    return count;
+}
+
 }  // namespace
 
 void TerminateTexts(WatermarkRecord* record) {
@@ -17,14 +23,11 @@ void TerminateTexts(WatermarkRecord* record) {
     TerminateText(record->FaceName);
 }
 
-bool SanitizeWatermarkList(WatermarkList* list) {
-    if (list->Count < 0 || list->Count > kWatermarkCapacity) {
-        *list = {};
-        return false;
-    }
+void SanitizeWatermarkList(WatermarkList* list) {
+    if (list->Count < 0 || list->Count > kWatermarkCapacity)
+        list->Count = SlotsUpToLastInUse(*list);
     if (!IsListed(*list, list->Selected)) list->Selected = 0;
     for (WatermarkRecord& record : list->Entries) TerminateTexts(&record);
-    return true;
 }
 
 }  // namespace oemui

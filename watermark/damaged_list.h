@@ -8,9 +8,10 @@ namespace oemui {
 /// Terminates every text of the record inside its array; a terminated record is not changed.
 void TerminateTexts(WatermarkRecord* record);
 
-/// Makes a list from outside safe: a `Selected` outside the list becomes 0, every text is
-/// terminated. A well-formed list stays as it is, byte for byte.
-/// \return false, with the whole list cleared, when `Count` lies outside 0..16.
-[[nodiscard]] bool SanitizeWatermarkList(WatermarkList* list);
+/// Makes a list from outside safe and loses none of its entries: a `Count` outside 0..16 becomes
+/// the number of slots up to the last one in use, a `Selected` outside the list becomes 0, every
+/// text is terminated. Slots behind a `Count` in its range are nobody's and stay as they are. A
+/// well-formed list stays as it is, byte for byte.
+void SanitizeWatermarkList(WatermarkList* list);
 
 }  // namespace oemui

@@ -44,8 +44,9 @@ void ReadDefaultFile(WatermarkList* list) {
 }  // namespace
 
 void InitPrinterWatermarkList(LPCWSTR printerName) {
-    ReadDefaultFile(&WorkingWatermarkList);
-    WritePrinterWatermarkList(printerName, WorkingWatermarkList, IDS_DEFAULTS_NOT_LOADED);
+    WatermarkList list{};
+    ReadDefaultFile(&list);
+    WritePrinterWatermarkList(printerName, list, IDS_DEFAULTS_NOT_LOADED);
 }
 
 void LoadDefaultWatermarks(WatermarkList* list) {

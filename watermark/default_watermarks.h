@@ -6,12 +6,11 @@
 
 namespace oemui {
 
-/// The one list in which the editor works, and in which a printer's first list is built.
-/// Property sheet's thread.
+/// The one list in which the editor works. Property sheet's thread.
 extern WatermarkList WorkingWatermarkList;
 
-/// Builds the default list in `WorkingWatermarkList` and stores it as the printer's; failures to
-/// store it are told to the user. Without a file the list is empty.
+/// Builds the default list and stores it as the printer's; failures to store it are told to the
+/// user. Without a file the list is empty. An editor that is open meanwhile keeps its own list.
 void InitPrinterWatermarkList(LPCWSTR printerName);
 
 /// Builds the default list in memory. Diagonal entries get the angle of the current printer's page.

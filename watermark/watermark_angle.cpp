@@ -15,9 +15,9 @@ constexpr double kFallbackDegrees = 45.0;
 }  // namespace
 
 double DiagonalAngleDegrees() {
-    const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName, PRINTER_ACCESS_USE);
+    const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName(), PRINTER_ACCESS_USE);
     if (!printer) return kFallbackDegrees;
-    const UniqueDeviceContext page(::CreateDCW(nullptr, CurrentPrinterName, nullptr, nullptr));
+    const UniqueDeviceContext page(::CreateDCW(nullptr, CurrentPrinterName(), nullptr, nullptr));
     if (!page) return kFallbackDegrees;
     const double width = ::GetDeviceCaps(page.Get(), PHYSICALWIDTH);
     const double height = ::GetDeviceCaps(page.Get(), PHYSICALHEIGHT);

@@ -18,11 +18,9 @@ DWORD ReadPrinterWatermarkList(HANDLE printer, WatermarkList* list) {
     DWORD needed = 0;
     const DWORD status = ::GetPrinterDataW(printer, valueName, nullptr,
                                            reinterpret_cast<LPBYTE>(list), sizeof *list, &needed);
-    if (status != ERROR_SUCCESS) {
-        *list = {};
-        return status;
-    }
-    return SanitizeWatermarkList(list) ? ERROR_SUCCESS : ERROR_INVALID_DATA;
+    if (status != ERROR_SUCCESS) *list = {};
+    SanitizeWatermarkList(list);
+    return status;
 }
 
 void WritePrinterWatermarkList(LPCWSTR printerName, const WatermarkList& list,

@@ -8,7 +8,7 @@ namespace oemui {
 
 /// Reads the printer's list. A shorter stored value leaves zeros behind it.
 /// \param list  made safe to index and to read before it comes back; all zero unless read.
-/// \return 0; the spooler's status; ERROR_INVALID_DATA when the stored `Count` is outside 0..16.
+/// \return 0, also for a damaged list, which keeps its entries; the spooler's status.
 [[nodiscard]] DWORD ReadPrinterWatermarkList(HANDLE printer, WatermarkList* list);
 
 /// Stores a list as the printer's. Failures are told to the user, caption "Error": a printer that

@@ -30,13 +30,40 @@ bool BelongsInList(const TEXTMETRICW& metrics, DWORD fontType) {
 void FillWatermarkList(HWND dialog, const WatermarkList& list, INT32 selected) {
     const WindowContext context(dialog);
     LONG widest = 0;
-    UINT32 number = 0;
+    INT32 index = 0;
     for (const WatermarkRecord& entry : ListedEntries(list)) {
-        Control(dialog, IDC_WATERMARK_LIST).AddNumbered(entry.Name, number++);
+        Control(dialog, IDC_WATERMARK_LIST).AddNumbered(entry.Name, index++);
         widest = std::max(widest, TextWidth(context.Get(), TextIn(entry.Name)));
     }
-    Control(dialog, IDC_WATERMARK_LIST).Select(selected);
+    SelectListedWatermark(dialog, selected);
     Control(dialog, IDC_WATERMARK_LIST).Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest));
+}
+
+void SelectListedWatermark(HWND dialog, INT32 index) {
+    const Control items(dialog, IDC_WATERMARK_LIST);
+    LRESULT position = items.Count();
+    while (--position >= 0 && items.ItemNumber(position) != index) continue;
+    items.Select(position);
+}
+
+void AddListedWatermark(HWND dialog, LPCWSTR name, INT32 index) {
+    const Control items(dialog, IDC_WATERMARK_LIST);
+    for (LRESULT position = items.Count(); --position >= 0;) {
+        const LRESULT number = items.ItemNumber(position);
+        if (number >= index) items.Renumber(position, number + 1);
+    }
+    items.AddNumbered(name, index);
+    items.Select(index);
+}
+
+void RemoveListedWatermark(HWND dialog, INT32 index) {
+    const Control items(dialog, IDC_WATERMARK_LIST);
+    for (LRESULT position = items.Count(); --position >= 0;) {
+        const LRESULT number = items.ItemNumber(position);
+        if (number > index) items.Renumber(position, number - 1);
+        // One that stays names no entry.
+        if (number == index && items.Remove(position) < 0) items.Renumber(position, -1);
+    }
 }
 
 void FillFixedLists(HWND dialog) {
@@ -45,12 +72,14 @@ void FillFixedLists(HWND dialog) {
         ::EnumFontFamiliesW(context.Get(), nullptr, AddFontFamilyToList,
                             reinterpret_cast<LPARAM>(dialog));
     }
+    // A position stands for its choice, so nothing is added behind a choice that is missing.
     for (const WatermarkColor& color : kWatermarkColors) {
-        Control(dialog, IDC_COLOR).Add(ListText(color.textId).c_str());
+        if (Control(dialog, IDC_COLOR).Add(ListText(color.textId).c_str()) < 0) break;
     }
     for (const AngleChoice& choice : kAngleChoices) {
-        Control(dialog, IDC_ANGLE)
-            .AddNumbered(ListText(choice.textId).c_str(), StoredValue(choice.kind));
+        const ListText text(choice.textId);
+        const LPARAM kind = StoredValue(choice.kind);
+        if (Control(dialog, IDC_ANGLE).AddNumbered(text.c_str(), kind) < 0) break;
     }
 }
 

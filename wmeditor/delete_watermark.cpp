@@ -2,27 +2,18 @@
 
 #include "common/message.h"
 #include "resources/resource_ids.h"
+#include "wmeditor/choice_lists.h"
 #include "wmeditor/dialog_controls.h"
 #include "wmeditor/editor_form.h"
 
 namespace oemui {
 namespace {
 
-/// Takes out of the list control what a removal of the current entry takes out of the list.
-void RemoveListItems(const EditorSession& session) {
-    INT32 index = static_cast<INT32>(ListedEntries(WorkingWatermarkList).size());
-    while (--index >= 0) {
-        const bool isUsed = WorkingWatermarkList.Entries[index].InUse == 1;
-        if (isUsed && index != session.CurrentIndex()) continue;
-        Control(session.Dialog(), IDC_WATERMARK_LIST).Remove(index);
-    }
-}
-
 void RemoveCurrentEntry(EditorSession& session) {
     const HWND dialog = session.Dialog();
-    RemoveListItems(session);
+    RemoveListedWatermark(dialog, session.CurrentIndex());
     session.RemoveCurrent();
-    Control(dialog, IDC_WATERMARK_LIST).Select(session.CurrentIndex());
+    SelectListedWatermark(dialog, session.CurrentIndex());
     ShowEdited(session);
     if (session.CurrentIndex() == 0) EnableForCurrentEntry(session);
     Control(dialog, IDC_CANCEL).Enable(false);

@@ -1,5 +1,6 @@
-/// What is done to the controls of a dialog. A control that the dialog does not have is passed over
-/// and reads as 0.
+/// What is done to the controls of a dialog. A control that the dialog does not have is passed
+/// over. What is read takes the answer for a control that cannot be read, mostly what is known of
+/// it already: a call that fails must not change a setting.
 #pragma once
 
 #include <windows.h>
@@ -31,14 +32,19 @@ public:
 
     // Buttons
     void Check(bool checked) const { Send(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED); }
-    [[nodiscard]] BYTE CheckState() const { return static_cast<BYTE>(Send(BM_GETCHECK)); }
+    [[nodiscard]] BYTE CheckState(BYTE otherwise) const {
+        const HWND window = Window();
+        if (window == nullptr) return otherwise;
+        return static_cast<BYTE>(::SendMessageW(window, BM_GETCHECK, 0, 0));
+    }
 
     // Edits and their up-downs
     void Show(LPCWSTR text) const { ::SetDlgItemTextW(dialog_, id_, text); }
     void ShowNumber(INT32 number) const { ShowInteger(number, FALSE); }
     void ShowSigned(INT32 number) const { ShowInteger(number, TRUE); }
-    [[nodiscard]] INT32 Number() const { return Integer(FALSE); }
-    [[nodiscard]] INT32 SignedNumber() const { return Integer(TRUE); }
+    /// A text without digits, as while a number is typed, is 0.
+    [[nodiscard]] INT32 Number(INT32 otherwise) const { return Integer(FALSE, otherwise); }
+    [[nodiscard]] INT32 SignedNumber(INT32 otherwise) const { return Integer(TRUE, otherwise); }
     void LimitText(WPARAM characters) const { Send(EM_LIMITTEXT, characters); }
     void SetRange(INT32 lowest, INT32 highest) const {
         Send(UDM_SETRANGE, 0, MAKELPARAM(highest, lowest));
@@ -55,28 +61,56 @@ public:
 
     // Lists; positions and the numbers that items carry are negative where there is none.
     LRESULT Add(LPCWSTR text) const { return SendText(CB_ADDSTRING, text); }
-    void AddNumbered(LPCWSTR text, UINT32 number) const {
+    LRESULT AddNumbered(LPCWSTR text, LPARAM number) const {
         const LRESULT position = Add(text);
-        if (position >= 0) Send(CB_SETITEMDATA, static_cast<WPARAM>(position), LPARAM{number});
+        if (position >= 0) Renumber(position, number);
+        return position;
     }
+    /// An item that does not take its number would stand for another one, and goes.
+    void Renumber(LRESULT position, LPARAM number) const {
+        if (SendToList(CB_SETITEMDATA, position, number) < 0) Remove(position);
+    }
+    LRESULT Remove(LRESULT position) const { return SendToList(CB_DELETESTRING, position); }
+    [[nodiscard]] LRESULT Count() const { return SendToList(CB_GETCOUNT); }
     [[nodiscard]] LRESULT Find(LPCWSTR text) const { return SendText(CB_FINDSTRINGEXACT, text); }
-    void Remove(INT32 position) const { Send(CB_DELETESTRING, static_cast<WPARAM>(position)); }
-    void Select(LRESULT position) const { Send(CB_SETCURSEL, static_cast<WPARAM>(position)); }
-    [[nodiscard]] INT32 Selected() const { return static_cast<INT32>(Send(CB_GETCURSEL)); }
-    [[nodiscard]] LRESULT SelectedNumber() const {
-        return Send(CB_GETITEMDATA, static_cast<WPARAM>(Selected()));
+    void Select(LRESULT position) const { SendToList(CB_SETCURSEL, position); }
+    [[nodiscard]] LRESULT Selected() const { return SendToList(CB_GETCURSEL); }
+    /// Nothing selected reads as what cannot be read does.
+    [[nodiscard]] UINT32 Selected(UINT32 otherwise) const {
+        const LRESULT position = Selected();
+        return position < 0 ? otherwise : static_cast<UINT32>(position);
     }
+    [[nodiscard]] LRESULT ItemNumber(LRESULT position) const {
+        return SendToList(CB_GETITEMDATA, position);
+    }
+    [[nodiscard]] LRESULT SelectedNumber() const { return ItemNumber(Selected()); }
 
 private:
     void ShowInteger(INT32 number, BOOL isSigned) const {
         ::SetDlgItemInt(dialog_, id_, static_cast<UINT>(number), isSigned);
     }
-    INT32 Integer(BOOL isSigned) const {
-        return static_cast<INT32>(::GetDlgItemInt(dialog_, id_, nullptr, isSigned));
+    INT32 Integer(BOOL isSigned, INT32 otherwise) const {
+        BOOL isRead = FALSE;
+        const UINT number = ::GetDlgItemInt(dialog_, id_, &isRead, isSigned);
+        if (isRead != FALSE) return static_cast<INT32>(number);
+        return MayHoldDigits() ? otherwise : 0;
+    }
+    /// Also when the text cannot be read.
+    bool MayHoldDigits() const {
+        WCHAR text[kNumberCapacity] = TEXT("0");
+        ReadText(text);
+        return TextIn(text).find_first_of(TEXT("0123456789")) != TextView::npos;
     }
     LRESULT SendText(UINT message, LPCWSTR text) const {
-        return Send(message, 0, reinterpret_cast<LPARAM>(text));
+        return SendToList(message, 0, reinterpret_cast<LPARAM>(text));
     }
+    LRESULT SendToList(UINT message, LRESULT position = 0, LPARAM second = 0) const {
+        const HWND window = Window();
+        if (window == nullptr) return CB_ERR;
+        return ::SendMessageW(window, message, static_cast<WPARAM>(position), second);
+    }
+
+    static constexpr std::size_t kNumberCapacity = 16;  // the longest is "-2147483648"
 
     HWND dialog_;
     int id_;

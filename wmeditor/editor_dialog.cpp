@@ -48,15 +48,24 @@ constexpr auto kEditorCommands = std::to_array<EditorCommand>({
     {IDC_HELP_BUTTON, ShowHelp},
 });
 
+/// All that is left to do with an editor when another one has opened since: to close it.
+/// \return whether the dialog has ended.
+bool CloseSuperseded(HWND dialog, int controlId) {
+    constexpr auto kClosing = std::to_array<int>({IDOK, IDC_CANCEL, IDCANCEL});
+    const bool isClosing = std::ranges::find(kClosing, controlId) != kClosing.end();
+    return isClosing && ::EndDialog(dialog, 0) != FALSE;
+}
+
 /// \return whether the dialog has ended.
 bool HandleCommand(EditorSession& session, HWND dialog, int controlId, UINT notification) {
-    if (!session.IsOpenIn(dialog)) return false;
     if (controlId != IDC_WATERMARK_LIST) Control(dialog, IDC_CANCEL).Enable(true);
+    if (!session.BelongsTo(dialog)) return CloseSuperseded(dialog, controlId);
+    if (!session.IsOpenIn(dialog)) return false;
     if (HandleSettingCommand(session, controlId, notification)) return false;
     const auto command = std::ranges::find(kEditorCommands, controlId, &EditorCommand::controlId);
     if (command == kEditorCommands.end()) return false;
     command->handle(session);
-    return !session.IsOpenIn(dialog);
+    return session.BelongsTo(dialog) && !session.IsOpenIn(dialog);
 }
 
 }  // namespace
@@ -76,6 +85,9 @@ INT_PTR CALLBACK WatermarkEditorProc(HWND dialog, UINT message, WPARAM first,
             return 0;
         case WM_COMMAND:
             return HandleCommand(session, dialog, LOWORD(first), HIWORD(first)) ? 1 : 0;
+        case WM_DESTROY:
+            session.Leave(dialog);
+            return 0;
         default:
             return 0;
     }

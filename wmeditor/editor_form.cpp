@@ -93,6 +93,16 @@ void ShowEdited(EditorSession& session) {
     RepaintPreview(session);
 }
 
+void ShowEditedSize(const EditorSession& session) {
+    Control(session.Dialog(), IDC_POINT_SIZE).ShowNumber(session.Edited().PointSize);
+}
+
+void TakeSize(EditorSession& session) {
+    const INT32 size = session.Edited().PointSize;
+    session.SetBoth(&WatermarkRecord::PointSize,
+                    Control(session.Dialog(), IDC_POINT_SIZE).Number(size));
+}
+
 void EnableForCurrentEntry(const EditorSession& session) {
     const bool canBeChanged = session.CurrentIndex() != 0;
     Control(session.Dialog(), IDC_DELETE).Enable(canBeChanged);
@@ -100,7 +110,12 @@ void EnableForCurrentEntry(const EditorSession& session) {
 }
 
 void ShowSelectedEntry(EditorSession& session) {
-    session.Select(Control(session.Dialog(), IDC_WATERMARK_LIST).Selected());
+    const LRESULT index = Control(session.Dialog(), IDC_WATERMARK_LIST).SelectedNumber();
+    if (index >= 0) ShowEntry(session, static_cast<INT32>(index));
+}
+
+void ShowEntry(EditorSession& session, INT32 index) {
+    session.Select(index);
     EnableForCurrentEntry(session);
     ShowEdited(session);
 }
@@ -125,13 +140,13 @@ WatermarkRecord RecordInControls(const EditorSession& session) {
     Control(dialog, IDC_NAME).ReadText(record.Name);
     Control(dialog, IDC_TEXT).ReadText(record.Text);
     Control(dialog, IDC_TYPEFACE).ReadText(record.FaceName);
-    record.PointSize = Control(dialog, IDC_POINT_SIZE).SignedNumber();
-    record.Bold = Control(dialog, IDC_BOLD).CheckState();
-    record.Italic = Control(dialog, IDC_ITALIC).CheckState();
-    record.ColorIndex = static_cast<UINT32>(Control(dialog, IDC_COLOR).Selected());
+    record.PointSize = Control(dialog, IDC_POINT_SIZE).SignedNumber(record.PointSize);
+    record.Bold = Control(dialog, IDC_BOLD).CheckState(record.Bold);
+    record.Italic = Control(dialog, IDC_ITALIC).CheckState(record.Italic);
+    record.ColorIndex = Control(dialog, IDC_COLOR).Selected(record.ColorIndex);
     SetColorFromIndex(&record, record.ColorIndex);
-    record.AngleKind = static_cast<UINT32>(Control(dialog, IDC_ANGLE).Selected());
-    record.AngleDegrees = Control(dialog, IDC_USER_ANGLE).SignedNumber();
+    record.AngleKind = Control(dialog, IDC_ANGLE).Selected(record.AngleKind);
+    record.AngleDegrees = Control(dialog, IDC_USER_ANGLE).SignedNumber(record.AngleDegrees);
     return record;
 }
 

@@ -12,11 +12,20 @@ namespace oemui {
 /// Sets every setting control from the edited record, makes it the preview's and paints it.
 void ShowEdited(EditorSession& session);
 
+/// Reads the size edit into the edited record and the preview's.
+void TakeSize(EditorSession& session);
+
+/// Sets the size edit from the edited record; the preview follows.
+void ShowEditedSize(const EditorSession& session);
+
 /// Enables what may be done with the current entry: entry 0 cannot be changed or deleted.
 void EnableForCurrentEntry(const EditorSession& session);
 
-/// Selects the entry that is selected in the watermark list and shows it.
+/// Takes up the entry that is selected in the watermark list and shows it; nothing without one.
 void ShowSelectedEntry(EditorSession& session);
+
+/// Takes up an entry of the list and shows it.
+void ShowEntry(EditorSession& session, INT32 index);
 
 /// Enables or disables the settings together, but for the user angle and the offsets, which follow
 /// the choices of angle and position.

@@ -112,7 +112,7 @@ DWORD HelpTopicOfControl(int controlId) {
 }
 
 bool FindHelpFilePath(HelpPath* path) {
-    const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName, PRINTER_ACCESS_USE);
+    const UniquePrinter printer = OpenPrinterFor(CurrentPrinterName(), PRINTER_ACCESS_USE);
     if (!printer) return DefaultHelpFilePath(path);
     const HeapBlock info = QueryDriverInfo(::GetProcessHeap(), printer.Get(), 2);
     if (!info) return false;

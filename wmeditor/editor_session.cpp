@@ -1,10 +1,8 @@
 #include "wmeditor/editor_session.h"
 
 #include <algorithm>
-#include <functional>
 
 #include "common/message.h"
-#include "common/page_state.h"
 #include "resources/resource_ids.h"
 #include "watermark/damaged_list.h"
 #include "watermark/watermark_colors.h"
@@ -23,11 +21,13 @@ void EditorSession::Open(HWND dialog, WatermarkList* caller) {
     isOpen_ = true;
     isAdding_ = false;
     caller_ = caller;
+    printer_ = KeptPrinterName(CurrentPrinterName());
     WorkingWatermarkList = caller != nullptr ? *caller : WatermarkList{};
     orientation_ = static_cast<PageOrientation>(WorkingWatermarkList.Orientation);
-    if (!SanitizeWatermarkList(&WorkingWatermarkList) || WorkingWatermarkList.Count == 0) {
-        LoadDefaultWatermarks(&WorkingWatermarkList);
-    }
+    SanitizeWatermarkList(&WorkingWatermarkList);
+    if (WorkingWatermarkList.Count == 0) LoadDefaultWatermarks(&WorkingWatermarkList);
+    // The record that a document brought along may never have been filled; listed is in use.
+    for (WatermarkRecord& entry : ListedEntries(WorkingWatermarkList)) entry.InUse = 1;
     opening_ = WorkingWatermarkList;
     TakeUp(WorkingWatermarkList.Selected);
 }
@@ -71,41 +71,44 @@ void EditorSession::StartAdding() {
 }
 
 void EditorSession::RemoveCurrent() {
-    const auto inFront =
-        ListedEntries(WorkingWatermarkList).first(static_cast<std::size_t>(currentIndex_));
-    const auto left = std::ranges::count(inFront, 1U, &WatermarkRecord::InUse);
     RemoveWatermark(&WorkingWatermarkList, currentIndex_);
-    currentIndex_ = std::max(static_cast<INT32>(left) - 1, 0);
+    currentIndex_ = std::max(currentIndex_ - 1, 0);
     Edit(currentIndex_);
 }
 
 void EditorSession::Add(const WatermarkRecord& record) {
-    currentIndex_ = WorkingWatermarkList.Count;
     InsertNewWatermark(&WorkingWatermarkList, record);
-    Edit(WorkingWatermarkList.Selected);
+    currentIndex_ = WorkingWatermarkList.Selected;
+    Edit(currentIndex_);
 }
 
 void EditorSession::Overwrite(INT32 index) {
     edited_.PointSize = ClampedPointSize(edited_.PointSize);
     CopyWatermark(&WorkingWatermarkList.Entries[index], edited_);
     WorkingWatermarkList.Selected = index;
+    currentIndex_ = index;
     Edit(index);
 }
 
 void EditorSession::StoreEdited() {
+    ClampEditedSize();  // it may have been changed below the question
     CopyWatermark(&WorkingWatermarkList.Entries[currentIndex_], edited_);
 }
 
 void EditorSession::ClampEditedSize() {
     const INT32 stored = WorkingWatermarkList.Entries[currentIndex_].PointSize;
-    if (currentIndex_ == 0 && edited_.PointSize == stored) return;
-    edited_.PointSize = ClampedPointSize(edited_.PointSize);
+    if (edited_.PointSize != stored) edited_.PointSize = ClampedPointSize(edited_.PointSize);
 }
 
 INT32 EditorSession::RestoreOpeningSelection() {
     const INT32 selected = opening_.Selected;
-    if (!IsListed(WorkingWatermarkList, selected)) return 0;
-    CopyWatermark(&WorkingWatermarkList.Entries[selected], opening_.Entries[selected]);
+    const WatermarkRecord& opening = opening_.Entries[selected];
+    WatermarkRecord& entry = WorkingWatermarkList.Entries[selected];
+    // After a deletion there may be no such entry, or another one in its place, which must stay.
+    const bool isThere = IsListed(WorkingWatermarkList, selected) &&
+                         SameText(TextIn(entry.Name), TextIn(opening.Name));
+    if (!isThere) return currentIndex_;
+    CopyWatermark(&entry, opening);
     return selected;
 }
 
@@ -124,10 +127,9 @@ void EditorSession::Save(INT32 selection) {
     list.Selected = IsListed(list, selection) ? selection : 0;
     list.NoneSelected = list.Selected == 0 ? 1 : 0;
     // It is settled: what the user does below a message that the list could not be stored is void.
-    isOpen_ = false;
+    isOpen_ = isAdding_ = false;
     if (caller_ != nullptr) CopyWatermarkList(caller_, list);
-    WritePrinterWatermarkList(CurrentPrinterName, list, IDS_LIST_NOT_STORED);
-    isAdding_ = false;
+    WritePrinterWatermarkList(NameOrNull(printer_), list, IDS_LIST_NOT_STORED);
     End(dialog, 1);
 }
 
@@ -137,15 +139,19 @@ void EditorSession::Cancel() {
     End(dialog_, 0);
 }
 
+void EditorSession::Leave(HWND dialog) {
+    if (!BelongsTo(dialog)) return;
+    isOpen_ = isAdding_ = false;
+    caller_ = nullptr;
+    dialog_ = nullptr;
+}
+
 void EditorSession::End(HWND dialog, INT_PTR result) {
     // Commands that come while the dialog ends, such as the focus leaving a control, do nothing.
-    isOpen_ = false;
-    if (::EndDialog(dialog, result)) {
-        caller_ = nullptr;
-    } else {
-        dialog_ = dialog;
-        isOpen_ = true;
-    }
+    if (BelongsTo(dialog)) isOpen_ = false;
+    const bool isOpenStill = ::EndDialog(dialog, result) == FALSE;
+    // Below a message another editor may have opened: the session is that one's now.
+    if (BelongsTo(dialog)) isOpen_ = isOpenStill;
 }
 
 }  // namespace oemui

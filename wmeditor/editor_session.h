@@ -3,26 +3,31 @@
 
 #include <type_traits>
 
+#include "common/current_printer.h"
 #include "watermark/default_watermarks.h"
 #include "watermark/watermark_angle.h"
 
 namespace oemui {
 
-/// One editor is open at a time in a process; everything happens on the thread that runs its
-/// dialog. The list being edited is `WorkingWatermarkList`.
+/// There is one session in a process, that of the editor opened last; everything happens on the
+/// thread that runs its dialog. The list being edited is `WorkingWatermarkList`.
 class EditorSession {
 public:
     /// The session of the editor that was opened last.
     [[nodiscard]] static EditorSession& Current();
 
-    /// Takes a copy of the caller's list that is safe to index, with the defaults when it is empty,
-    /// and takes up its selected entry. Everything but the preset chosen last is set anew.
+    /// Takes a copy of the caller's list that is safe to index, with the defaults when it is empty
+    /// and every entry in use, and takes up its selected entry. The list is the current printer's,
+    /// whatever printer becomes that later. Everything but the preset chosen last is set anew.
     /// \param caller  written back by `Save` alone.
     void Open(HWND dialog, WatermarkList* caller);
 
+    /// Whether this is the dialog's session: it is until its window goes away, or another editor
+    /// opens.
+    [[nodiscard]] bool BelongsTo(HWND dialog) const { return dialog_ == dialog; }
     /// Whether commands of this dialog are to be carried out: from its opening until it is saved or
     /// cancelled. Message boxes leave the editor usable, so it may have ended when one is answered.
-    [[nodiscard]] bool IsOpenIn(HWND dialog) const { return isOpen_ && dialog_ == dialog; }
+    [[nodiscard]] bool IsOpenIn(HWND dialog) const { return isOpen_ && BelongsTo(dialog); }
 
     [[nodiscard]] HWND Dialog() const { return dialog_; }
     /// The list as it was when the dialog opened, after defaults were loaded.
@@ -66,7 +71,7 @@ public:
     void Select(INT32 index);
     /// Starts a new entry from the settings of entry 0.
     void StartAdding();
-    /// Removes the current entry and those not in use; the one before it becomes the current.
+    /// Removes the current entry; the one before it becomes the current.
     void RemoveCurrent();
     /// Adds a record to the list, selects it and edits it.
     void Add(const WatermarkRecord& record);
@@ -74,11 +79,11 @@ public:
     void Overwrite(INT32 index);
     /// Puts the edited settings into the current entry.
     void StoreEdited();
-    /// Brings the edited size into its range. Entry 0 prints nothing: a size of it that nobody has
-    /// changed stays as it is, whatever it is.
+    /// Brings the edited size into its range. A size that nobody has changed stays as the list has
+    /// it, whatever it is.
     void ClampEditedSize();
     /// Brings back the entry that was selected at the opening, as it was then.
-    /// \return its index; 0 when a deletion has left the list too short for it.
+    /// \return its index; the current one when a deletion has removed or moved that entry.
     [[nodiscard]] INT32 RestoreOpeningSelection();
 
     /// Shows a message box from the string table.
@@ -92,6 +97,9 @@ public:
     void Save(INT32 selection);
     /// Brings back the opening list and ends the dialog with 0.
     void Cancel();
+    /// The dialog's window goes away: nothing is stored any more. Nothing when the session is
+    /// another dialog's.
+    void Leave(HWND dialog);
 
 private:
     template <typename Field>
@@ -112,6 +120,7 @@ private:
     INT32 userAngleStart_ = 0;
     PageOrientation orientation_{};
     WatermarkList* caller_ = nullptr;
+    PrinterName printer_;
     WatermarkRecord edited_{};
     WatermarkRecord preview_{};
     WatermarkList opening_{};

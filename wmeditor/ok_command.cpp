@@ -2,7 +2,7 @@
 
 #include "common/message.h"
 #include "resources/resource_ids.h"
-#include "wmeditor/dialog_controls.h"
+#include "wmeditor/choice_lists.h"
 #include "wmeditor/editor_form.h"
 #include "wmeditor/new_watermark.h"
 #include "wmeditor/watermark_list_editing.h"
@@ -20,8 +20,7 @@ void AddNewEntry(EditorSession& session) {
     session.Add(record);
     const INT32 selected = WorkingWatermarkList.Selected;
     if (selected <= 0) return;
-    Control(session.Dialog(), IDC_WATERMARK_LIST).Add(WorkingWatermarkList.Entries[selected].Name);
-    Control(session.Dialog(), IDC_WATERMARK_LIST).Select(selected);
+    AddListedWatermark(session.Dialog(), WorkingWatermarkList.Entries[selected].Name, selected);
 }
 
 void AnnounceSelected(const WatermarkRecord& selected) {
@@ -40,13 +39,15 @@ void ConfirmNewEntry(EditorSession& session) {
     } else {
         AddNewEntry(session);
     }
+    ShowEditedSize(session);
     AnnounceSelected(session.Edited());
     if (session.IsOpenIn(dialog)) session.Save(WorkingWatermarkList.Selected);
 }
 
 void ShowOpeningSelection(EditorSession& session) {
-    Control(session.Dialog(), IDC_WATERMARK_LIST).Select(session.RestoreOpeningSelection());
-    ShowSelectedEntry(session);
+    const INT32 index = session.RestoreOpeningSelection();
+    SelectListedWatermark(session.Dialog(), index);
+    ShowEntry(session, index);
 }
 
 /// Whether the edited entry may be stored in its place: asks when its settings have changed.
@@ -62,11 +63,14 @@ bool MayStoreEdited(EditorSession& session) {
 
 void ConfirmEditedEntry(EditorSession& session) {
     if (IsListed(WorkingWatermarkList, session.CurrentIndex())) {
+        TakeSize(session);
         session.ClampEditedSize();
+        ShowEditedSize(session);
         if (!MayStoreEdited(session)) return;
         session.StoreEdited();
     }
-    session.Save(Control(session.Dialog(), IDC_WATERMARK_LIST).Selected());
+    // The entry shown is the one that the list has selected.
+    session.Save(session.CurrentIndex());
 }
 
 }  // namespace

@@ -43,33 +43,34 @@ void OnTypeface(EditorSession& session, UINT) {
 }
 
 void OnSize(EditorSession& session, UINT notification) {
-    const HWND dialog = session.Dialog();
     if (notification == EN_CHANGE) {
-        session.SetBoth(&WatermarkRecord::PointSize, Control(dialog, IDC_POINT_SIZE).Number());
+        TakeSize(session);
         RepaintPreview(session);
     } else if (notification == EN_KILLFOCUS) {
+        TakeSize(session);
         const INT32 size = ClampedPointSize(session.Edited().PointSize);
         if (size == session.Edited().PointSize) return;
         session.SetBoth(&WatermarkRecord::PointSize, size);
-        Control(dialog, IDC_POINT_SIZE).ShowNumber(size);
+        ShowEditedSize(session);
     }
 }
 
 template <int kButtonId, BYTE WatermarkRecord::*kStyle>
 void OnStyle(EditorSession& session, UINT) {
-    session.SetBoth(kStyle, Control(session.Dialog(), kButtonId).CheckState());
+    const BYTE style = session.Edited().*kStyle;
+    session.SetBoth(kStyle, Control(session.Dialog(), kButtonId).CheckState(style));
     RepaintPreview(session);
 }
 
 void OnColor(EditorSession& session, UINT) {
-    session.SetColor(static_cast<UINT32>(Control(session.Dialog(), IDC_COLOR).Selected()));
+    session.SetColor(Control(session.Dialog(), IDC_COLOR).Selected(session.Edited().ColorIndex));
     RepaintPreview(session);
 }
 
 void OnAngleKind(EditorSession& session, UINT) {
     const HWND dialog = session.Dialog();
     EnableUserAngleByChoice(dialog);
-    const auto kind = static_cast<UINT32>(Control(dialog, IDC_ANGLE).Selected());
+    const UINT32 kind = Control(dialog, IDC_ANGLE).Selected(UINT32{kAngleChoices.size()});
     if (kind < kAngleChoices.size()) {
         const INT32 angle = DegreesOfKind(kind, session.UserAngleStart());
         session.RememberPreset(static_cast<AngleKind>(kind));
@@ -83,7 +84,8 @@ void OnAngleKind(EditorSession& session, UINT) {
 
 void OnUserAngle(EditorSession& session, UINT) {
     const HWND dialog = session.Dialog();
-    const INT32 angle = Control(dialog, IDC_USER_ANGLE).SignedNumber();
+    const INT32 known = session.Edited().AngleDegrees;
+    const INT32 angle = Control(dialog, IDC_USER_ANGLE).SignedNumber(known);
     LimitSignedNumber(dialog, IDC_USER_ANGLE, angle);
     const INT32 kept = std::clamp(angle, -kLargestUserAngle, kLargestUserAngle);
     session.SetBoth(&WatermarkRecord::AngleDegrees, kept);
@@ -106,14 +108,18 @@ void OnUserPosition(EditorSession& session, UINT) {
     const HWND dialog = session.Dialog();
     EnableOffsets(dialog, true);
     session.SetBoth(&WatermarkRecord::PositionKind, PositionKind::kUserSetting);
-    session.SetBoth(&WatermarkRecord::OffsetX, Control(dialog, IDC_HORIZONTAL).SignedNumber());
-    session.SetBoth(&WatermarkRecord::OffsetY, Control(dialog, IDC_VERTICAL).SignedNumber());
+    const WatermarkRecord& known = session.Edited();
+    session.SetBoth(&WatermarkRecord::OffsetX,
+                    Control(dialog, IDC_HORIZONTAL).SignedNumber(known.OffsetX));
+    session.SetBoth(&WatermarkRecord::OffsetY,
+                    Control(dialog, IDC_VERTICAL).SignedNumber(known.OffsetY));
     RepaintPreview(session);
 }
 
 template <int kEditId, INT32 WatermarkRecord::*kOffset>
 void OnOffset(EditorSession& session, UINT) {
-    const INT32 points = Control(session.Dialog(), kEditId).SignedNumber();
+    const INT32 known = session.Edited().*kOffset;
+    const INT32 points = Control(session.Dialog(), kEditId).SignedNumber(known);
     LimitSignedNumber(session.Dialog(), kEditId, points);
     session.SetBoth(kOffset, points);
     RepaintPreview(session);

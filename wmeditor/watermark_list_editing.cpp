@@ -54,12 +54,13 @@ void InsertNewWatermark(WatermarkList* list, const WatermarkRecord& record) {
 void RemoveWatermark(WatermarkList* list, INT32 index) {
     if (index < 1 || !IsListed(*list, index)) return;
     const auto entries = ListedEntries(*list);
-    list->Entries[index].InUse = 0;
-
     WatermarkList remaining{};
     remaining.Selected = 1;
     for (const WatermarkRecord& entry : entries) {
-        if (entry.InUse == 1) CopyWatermark(&remaining.Entries[remaining.Count++], entry);
+        if (&entry == &list->Entries[index]) continue;
+        WatermarkRecord& kept = remaining.Entries[remaining.Count++];
+        CopyWatermark(&kept, entry);
+        kept.InUse = 1;
     }
     for (UINT32 slot = 0; slot < entries.size(); ++slot) remaining.Entries[slot].Index = slot;
     *list = remaining;

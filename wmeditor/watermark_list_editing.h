@@ -23,8 +23,8 @@ void SortWatermarks(WatermarkList* list);
 /// Appends the record as a new entry, selects it and sorts. Does nothing to a full list.
 void InsertNewWatermark(WatermarkList* list, const WatermarkRecord& record);
 
-/// Removes one entry, and with it every entry that is not in use, and closes the gaps. `Selected`
-/// becomes 1, `NoneSelected` and `Orientation` 0.
+/// Removes one entry and closes the gap; all others stay, and are in use. `Selected` becomes 1,
+/// `NoneSelected` and `Orientation` 0.
 /// \param index  1 to `Count` - 1; any other index removes nothing.
 void RemoveWatermark(WatermarkList* list, INT32 index);
 

@@ -24,6 +24,7 @@ using DLGPROC = INT_PTR(CALLBACK*)(HWND dialog, UINT message, WPARAM first, LPAR
 #define MB_YESNO 0x00000004
 
 // Messages of a dialog.
+#define WM_DESTROY 0x0002  ///< the last one that it gets
 #define WM_PAINT 0x000F
 #define WM_HELP 0x0053        ///< second parameter: a `HELPINFO*`
 #define WM_INITDIALOG 0x0110  ///< second parameter: the creation parameter

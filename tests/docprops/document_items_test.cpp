@@ -1,5 +1,6 @@
 #include "docprops/document_items.h"
 
+#include <climits>
 #include <cstring>
 #include <sstream>
 
@@ -70,7 +71,8 @@ TEST_F(DocumentItems, FourItemsAsTheDriverShowsThem) {
     EXPECT_EQ(button->cbSize, 64);
     EXPECT_EQ(button->IconID, 1002U);
     EXPECT_EQ(page_.Params().OEMCUIPCallback, DocumentPropertyCallback);
-    EXPECT_EQ(Narrow(CurrentPrinterName), "Items Test");
+    page_.Params().pPrinterName[0] = 0;  // the driver's text, good only while its page is there
+    EXPECT_EQ(Narrow(CurrentPrinterName()), "Items Test");
 }
 
 TEST_F(DocumentItems, DevmodeDecidesWhatIsSelected) {
@@ -119,6 +121,20 @@ TEST_F(DocumentItems, FirstPageOfAPrinterStoresTheDefaultList) {
         EXPECT_EQ(Narrow(TextIn(page_.privateDevmode.Watermark.Name)),
                   index == 15 ? "Mine" : "<NONE>");
         EXPECT_EQ(page_.privateDevmode.WatermarkIndex, index);
+    }
+}
+
+TEST_F(DocumentItems, ADamagedListIsNotReplacedByTheDefaults) {
+    WatermarkList list = {};
+    list.Entries[0].InUse = list.Entries[1].InUse = 1;
+    CopyText(list.Entries[0].Name, TEXT("Kept"));
+    for (const INT32 count : {2 | (1 << 4), 2 | (1 << 30), INT_MIN | 2}) {
+        list.Count = count;
+        const std::string bytes(reinterpret_cast<const char*>(&list), sizeof list);
+        printer_.StoreValue(TEXT("WaterMarkList"), bytes);
+        page_.Build();
+        EXPECT_EQ(printer_.StoredValue(TEXT("WaterMarkList")), bytes);
+        EXPECT_EQ(Narrow(TextIn(page_.privateDevmode.Watermark.Name)), "Kept");
     }
 }
 

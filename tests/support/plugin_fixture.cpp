@@ -13,7 +13,7 @@ void BecomeModel(char letter) {
 void LoadPlugin() {
     oemui::RecordPluginModule(::GetModuleHandleW(nullptr));
     BecomeModel('T');
-    oemui::CurrentPrinterName = nullptr;
+    oemui::SetCurrentPrinter(nullptr);
     oemui::PreviewPaperSize = {};
 }
 

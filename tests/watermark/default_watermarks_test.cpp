@@ -1,5 +1,7 @@
 #include "watermark/default_watermarks.h"
 
+#include <cstring>
+
 #include "tests/support/plugin_fixture.h"
 #include "tests/support/test_printer.h"
 
@@ -83,11 +85,12 @@ TEST_F(DefaultWatermarks, FirstListOfAPrinterKeepsTheFilesAngles) {
 
     tests::TestPrinter printer(TEXT("Defaults Test"));
     InitPrinterWatermarkList(printer.Name().c_str());
-    EXPECT_EQ(printer.StoredValue(TEXT("WaterMarkList")),
-              std::string(reinterpret_cast<const char*>(&WorkingWatermarkList),
-                          sizeof WorkingWatermarkList));
-    EXPECT_EQ(WorkingWatermarkList.Count, 2);
-    EXPECT_EQ(WorkingWatermarkList.Entries[1].AngleDegrees, 33);
+    const std::string bytes = printer.StoredValue(TEXT("WaterMarkList"));
+    WatermarkList stored = {};
+    ASSERT_EQ(bytes.size(), sizeof stored);
+    std::memcpy(&stored, bytes.data(), sizeof stored);
+    EXPECT_EQ(stored.Count, 2);
+    EXPECT_EQ(stored.Entries[1].AngleDegrees, 33);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "watermark/watermark_list.h"
 
+#include <climits>
 #include <cstring>
 
 #include "tests/support/plugin_fixture.h"
@@ -92,25 +93,23 @@ TEST(SanitizeWatermarkListTest, HeaderAndTextsAreMadeSafe) {
     struct Row {
         INT32 count;
         INT32 selected;
-        bool isAccepted;
+        INT32 safeCount;
         INT32 safeSelected;
     };
-    constexpr Row kRows[] = {{0, 5, true, 0},  {16, 15, true, 15}, {3, 3, true, 0},
-                             {3, -1, true, 0}, {3, 2, true, 2},    {17, 1, false, 0},
-                             {-1, 0, false, 0}};
+    constexpr Row kRows[] = {{0, 5, 0, 0},  {16, 15, 16, 15},   {3, 3, 3, 0},
+                             {3, -1, 3, 0}, {3, 2, 3, 2},       {17, 4, 5, 4},
+                             {-1, 5, 5, 0}, {1 << 30, 0, 5, 0}, {INT_MIN, 1, 5, 1}};
+    WatermarkList list = {};
+    list.Entries[4].InUse = list.Entries[1].InUse = 1;
     for (const Row& row : kRows) {
-        WatermarkList list = {};
-        list.NoneSelected = 1;
         list.Count = row.count;
         list.Selected = row.selected;
-        EXPECT_EQ(SanitizeWatermarkList(&list), row.isAccepted) << row.count;
-        EXPECT_EQ(list.Count, row.isAccepted ? row.count : 0);
-        EXPECT_EQ(list.Selected, row.safeSelected);
-        EXPECT_EQ(list.NoneSelected, row.isAccepted ? 1U : 0U);
+        SanitizeWatermarkList(&list);
+        EXPECT_EQ(list.Count, row.safeCount) << row.count;
+        EXPECT_EQ(list.Selected, row.safeSelected) << row.count;
     }
-    WatermarkList list = {};
     for (WatermarkRecord& record : list.Entries) record = FilledWith(0x41);
-    EXPECT_TRUE(SanitizeWatermarkList(&list));
+    SanitizeWatermarkList(&list);
     for (const WatermarkRecord& record : list.Entries) {
         EXPECT_EQ(TextIn(record.Name).size(), 31U);
         EXPECT_EQ(TextIn(record.Text).size(), 63U);

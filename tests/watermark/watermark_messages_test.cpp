@@ -37,7 +37,7 @@ TEST_F(WatermarkMessages, RefusedWriteIsToldAndKeepsTheStoredList) {
 }
 
 TEST_F(WatermarkMessages, DiagonalFollowsThePrintersPage) {
-    CurrentPrinterName = printer_.Name().c_str();
+    SetCurrentPrinter(printer_.Name().c_str());
     // A4: atan2(297, 210).
     EXPECT_NEAR(DiagonalAngleDegrees(), 54.7, 0.1);
     for (const char* step : {"OpenPrinterW", "CreateDCW"}) {

@@ -49,18 +49,21 @@ TEST_F(EditorCommands, AnEmptyListOpensOnTheDefaultsAndCancelKeepsThem) {
 
 TEST_F(EditorCommands, AnUntouchedListIsStoredWithItsSelection) {
     list_.Entries[0].PointSize = 0;
+    list_.Entries[1].PointSize = 300;
+    EditTo(1, [this] { user_.Click(IDOK); });
     EditTo(1, [this] {
         user_.Choose(IDC_WATERMARK_LIST, TEXT("<NONE>"));
         user_.Click(IDOK);
     });
     ExpectMessages({});
     EXPECT_EQ(Stored().Entries[0].PointSize, 0);
+    EXPECT_EQ(Stored().Entries[1].PointSize, 300) << "nobody changed it";
     EXPECT_EQ(list_.Selected, 0);
     EXPECT_EQ(Stored().NoneSelected, 1u);
     EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Alpha Delta Echo Foxtrot");
 }
 
-TEST_F(EditorCommands, EscapeAndTheCloseBoxCancelEnterConfirms) {
+TEST_F(EditorCommands, EscapeAndTheCloseBoxCancel) {
     EditTo(0, [this] { user_.PressKey(VK_ESCAPE); });
     EditTo(0, [this] {
         user_.TypeText(IDC_POINT_SIZE, TEXT("5"));
@@ -68,13 +71,6 @@ TEST_F(EditorCommands, EscapeAndTheCloseBoxCancelEnterConfirms) {
     });
     EXPECT_EQ(std::memcmp(&WorkingWatermarkList, &list_, sizeof list_), 0);
     EXPECT_EQ(Stored().Count, 0);
-    list_.Entries[1].PointSize = 8;
-    EditTo(1, [this] {
-        user_.TypeText(IDC_POINT_SIZE, TEXT("5"));
-        user_.PressKey(VK_RETURN);
-    });
-    ExpectMessages({});
-    EXPECT_EQ(Stored().Entries[1].PointSize, 8) << "the focus never left the edit";
 }
 
 TEST_F(EditorCommands, ChangedSettingsAreOverwrittenOnlyOnYes) {
@@ -95,6 +91,47 @@ TEST_F(EditorCommands, ChangedSettingsAreOverwrittenOnlyOnYes) {
     ExpectMessages({kOverwrite, kOverwrite});
     EXPECT_EQ(Stored().Entries[3].PointSize, 48);
     EXPECT_EQ(list_.Selected, 3);
+}
+
+TEST_F(EditorCommands, TheSizeShownIsTheSizeKeptAndNoIsAskedForOnce) {
+    list_.Entries[1].PointSize = 300;
+    int answer = 0;
+    user_.WillAnswer([&](const ShownBox&) { return std::exchange(answer, IDNO); });
+    EditTo(1, [this] {
+        user_.TypeText(IDC_POINT_SIZE, TEXT("5"));
+        user_.PressKey(VK_RETURN);
+        EXPECT_EQ(TextOf(IDC_POINT_SIZE), "8") << "without an answer";
+        user_.Click(IDOK);
+        EXPECT_EQ(TextOf(IDC_POINT_SIZE), "300");
+        user_.Click(IDOK);
+    });
+    ExpectMessages({kOverwrite, kOverwrite});
+    EXPECT_EQ(Stored().Entries[1].PointSize, 300);
+}
+
+TEST_F(EditorCommands, NoAfterADeletionStaysOnTheEntryShown) {
+    struct Row {
+        INT32 selected;  // at the opening: removed, or moved to another place
+        const WCHAR* removed;
+        const char* shown;
+        const char* left;
+    };
+    for (const Row& row : {Row{4, TEXT("Foxtrot"), "Echo", "<NONE> Alpha Delta Echo"},
+                           Row{3, TEXT("Delta"), "Alpha", "<NONE> Alpha Echo Foxtrot"}}) {
+        list_.Selected = row.selected;
+        user_.WillAnswer({IDOK, IDNO});
+        EditTo(0, [&] {
+            user_.Choose(IDC_WATERMARK_LIST, row.removed);
+            user_.Click(IDC_DELETE);
+            user_.TypeText(IDC_POINT_SIZE, TEXT("20"));
+            user_.Click(IDOK);
+            EXPECT_EQ(TextOf(IDC_NAME), row.shown);
+            EXPECT_EQ(TextOf(IDC_WATERMARK_LIST), row.shown);
+            EXPECT_EQ(TextOf(IDC_POINT_SIZE), "72");
+            EXPECT_EQ(Narrow(NamesIn(WorkingWatermarkList)), row.left);
+        });
+    }
+    ExpectMessages({kConfirmDelete, kOverwrite, kConfirmDelete, kOverwrite});
 }
 
 TEST_F(EditorCommands, ADiagonalEntryTakesThePagesAngleAndAsks) {
@@ -211,21 +248,22 @@ TEST_F(EditorCommands, ADeletionShowsTheEntryBeforeAndEscapeTakesItBack) {
     EXPECT_EQ(Narrow(NamesIn(WorkingWatermarkList)), "<NONE> Alpha Delta Echo Foxtrot");
 }
 
-TEST_F(EditorCommands, ADeletionIsStoredWithoutUnusedEntriesAndLaterOnesAreNotAskedAbout) {
-    list_.Entries[1].InUse = list_.Entries[3].InUse = 0;
+TEST_F(EditorCommands, ADeletionTakesOneEntryAndLaterOnesAreNotAskedAbout) {
+    list_.Entries[0].InUse = list_.Entries[1].InUse = 0;
     list_.Orientation = 2;
     list_.Selected = 2;
     user_.WillAnswer({IDOK});
     EditTo(1, [this] {
         user_.Click(IDC_DELETE);
-        EXPECT_EQ(TextOf(IDC_WATERMARK_LIST), TextOf(IDC_NAME));
+        EXPECT_EQ(TextOf(IDC_WATERMARK_LIST), "Alpha");
         user_.Choose(IDC_WATERMARK_LIST, TEXT("Foxtrot"));
         user_.TypeText(IDC_POINT_SIZE, TEXT("20"));
         user_.Click(IDOK);
     });
     ExpectMessages({kConfirmDelete});
-    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Foxtrot");
-    EXPECT_EQ(Stored().Entries[1].PointSize, 20);
+    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Alpha Echo Foxtrot");
+    EXPECT_EQ(Stored().Entries[3].PointSize, 20);
+    EXPECT_EQ(Stored().Entries[0].InUse, 1u);
     EXPECT_EQ(Stored().Orientation, 0u);
 }
 
@@ -236,7 +274,6 @@ TEST_F(EditorCommands, EntryZeroIsNeverDeleted) {
         EXPECT_FALSE(user_.Click(IDC_DELETE));
         SendCommand(IDC_DELETE);
     });
-    // As when a page built meanwhile leaves its printer's first list there.
     list_.Count = 2;
     list_.Selected = 1;
     user_.WillAnswer({IDOK});
@@ -248,6 +285,18 @@ TEST_F(EditorCommands, EntryZeroIsNeverDeleted) {
         EXPECT_EQ(WorkingWatermarkList.Count, 1);
     });
     ExpectMessages({kNotDeleted, kConfirmDelete, kListEmpty});
+}
+
+TEST_F(EditorCommands, APageBuiltMeanwhileHasItsOwnPrinterAndItsOwnFirstList) {
+    const tests::TestPrinter other(TEXT("Other"));
+    EditTo(1, [&] {
+        SetCurrentPrinter(other.Name().c_str());
+        InitPrinterWatermarkList(other.Name().c_str());
+        user_.Click(IDOK);
+    });
+    EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Alpha Delta Echo Foxtrot");
+    const std::string othersList = other.StoredValue(TEXT("WaterMarkList"));
+    EXPECT_EQ(othersList.substr(sizeof(UINT32), sizeof(INT32)), std::string(4, 0)) << "its count";
 }
 
 TEST_F(EditorCommands, AnEmptyListTakesItsFirstEntry) {
@@ -270,7 +319,7 @@ TEST_F(EditorCommands, ARenamedEntryIsStoredUnaskedAndWithoutThePrinterTheUserIs
     ExpectMessages({});
     EXPECT_EQ(Narrow(NamesIn(Stored())), "<NONE> Renamed Delta Echo Foxtrot");
     CopyText(list_.Entries[1].Name, TEXT("Alpha"));
-    CurrentPrinterName = TEXT("No such printer");
+    SetCurrentPrinter(TEXT("No such printer"));
     EditTo(1, rename);
     ExpectMessages({kNotOpened});
     EXPECT_EQ(Narrow(TextIn(list_.Entries[1].Name)), "Renamed");

@@ -24,7 +24,7 @@ protected:
     EditorTest() {
         // A real machine may still have those of an earlier test.
         std::filesystem::remove(Folder() / "Windows/QVRT__WM.INI");
-        oemui::CurrentPrinterName = printer_.Name().c_str();
+        oemui::SetCurrentPrinter(printer_.Name().c_str());
         oemui::PreviewPaperSize = {2100, 2970};
         list_ =
             MakeList({TEXT("<NONE>"), TEXT("Alpha"), TEXT("Delta"), TEXT("Echo"), TEXT("Foxtrot")});

@@ -30,7 +30,7 @@ TEST_F(EditorHelp, TheFileStandsBesideTheDriverOrInTheSystemDirectory) {
     std::string path = Path();
     ASSERT_GT(path.size(), 15u);
     EXPECT_EQ(path.substr(path.size() - 15), "\\3\\QVRT_HLP.HLP");
-    CurrentPrinterName = TEXT("No such printer");
+    SetCurrentPrinter(TEXT("No such printer"));
     path = Path();
     EXPECT_EQ(path.substr(path.find("32\\") + 3), "spool\\drivers\\x64\\3\\QVRT_HLP.HLP");
     tests::BecomeModel('V');

@@ -55,6 +55,7 @@ TEST_F(ListEditing, RemovalClosesTheGapAndClearsTheRest) {
     WatermarkList list = MakeList({TEXT("<NONE>"), TEXT("A"), TEXT("B"), TEXT("C")});
     list.Selected = 3;
     list.NoneSelected = 1;
+    list.Entries[0].InUse = list.Entries[3].InUse = 0;
     for (const INT32 index : {-1, 0, 4, 16}) {
         RemoveWatermark(&list, index);
         EXPECT_EQ(list.Count, 4) << index;
@@ -64,7 +65,10 @@ TEST_F(ListEditing, RemovalClosesTheGapAndClearsTheRest) {
     EXPECT_EQ(list.Selected, 1);
     EXPECT_EQ(list.NoneSelected, 0u);
     EXPECT_EQ(list.Orientation, 0u);
-    for (UINT32 i = 0; i < 4; ++i) EXPECT_EQ(list.Entries[i].Index, i);
+    for (UINT32 i = 0; i < 4; ++i) {
+        EXPECT_EQ(list.Entries[i].Index, i);
+        EXPECT_EQ(list.Entries[i].InUse, i < 3 ? 1u : 0u);
+    }
     WatermarkRecord cleared{};
     cleared.Index = 3;
     EXPECT_EQ(std::memcmp(&list.Entries[3], &cleared, sizeof cleared), 0);

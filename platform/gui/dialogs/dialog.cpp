@@ -53,6 +53,7 @@ bool Dialog::MakeControls(const DialogTemplate& made, const DialogUnits& units) 
 }
 
 Dialog::~Dialog() {
+    Receive(WM_DESTROY, 0, 0);
     goingAway_ = true;
 }
 
