@@ -147,12 +147,14 @@ STDMETHODIMP OemUiPlugin::UpgradePrinter(DWORD /*level*/, PBYTE /*upgradeInfo*/)
 
 STDMETHODIMP OemUiPlugin::PrinterEvent(PWSTR printerName, INT event, DWORD /*flags*/,
                                        LPARAM /*parameter*/) noexcept {
-    return HandlePrinterEvent(printerName, event);
+    HandlePrinterEvent(printerName, event);
+    return E_NOTIMPL;
 }
 
 STDMETHODIMP OemUiPlugin::DriverEvent(DWORD event, DWORD /*level*/, LPBYTE /*driverInfo*/,
                                       LPARAM /*parameter*/) noexcept {
-    return HandleDriverEvent(event);
+    HandleDriverEvent(event);
+    return E_NOTIMPL;
 }
 
 STDMETHODIMP OemUiPlugin::QueryColorProfile(HANDLE /*printer*/, POEMUIOBJ /*driver*/,

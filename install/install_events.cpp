@@ -29,8 +29,8 @@ void ReduceToShortName(PWSTR printerName) {
 
 }  // namespace
 
-HRESULT HandlePrinterEvent(PWSTR printerName, INT event) {
-    if (event != PRINTER_EVENT_INITIALIZE) return E_NOTIMPL;
+void HandlePrinterEvent(PWSTR printerName, INT event) {
+    if (event != PRINTER_EVENT_INITIALIZE) return;
     const UINT setting = ::GetPrivateProfileIntW(TEXT("EAIDCData"), kSettingName, kDefaultSetting,
                                                  Model().SettingsFile);
     if (printerName != nullptr) ReduceToShortName(printerName);
@@ -38,7 +38,6 @@ HRESULT HandlePrinterEvent(PWSTR printerName, INT event) {
     static_cast<void>(SetPrinterDriverDataValue(shortName, setting));
     KeepFromPendingDeletion(UninstallerName().View());
     InstallPrintProcessor(shortName);
-    return E_NOTIMPL;
 }
 
 bool SetPrinterDriverDataValue(LPCWSTR shortName, DWORD number) {
@@ -55,9 +54,8 @@ bool SetPrinterDriverDataValue(LPCWSTR shortName, DWORD number) {
                             reinterpret_cast<const BYTE*>(&number), sizeof number) == ERROR_SUCCESS;
 }
 
-HRESULT HandleDriverEvent(DWORD event) {
+void HandleDriverEvent(DWORD event) {
     if (event == DRIVER_EVENT_DELETE) StartUninstaller();
-    return E_NOTIMPL;
 }
 
 }  // namespace oemui

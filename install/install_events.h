@@ -10,8 +10,7 @@ namespace oemui {
 /// processor. A step that fails is skipped; doing it again changes nothing more. Spooler's thread.
 /// \param printerName  shortened in place: the buffer begins with the bare printer name afterwards,
 ///                     without server and port list. Null does what needs no name.
-/// \return E_NOTIMPL always.
-HRESULT HandlePrinterEvent(PWSTR printerName, INT event);
+void HandlePrinterEvent(PWSTR printerName, INT event);
 
 /// Writes "EAIDCDisable" into the driver data of a printer.
 /// \param shortName  the bare printer name.
@@ -19,7 +18,6 @@ HRESULT HandlePrinterEvent(PWSTR printerName, INT event);
 
 /// Starts the family's uninstaller when the driver is removed (DRIVER_EVENT_DELETE), and does not
 /// wait for it. Spooler's thread.
-/// \return E_NOTIMPL always.
-HRESULT HandleDriverEvent(DWORD event);
+void HandleDriverEvent(DWORD event);
 
 }  // namespace oemui

@@ -154,6 +154,8 @@ TEST_F(PluginObject, PropertySheetEntriesAnswerByReason) {
     ExpectFailure(plugin_->DevicePropertySheets(nullptr, 0), ERROR_INVALID_PARAMETER);
     OEMCUIPPARAM params = {};
     ExpectFailure(plugin_->CommonUIProp(3, &params), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(plugin_->PrinterEvent(nullptr, 99, 0, 0), E_NOTIMPL);
+    EXPECT_EQ(plugin_->DriverEvent(99, 0, nullptr, 0), E_NOTIMPL);
 }
 
 TEST_F(PluginObject, CountsHoldWhenThreadsCreateAndRelease) {

@@ -154,6 +154,9 @@ enum class Work { kActivate, kSwitchOn, kBuildDocumentPage };
 /// One page's work on the printer "Queried" with one call failing, or with 0 every call of that
 /// name, as if there were always more. \return the calls made.
 std::vector<std::string> WorkWithFailure(Work work, const std::string& point, int failing) {
+    WriteRegistryText(
+        TEXT("System\\CurrentControlSet\\Control\\Print\\Monitors\\LPR Port\\Ports\\Q"),
+        TEXT("Server Name"), TEXT("127.0.0.1"));
     LoopbackPrinter played({{std::string(kAnswer)}});
     TestPrinter printer(TEXT("Queried"),
                         TEXT("\\\\") + Wide(played.Address()) + TEXT("\\SMB_PRI1"));
@@ -185,6 +188,7 @@ TEST_F(QueryOnTheLayer, WhateverFailsWhileAPageAsksLeavesNothingOpen) {
         std::map<std::string, int> calls;
         for (const std::string& point : WorkWithFailure(work, "none", 1)) ++calls[point];
         EXPECT_EQ(calls["send"], 1);
+        EXPECT_GT(calls["RegEnumKeyExW"], 0);
         for (const std::string_view closer : closers) calls.erase(std::string(closer));
         for (const auto& [point, count] : calls) {
             for (int failing = 0; failing <= count; ++failing) {
