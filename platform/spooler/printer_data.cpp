@@ -91,7 +91,9 @@ DWORD WriteValue(HANDLE handle, LPCWSTR name, DWORD type, const BYTE* bytes, DWO
         return error;
     }
     if (const auto request = spooler::ParsePjlName(name)) return CarryRequest(printer, *request);
-    return WriteStoredValue(printer, name, type, {bytes, size});
+    return platform::ChangeAtOnce([&] {
+        return WriteStoredValue(printer, name, type, {bytes, size});
+    });
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 // Opening, reading, writing, adding and removing printers.
 #include <winspool.h>
 
-#include <tuple>
-
 #include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/spooler/drivers.h"
@@ -55,33 +53,34 @@ DWORD CheckPrinter(const PrinterRecord& printer) {
     return known ? ERROR_SUCCESS : ERROR_UNKNOWN_PRINTPROCESSOR;
 }
 
-DWORD SetOpenPrinter(HANDLE handle, const PRINTER_INFO_2W* info) {
-    if (info == nullptr) return ERROR_INVALID_PARAMETER;
+DWORD SetOpenPrinter(HANDLE handle, const PRINTER_INFO_2W& info) {
     PrinterRecord printer;
     if (const DWORD error = LoadOpenPrinter(handle, PRINTER_ACCESS_ADMINISTER, &printer)) {
         return error;
     }
     const std::u16string name = printer.name;
-    if (const DWORD error = spooler::UnpackPrinter(*info, &printer)) return error;
+    if (const DWORD error = spooler::UnpackPrinter(info, &printer)) return error;
     if (!platform::EqualIgnoringUnicodeCase(name, printer.name)) return ERROR_INVALID_PRINTER_NAME;
     printer.name = name;
     if (const DWORD error = CheckPrinter(printer)) return error;
     return spooler::StorePrinter(printer);
 }
 
+// As one change: dying in between leaves no half printer, and nobody takes the driver away
+// meanwhile.
 DWORD AddPrinterKeys(const PrinterRecord& printer) {
-    PrintKey key;
-    bool created = false;
-    DWORD error = key.Create(spooler::PrinterPath(printer.name), &created);
-    if (error == ERROR_SUCCESS && !created) return ERROR_PRINTER_ALREADY_EXISTS;
-    if (error == ERROR_SUCCESS) error = spooler::StorePrinter(printer);
-    PrintKey printerData;
-    if (error == ERROR_SUCCESS) error = printerData.Create(spooler::PrinterDataPath(printer.name));
-    // A printer is added whole or not at all.
-    if (error != ERROR_SUCCESS && created) {
-        std::ignore = spooler::RemoveKey(spooler::PrinterPath(printer.name));
-    }
-    return error;
+    return platform::ChangeAtOnce([&printer] {
+        PrintKey key;
+        bool created = false;
+        DWORD error = CheckPrinter(printer);
+        if (error == ERROR_SUCCESS)
+            error = key.Create(spooler::PrinterPath(printer.name), &created);
+        if (error == ERROR_SUCCESS && !created) return DWORD{ERROR_PRINTER_ALREADY_EXISTS};
+        if (error == ERROR_SUCCESS) error = spooler::StorePrinter(printer);
+        PrintKey printerData;
+        if (error != ERROR_SUCCESS) return error;
+        return printerData.Create(spooler::PrinterDataPath(printer.name));
+    });
 }
 
 DWORD Add(LPCWSTR server, DWORD level, const PRINTER_INFO_2W* info, HANDLE* handle) {
@@ -92,7 +91,6 @@ DWORD Add(LPCWSTR server, DWORD level, const PRINTER_INFO_2W* info, HANDLE* hand
     if (printer.name.empty() || spooler::ShortPrinterName(printer.name) != printer.name) {
         return ERROR_INVALID_PRINTER_NAME;
     }
-    if (const DWORD error = CheckPrinter(printer)) return error;
     printer.attributes |= PRINTER_ATTRIBUTE_LOCAL;
     if (const DWORD error = AddPrinterKeys(printer)) return error;
     *handle = spooler::AddHandle({printer.name, PRINTER_ALL_ACCESS});
@@ -149,7 +147,9 @@ BOOL WINAPI SetPrinterW(HANDLE printer, DWORD level, LPBYTE record, DWORD comman
     if (const auto error = InjectedFailure("SetPrinterW")) return Fail(*error);
     if (level != 2) return Fail(ERROR_INVALID_LEVEL);
     if (command != 0) return Fail(ERROR_NOT_SUPPORTED);
-    return Answer(SetOpenPrinter(printer, reinterpret_cast<const PRINTER_INFO_2W*>(record)));
+    const auto* info = reinterpret_cast<const PRINTER_INFO_2W*>(record);
+    if (info == nullptr) return Fail(ERROR_INVALID_PARAMETER);
+    return Answer(platform::ChangeAtOnce([&] { return SetOpenPrinter(printer, *info); }));
 }
 
 HANDLE WINAPI AddPrinterW(LPWSTR server, DWORD level, LPBYTE record) {

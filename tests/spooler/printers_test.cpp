@@ -1,7 +1,12 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <array>
+#include <csignal>
 #include <cstring>
 #include <set>
 
+#include "platform/base/machine.h"
 #include "platform/faults/failure_points.h"
 #include "platform/spooler/printer_page.h"
 #include "tests/spooler/spooler_fixture.h"
@@ -102,6 +107,46 @@ TEST_F(Printers, AreAddedOnceAndWithWhatTheyNeed) {
     EXPECT_EQ(Text((&Info(buffer))[1].pPrinterName), "Office");
 }
 
+TEST_F(Printers, AreThereWholeOrNotAtAllWhateverAnotherProcessDoes) {
+    const std::u16string twoPorts[] = {u"LPT1:", std::u16string(300, u'x')};
+    const auto addAndRemove = [&] {
+        const HANDLE printer = Add(Record(u"Office"));
+        PRINTER_INFO_2W other = Record(u"Office", twoPorts[1]);
+        other.pComment = other.pPortName;
+        SetPrinterW(printer, 2, reinterpret_cast<BYTE*>(&other), 0);
+        DeletePrinter(printer);
+    };
+    const auto isWhole = [&] {
+        std::vector<BYTE> buffer(20000);
+        DWORD needed = 0;
+        DWORD count = 0;
+        EXPECT_EQ(ErrorOf(EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 2, buffer.data(), 20000,
+                                        &needed, &count)),
+                  ERROR_SUCCESS);
+        if (count == 0) return;
+        const std::u16string port = Info(buffer).pPortName;
+        const std::u16string comment = Info(buffer).pComment;
+        EXPECT_TRUE(comment.empty() ? port == twoPorts[0] : port == comment) << Text(port.c_str());
+        EXPECT_EQ(Text(Info(buffer).pDriverName), "Laser");
+    };
+    for (int round = 0; round < 20; ++round) {
+        platform::UseMachine(Folder());  // the store is never open while the process forks
+        const pid_t other = fork();
+        if (other == 0) {
+            alarm(60);
+            while (true) addAndRemove();
+        }
+        for (int look = 0; look < 20 + round; ++look) isWhole();
+        kill(other, SIGKILL);
+        waitpid(other, nullptr, 0);
+        isWhole();
+        if (const HANDLE left = Open(u"Office")) {
+            EXPECT_TRUE(DeletePrinter(left));
+            EXPECT_TRUE(ClosePrinter(left));
+        }
+    }
+}
+
 TEST_F(Printers, AreGoneWithTheirDataAndKeepNoHandleAlive) {
     Install(u"Office");
     const HANDLE printer = Open(u"Office");
@@ -165,6 +210,7 @@ TEST_F(Printers, WrittenIntoTheRegistryByHandAreReadWithoutTrust) {
                                  static_cast<DWORD>(bytes.size())),
                   0);
     };
+    set(u"Name", REG_SZ, std::string("a\0,\0b\0", 6));
     set(u"Port", REG_SZ, std::string("U\0S\0B", 5));
     set(u"Description", REG_BINARY, "no text");
     set(u"Attributes", REG_DWORD, "\x01");
@@ -175,6 +221,7 @@ TEST_F(Printers, WrittenIntoTheRegistryByHandAreReadWithoutTrust) {
     EXPECT_EQ(RegCloseKey(key), 0);
     const HANDLE printer = Open(u"Office");
     const auto buffer = ReadPrinter(printer);
+    EXPECT_EQ(Text(Info(buffer).pPrinterName), "Office") << "by which it can be opened";
     EXPECT_EQ(Text(Info(buffer).pPortName), "US");
     EXPECT_EQ(Text(Info(buffer).pComment), "");
     EXPECT_EQ(Info(buffer).Attributes, 0u);
