@@ -103,6 +103,13 @@ TEST_F(ProfileTest, WildFilesAreRead) {
     EXPECT_EQ(Read(u"after", u"odd.ini"), u"default");
     WriteFile("Windows/empty.ini", "");
     EXPECT_EQ(Read(u"after", u"empty.ini"), u"default");
+    const std::filesystem::path windows = Folder() / "Windows";
+    std::filesystem::create_directory(windows / "folder.ini");
+    std::filesystem::create_symlink("/dev/zero", windows / "device.ini");
+    for (const char16_t* file : {u"folder.ini", u"device.ini"}) {
+        EXPECT_EQ(Read(u"after", file), u"default");
+        EXPECT_EQ(GetLastError(), DWORD{ERROR_FILE_NOT_FOUND});
+    }
     const platform::FailurePlan plan("GetPrivateProfileStringW", 1, ERROR_ACCESS_DENIED);
     EXPECT_EQ(Read(u"num"), u"default");
     EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
