@@ -1,12 +1,7 @@
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <array>
-#include <csignal>
 #include <cstring>
 #include <set>
 
-#include "platform/base/machine.h"
 #include "platform/faults/failure_points.h"
 #include "platform/spooler/printer_page.h"
 #include "tests/spooler/spooler_fixture.h"
@@ -105,46 +100,6 @@ TEST_F(Printers, AreAddedOnceAndWithWhatTheyNeed) {
     ASSERT_EQ(count, 2u);
     EXPECT_EQ(Text((&Info(buffer))[0].pPrinterName), "Annexe");
     EXPECT_EQ(Text((&Info(buffer))[1].pPrinterName), "Office");
-}
-
-TEST_F(Printers, AreThereWholeOrNotAtAllWhateverAnotherProcessDoes) {
-    const std::u16string twoPorts[] = {u"LPT1:", std::u16string(300, u'x')};
-    const auto addAndRemove = [&] {
-        const HANDLE printer = Add(Record(u"Office"));
-        PRINTER_INFO_2W other = Record(u"Office", twoPorts[1]);
-        other.pComment = other.pPortName;
-        SetPrinterW(printer, 2, reinterpret_cast<BYTE*>(&other), 0);
-        DeletePrinter(printer);
-    };
-    const auto isWhole = [&] {
-        std::vector<BYTE> buffer(20000);
-        DWORD needed = 0;
-        DWORD count = 0;
-        EXPECT_EQ(ErrorOf(EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 2, buffer.data(), 20000,
-                                        &needed, &count)),
-                  ERROR_SUCCESS);
-        if (count == 0) return;
-        const std::u16string port = Info(buffer).pPortName;
-        const std::u16string comment = Info(buffer).pComment;
-        EXPECT_TRUE(comment.empty() ? port == twoPorts[0] : port == comment) << Text(port.c_str());
-        EXPECT_EQ(Text(Info(buffer).pDriverName), "Laser");
-    };
-    for (int round = 0; round < 20; ++round) {
-        platform::UseMachine(Folder());  // the store is never open while the process forks
-        const pid_t other = fork();
-        if (other == 0) {
-            alarm(60);
-            while (true) addAndRemove();
-        }
-        for (int look = 0; look < 20 + round; ++look) isWhole();
-        kill(other, SIGKILL);
-        waitpid(other, nullptr, 0);
-        isWhole();
-        if (const HANDLE left = Open(u"Office")) {
-            EXPECT_TRUE(DeletePrinter(left));
-            EXPECT_TRUE(ClosePrinter(left));
-        }
-    }
 }
 
 TEST_F(Printers, AreGoneWithTheirDataAndKeepNoHandleAlive) {
