@@ -113,6 +113,16 @@ std::optional<std::string> ReadWhole(const std::filesystem::path& name) {
 
 using MaybeText = std::optional<std::u16string>;
 
+DWORD LookUp(TextView section, TextView key, TextView fileName, MaybeText* found) {
+    const auto bytes = ReadWhole(platform::NativePath(fileName));
+    if (!bytes) return ERROR_FILE_NOT_FOUND;
+    const std::u16string text = Decode(*bytes);
+    const auto value = FindValue(text, Trimmed(section), Trimmed(key));
+    if (!value) return ERROR_FILE_NOT_FOUND;
+    *found = std::u16string(WithoutQuotes(*value));
+    return ERROR_SUCCESS;
+}
+
 // The value with its quotes removed; nothing, with the last error, when it is missing.
 MaybeText ReadValue(const char* point, LPCWSTR section, LPCWSTR key, LPCWSTR fileName) {
     if (const auto error = platform::InjectedFailure(point)) {
@@ -121,12 +131,10 @@ MaybeText ReadValue(const char* point, LPCWSTR section, LPCWSTR key, LPCWSTR fil
     if (section == nullptr || key == nullptr || fileName == nullptr) {
         return Fail<MaybeText>(ERROR_INVALID_PARAMETER);
     }
-    const auto bytes = ReadWhole(platform::NativePath(fileName));
-    if (!bytes) return Fail<MaybeText>(ERROR_FILE_NOT_FOUND);
-    const std::u16string text = Decode(*bytes);
-    const auto value = FindValue(text, Trimmed(section), Trimmed(key));
-    if (value) return std::u16string(WithoutQuotes(*value));
-    return Fail<MaybeText>(ERROR_FILE_NOT_FOUND);
+    MaybeText value;
+    const DWORD error = platform::Contained([&] { return LookUp(section, key, fileName, &value); });
+    if (error != ERROR_SUCCESS) return Fail<MaybeText>(error);
+    return value;
 }
 
 // Decimal, or hexadecimal after "0x", in 32 bits that wrap; what follows the number is ignored.

@@ -150,16 +150,20 @@ namespace spooler = platform::spooler;
 BOOL WINAPI GetPrinterDriverW(HANDLE printer, LPWSTR environment, DWORD level, LPBYTE buffer,
                               DWORD size, LPDWORD needed) {
     if (const auto error = InjectedFailure("GetPrinterDriverW")) return Fail(*error);
-    return Answer(spooler::ReadDriver(printer, environment, level, {buffer, size, needed}));
+    return Answer(platform::Contained([&] {
+        return spooler::ReadDriver(printer, environment, level, {buffer, size, needed});
+    }));
 }
 
 BOOL WINAPI AddPrinterDriverW(LPWSTR server, DWORD level, LPBYTE record) {
     if (const auto error = InjectedFailure("AddPrinterDriverW")) return Fail(*error);
-    return Answer(
-        spooler::AddDriver(server, level, reinterpret_cast<const DRIVER_INFO_2W*>(record)));
+    return Answer(platform::Contained([&] {
+        return spooler::AddDriver(server, level, reinterpret_cast<const DRIVER_INFO_2W*>(record));
+    }));
 }
 
 BOOL WINAPI DeletePrinterDriverW(LPWSTR server, LPWSTR environment, LPWSTR driver) {
     if (const auto error = InjectedFailure("DeletePrinterDriverW")) return Fail(*error);
-    return Answer(spooler::DeleteDriver(server, environment, driver));
+    return Answer(
+        platform::Contained([&] { return spooler::DeleteDriver(server, environment, driver); }));
 }

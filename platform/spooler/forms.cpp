@@ -194,10 +194,14 @@ namespace spooler = platform::spooler;
 BOOL WINAPI EnumFormsW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed,
                        LPDWORD returned) {
     if (const auto error = InjectedFailure("EnumFormsW")) return Fail(*error);
-    return Answer(spooler::Enumerate(printer, level, {buffer, size, needed}, returned));
+    return Answer(platform::Contained([&] {
+        return spooler::Enumerate(printer, level, {buffer, size, needed}, returned);
+    }));
 }
 
 BOOL WINAPI AddFormW(HANDLE printer, DWORD level, LPBYTE record) {
     if (const auto error = InjectedFailure("AddFormW")) return Fail(*error);
-    return Answer(spooler::Add(printer, level, reinterpret_cast<const FORM_INFO_1W*>(record)));
+    return Answer(platform::Contained([&] {
+        return spooler::Add(printer, level, reinterpret_cast<const FORM_INFO_1W*>(record));
+    }));
 }

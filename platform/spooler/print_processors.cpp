@@ -80,10 +80,13 @@ namespace spooler = platform::spooler;
 BOOL WINAPI EnumPrintProcessorsW(LPWSTR server, LPWSTR environment, DWORD level, LPBYTE buffer,
                                  DWORD size, LPDWORD needed, LPDWORD returned) {
     if (const auto error = InjectedFailure("EnumPrintProcessorsW")) return Fail(*error);
-    return Answer(spooler::Enumerate(server, environment, level, {buffer, size, needed}, returned));
+    return Answer(platform::Contained([&] {
+        return spooler::Enumerate(server, environment, level, {buffer, size, needed}, returned);
+    }));
 }
 
 BOOL WINAPI AddPrintProcessorW(LPWSTR server, LPWSTR environment, LPWSTR file, LPWSTR name) {
     if (const auto error = InjectedFailure("AddPrintProcessorW")) return Fail(*error);
-    return Answer(spooler::AddProcessor(server, environment, file, name));
+    return Answer(platform::Contained(
+        [&] { return spooler::AddProcessor(server, environment, file, name); }));
 }

@@ -131,7 +131,8 @@ BOOL WINAPI OpenPrinterW(LPWSTR name, HANDLE* printer, PRINTER_DEFAULTSW* defaul
     if (printer == nullptr) return Fail(ERROR_INVALID_PARAMETER);
     *printer = nullptr;
     const DWORD access = defaults != nullptr ? defaults->DesiredAccess : 0;
-    return Answer(Open(name, access != 0 ? access : PRINTER_ACCESS_USE, printer));
+    return Answer(platform::Contained(
+        [&] { return Open(name, access != 0 ? access : PRINTER_ACCESS_USE, printer); }));
 }
 
 BOOL WINAPI ClosePrinter(HANDLE printer) {
@@ -140,7 +141,9 @@ BOOL WINAPI ClosePrinter(HANDLE printer) {
 
 BOOL WINAPI GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed) {
     if (const auto error = InjectedFailure("GetPrinterW")) return Fail(*error);
-    return Answer(Read(printer, level, {buffer, size, needed}));
+    return Answer(platform::Contained([&] {
+        return Read(printer, level, {buffer, size, needed});
+    }));
 }
 
 BOOL WINAPI SetPrinterW(HANDLE printer, DWORD level, LPBYTE record, DWORD command) {
@@ -149,24 +152,27 @@ BOOL WINAPI SetPrinterW(HANDLE printer, DWORD level, LPBYTE record, DWORD comman
     if (command != 0) return Fail(ERROR_NOT_SUPPORTED);
     const auto* info = reinterpret_cast<const PRINTER_INFO_2W*>(record);
     if (info == nullptr) return Fail(ERROR_INVALID_PARAMETER);
-    return Answer(platform::ChangeAtOnce([&] { return SetOpenPrinter(printer, *info); }));
+    return Answer(platform::Contained(
+        [&] { return platform::ChangeAtOnce([&] { return SetOpenPrinter(printer, *info); }); }));
 }
 
 HANDLE WINAPI AddPrinterW(LPWSTR server, DWORD level, LPBYTE record) {
     if (const auto error = InjectedFailure("AddPrinterW")) return Fail<HANDLE>(*error);
     const auto* info = reinterpret_cast<const PRINTER_INFO_2W*>(record);
     HANDLE handle = nullptr;
-    const DWORD error = Add(server, level, info, &handle);
+    const DWORD error = platform::Contained([&] { return Add(server, level, info, &handle); });
     return error == ERROR_SUCCESS ? handle : Fail<HANDLE>(error);
 }
 
 BOOL WINAPI DeletePrinter(HANDLE printer) {
     if (const auto error = InjectedFailure("DeletePrinter")) return Fail(*error);
-    return Answer(Remove(printer));
+    return Answer(platform::Contained([&] { return Remove(printer); }));
 }
 
 BOOL WINAPI EnumPrintersW(DWORD flags, LPWSTR server, DWORD level, LPBYTE buffer, DWORD size,
                           LPDWORD needed, LPDWORD returned) {
     if (const auto error = InjectedFailure("EnumPrintersW")) return Fail(*error);
-    return Answer(Enumerate(flags, server, level, {buffer, size, needed}, returned));
+    return Answer(platform::Contained([&] {
+        return Enumerate(flags, server, level, {buffer, size, needed}, returned);
+    }));
 }
