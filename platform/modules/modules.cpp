@@ -18,6 +18,7 @@
 #include "platform/base/paths.h"
 #include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
+#include "platform/modules/module_file.h"
 
 namespace platform {
 namespace {
@@ -146,6 +147,7 @@ HMODULE WINAPI LoadLibraryW(LPCWSTR fileName) {
     if (fileName == nullptr || *fileName == 0) return Fail<HMODULE>(ERROR_INVALID_PARAMETER);
     const std::filesystem::path file = platform::FindLibrary(fileName);
     if (file.empty()) return Fail<HMODULE>(ERROR_MOD_NOT_FOUND);
+    if (!platform::IsWholeModule(file)) return Fail<HMODULE>(ERROR_BAD_EXE_FORMAT);
     void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) return Fail<HMODULE>(ERROR_BAD_EXE_FORMAT);
     DWORD error = ERROR_SUCCESS;

@@ -16,6 +16,7 @@
 #include <string>
 #include <system_error>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "platform/base/fail.h"
@@ -49,8 +50,19 @@ bool IsBlank(char16_t character) {
     return character == u' ' || character == u'\t';
 }
 
+// The file itself, behind all links; empty when it is not one of the machine's.
+fs::path IfInside(const fs::path& file) {
+    std::error_code error;
+    const fs::path real = fs::canonical(file, error);
+    if (error) return {};
+    const fs::path& machine = platform::MachineFolder();
+    const auto [end, rest] =
+        std::mismatch(machine.begin(), machine.end(), real.begin(), real.end());
+    return end == machine.end() ? real : fs::path{};
+}
+
 // The file that one spelling names: a path on the machine's own drive as it stands, a name without
-// a drive below the machine's folders for programs. Programs from outside are never started.
+// a drive below the machine's folders for programs.
 fs::path FindSpelling(std::u16string_view name) {
     if (name.find(u':') != std::u16string_view::npos) {
         const bool isInside = name.starts_with(u"C:") || name.starts_with(u"c:");
@@ -131,6 +143,14 @@ bool IsExecutable(const fs::path& file) {
     return (mark == "\177ELF" || mark.starts_with("#!")) && access(file.c_str(), X_OK) == 0;
 }
 
+// Programs from outside are never started, whatever leads to them. The file so found is what is
+// started, not the name.
+DWORD CheckInside(Command* command) {
+    const fs::path named = std::exchange(command->program, IfInside(command->program));
+    if (named.empty() || command->program.empty()) return ERROR_FILE_NOT_FOUND;
+    return IsExecutable(command->program) ? ERROR_SUCCESS : ERROR_BAD_EXE_FORMAT;
+}
+
 DWORD ErrorFromErrno(int error) {
     switch (error) {
         case ENOENT:
@@ -145,10 +165,17 @@ DWORD ErrorFromErrno(int error) {
     }
 }
 
-// The machine's log, opened for appending; below 0 on failure.
+// The machine's log, opened for appending; below 0 on failure. Never what a link leads to, and no
+// device or pipe, which could keep us waiting.
 int OpenLog() {
-    return open((platform::MachineFolder() / "machine.log").c_str(),
-                O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
+    const int log = open((platform::MachineFolder() / "machine.log").c_str(),
+                         O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0644);
+    struct stat file {};
+    if (log < 0 || (fstat(log, &file) == 0 && S_ISREG(file.st_mode) && file.st_nlink == 1)) {
+        return log;
+    }
+    close(log);
+    return -1;
 }
 
 // Takes back what was just written, unless somebody has written behind it.
@@ -232,9 +259,8 @@ BOOL WINAPI CreateProcessW(LPCWSTR applicationName, LPWSTR commandLine, LPSECURI
         return Fail(ERROR_INVALID_PARAMETER);
     }
     if (platform::MachineFolder().empty()) return Fail(ERROR_PATH_NOT_FOUND);
-    const Command command = ParseCommand(commandLine);
-    if (command.program.empty()) return Fail(ERROR_FILE_NOT_FOUND);
-    if (!IsExecutable(command.program)) return Fail(ERROR_BAD_EXE_FORMAT);
+    Command command = ParseCommand(commandLine);
+    if (const DWORD error = CheckInside(&command)) return Fail(error);
     pid_t id = 0;
     if (const DWORD error = Start(command, commandLine, &id)) return Fail(error);
     ReapWhenEnded(id);

@@ -26,7 +26,9 @@ bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
 }
 
 std::string HostsFile() {
-    const auto path = NativePath(u"C:\\Windows\\System32\\drivers\\etc\\hosts");
+    // A folder or a device in its place is no file to read.
+    const auto path = ExistingFile(u"C:\\Windows\\System32\\drivers\\etc\\hosts");
+    if (path.empty()) return {};
     std::ifstream file(path, std::ios::binary);
     std::string text(kHostsFileLimit, '\0');
     file.read(text.data(), kHostsFileLimit);

@@ -5,10 +5,13 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "platform/base/fail.h"
 #include "platform/base/paths.h"
@@ -91,7 +94,34 @@ TextView WithoutQuotes(TextView value) {
     return isQuoted ? value.substr(1, value.size() - 2) : value;
 }
 
+constexpr std::uintmax_t kLargestFile = 16 << 20;  // bytes
+
+// The bytes of a file; nothing when there is none. A folder or a device is no file, nor is what is
+// far larger than settings are.
+std::optional<std::string> ReadWhole(const std::filesystem::path& name) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(name, error)) return {};
+    const std::uintmax_t size = std::filesystem::file_size(name, error);
+    if (error || size > kLargestFile) return {};
+    std::string bytes(size, '\0');
+    std::ifstream file(name, std::ios::binary);
+    if (!file) return {};
+    file.read(bytes.data(), static_cast<std::streamsize>(size));
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return bytes;
+}
+
 using MaybeText = std::optional<std::u16string>;
+
+DWORD LookUp(TextView section, TextView key, TextView fileName, MaybeText* found) {
+    const auto bytes = ReadWhole(platform::NativePath(fileName));
+    if (!bytes) return ERROR_FILE_NOT_FOUND;
+    const std::u16string text = Decode(*bytes);
+    const auto value = FindValue(text, Trimmed(section), Trimmed(key));
+    if (!value) return ERROR_FILE_NOT_FOUND;
+    *found = std::u16string(WithoutQuotes(*value));
+    return ERROR_SUCCESS;
+}
 
 // The value with its quotes removed; nothing, with the last error, when it is missing.
 MaybeText ReadValue(const char* point, LPCWSTR section, LPCWSTR key, LPCWSTR fileName) {
@@ -101,13 +131,10 @@ MaybeText ReadValue(const char* point, LPCWSTR section, LPCWSTR key, LPCWSTR fil
     if (section == nullptr || key == nullptr || fileName == nullptr) {
         return Fail<MaybeText>(ERROR_INVALID_PARAMETER);
     }
-    std::ifstream file(platform::NativePath(fileName), std::ios::binary);
-    if (!file) return Fail<MaybeText>(ERROR_FILE_NOT_FOUND);
-    const std::string bytes(std::istreambuf_iterator<char>(file), {});
-    const std::u16string text = Decode(bytes);
-    const auto value = FindValue(text, Trimmed(section), Trimmed(key));
-    if (value) return std::u16string(WithoutQuotes(*value));
-    return Fail<MaybeText>(ERROR_FILE_NOT_FOUND);
+    MaybeText value;
+    const DWORD error = platform::Contained([&] { return LookUp(section, key, fileName, &value); });
+    if (error != ERROR_SUCCESS) return Fail<MaybeText>(error);
+    return value;
 }
 
 // Decimal, or hexadecimal after "0x", in 32 bits that wrap; what follows the number is ignored.

@@ -13,26 +13,50 @@
 namespace platform {
 namespace {
 
-std::mutex mutex;  // over the connection and the generation
+std::recursive_mutex mutex;  // over all that follows; operations may be parts of a larger one
 std::unique_ptr<Connection> current;
-std::uint64_t generation = 1;  // steps with every change of keys by this process
+Connection* passing = nullptr;  // used instead of `current` by one operation and its parts
+std::uint64_t generation = 1;   // steps with every change of keys by this process
 
 // The connection for one operation, held to its end.
 class Store {
 public:
-    Store() : lock_(mutex) {
-        if (!current && MachineFolder().empty()) {
+    enum Purpose { kToRead, kToWrite };
+
+    explicit Store(Purpose purpose) : lock_(mutex) {
+        if (current || passing != nullptr) return;
+        if (MachineFolder().empty()) {
             error_ = ERROR_PATH_NOT_FOUND;
-        } else if (!current) {
-            WhenMachineChanges(CloseRegistryStore);
-            current = Connection::Open(MachineFolder() / "registry.sqlite", &error_);
+            return;
         }
+        WhenMachineChanges(CloseRegistryStore);
+        const std::filesystem::path file = MachineFolder() / "registry.sqlite";
+        current = Connection::Open(file, purpose == kToWrite, &error_);
+        ++generation;
+        if (!current && purpose == kToRead) OpenToLook(file);
     }
+    ~Store() {
+        if (look_) passing = nullptr;
+    }
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+
     DWORD Error() const { return error_; }
-    Connection& operator*() const { return *current; }
+    Connection& operator*() const { return passing != nullptr ? *passing : *current; }
 
 private:
-    std::lock_guard<std::mutex> lock_;
+    // Not kept: the next operation may find the file made, or space to share it.
+    void OpenToLook(const std::filesystem::path& file) {
+        if (error_ == ERROR_ACCESS_DENIED || error_ == ERROR_REGISTRY_IO_FAILED ||
+            error_ == ERROR_DISK_FULL) {
+            look_ = Connection::OpenUnshared(file, &error_);
+        }
+        if (error_ == ERROR_FILE_NOT_FOUND) look_ = Connection::OpenEmpty(&error_);
+        passing = look_.get();
+    }
+
+    std::lock_guard<std::recursive_mutex> lock_;
+    std::unique_ptr<Connection> look_;
     DWORD error_ = ERROR_SUCCESS;
 };
 
@@ -113,7 +137,7 @@ DWORD ListSubkeys(Connection& connection, KeyId key, std::vector<std::u16string>
 }  // namespace
 
 DWORD FindKey(KeyId parent, std::u16string_view path, KeyId* key) {
-    const Store store;
+    const Store store(Store::kToRead);
     if (store.Error() != ERROR_SUCCESS) return store.Error();
     // One view of the file for all names of the path.
     const Transaction reading(*store, Sql::kBegin);
@@ -124,7 +148,7 @@ DWORD FindOrCreateKey(KeyId parent, std::u16string_view path, KeyId* key, bool* 
     *created = false;
     const DWORD found = FindKey(parent, path, key);
     if (found != ERROR_FILE_NOT_FOUND) return found;
-    const Store store;
+    const Store store(Store::kToWrite);
     if (store.Error() != ERROR_SUCCESS) return store.Error();
     Transaction writing(*store, Sql::kBeginWriting);
     if (writing.Error() != ERROR_SUCCESS) return writing.Error();
@@ -138,7 +162,7 @@ DWORD FindOrCreateKey(KeyId parent, std::u16string_view path, KeyId* key, bool* 
 }
 
 DWORD DeleteKey(KeyId key) {
-    const Store store;
+    const Store store(Store::kToWrite);
     if (store.Error() != ERROR_SUCCESS) return store.Error();
     ++generation;
     const DWORD error = Run(*store, Sql::kDeleteKey).Bind(key).Finish();
@@ -147,7 +171,7 @@ DWORD DeleteKey(KeyId key) {
 }
 
 DWORD RefreshSubkeys(KeyId key, bool walkingOn, SubkeyList* list) {
-    const Store store;
+    const Store store(Store::kToRead);
     if (store.Error() != ERROR_SUCCESS) return store.Error();
     if (walkingOn && list->generation == generation) return ERROR_SUCCESS;
     const Transaction reading(*store, Sql::kBegin);
@@ -165,7 +189,7 @@ DWORD RefreshSubkeys(KeyId key, bool walkingOn, SubkeyList* list) {
 }
 
 DWORD ReadValue(KeyId key, std::u16string_view name, RegistryValue* value) {
-    const Store store;
+    const Store store(Store::kToRead);
     if (store.Error() != ERROR_SUCCESS) return store.Error();
     const std::string capitals = Capitals(name);
     Run run(*store, Sql::kReadValue);
@@ -183,12 +207,30 @@ DWORD ReadValue(KeyId key, std::u16string_view name, RegistryValue* value) {
 
 DWORD WriteValue(KeyId key, std::u16string_view name, DWORD type,
                  std::span<const unsigned char> bytes) {
-    const Store store;
+    const Store store(Store::kToWrite);
     if (store.Error() != ERROR_SUCCESS) return store.Error();
     const std::string capitals = Capitals(name);
     const std::string spelled = ExactUtf8(name);
     Run run(*store, Sql::kWriteValue);
     return run.Bind(key).Bind(capitals).Bind(spelled).Bind(std::int64_t{type}).Bind(bytes).Finish();
+}
+
+DWORD ChangeAtOnce(const std::function<DWORD()>& operations) {
+    const Store store(Store::kToWrite);
+    if (store.Error() != ERROR_SUCCESS) return store.Error();
+    Transaction writing(*store, Sql::kBeginWriting);
+    if (writing.Error() != ERROR_SUCCESS) return writing.Error();
+    DWORD error = operations();
+    if (error == ERROR_SUCCESS) error = writing.Commit();
+    ++generation;
+    return error;
+}
+
+DWORD ReadAtOnce(const std::function<DWORD()>& operations) {
+    const Store store(Store::kToRead);
+    if (store.Error() != ERROR_SUCCESS) return store.Error();
+    const Transaction reading(*store, Sql::kBegin);
+    return reading.Error() != ERROR_SUCCESS ? reading.Error() : operations();
 }
 
 void CloseRegistryStore() {

@@ -3,14 +3,19 @@
 /// whole or not at all.
 ///
 /// All operations answer one of the platform's error codes: ERROR_BADDB when the file is damaged
-/// (it is left as it is), ERROR_BUSY when others kept it locked for `kBusyTimeout`,
-/// ERROR_KEY_DELETED when the key has gone meanwhile. For any thread.
+/// and ERROR_UNKNOWN_REVISION when a later version has written it (either way it is left as it is),
+/// ERROR_BUSY when others kept it locked for `kBusyTimeout`, ERROR_KEY_DELETED when the key has
+/// gone meanwhile. For any thread.
+///
+/// Reading needs no more than the right to read, no space, and goes on while another process makes
+/// a change. Before anything has been written there are no keys.
 #pragma once
 
 #include <windef.h>
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -54,6 +59,14 @@ struct SubkeyList {
 [[nodiscard]] DWORD ReadValue(KeyId key, std::u16string_view name, RegistryValue* value);
 [[nodiscard]] DWORD WriteValue(KeyId key, std::u16string_view name, DWORD type,
                                std::span<const unsigned char> bytes);
+
+/// Does several operations as one change: all of them are stored when `operations` answers
+/// ERROR_SUCCESS, and none otherwise. Other threads wait meanwhile. May be nested; not within
+/// `ReadAtOnce`. \return what `operations` answers, or why the change could not be stored.
+[[nodiscard]] DWORD ChangeAtOnce(const std::function<DWORD()>& operations);
+
+/// Does several operations that read over one view of the file. \return as above.
+[[nodiscard]] DWORD ReadAtOnce(const std::function<DWORD()>& operations);
 
 /// Closes the file; the next operation opens that of the machine then in use.
 void CloseRegistryStore();

@@ -1,13 +1,16 @@
 #include "platform/registry/sqlite_connection.h"
 
+#include <sys/stat.h>
 #include <winerror.h>
+
+#include <cerrno>
 
 #include "platform/registry/registry_store.h"
 
 namespace platform {
 namespace {
 
-constexpr int kFormat = 1;  // in the file's user_version; 0 is a new file
+constexpr std::int64_t kFormat = 1;  // in the file's user_version; 0 is an empty file
 
 // Names are kept as they were written, in UTF-8, and found by their capital form. A key's end takes
 // everything below it along.
@@ -54,6 +57,27 @@ constexpr auto kStatements = std::to_array<Statement>({
 });
 static_assert(kStatements.size() == static_cast<std::size_t>(Sql::kCount));
 
+// Whether the latest pages may lie in the log beside the file.
+bool HasLog(const std::filesystem::path& file) {
+    struct stat log {};
+    return stat((file.native() + "-wal").c_str(), &log) == 0 && log.st_size > 0;
+}
+
+// A file's name as SQLite takes it with parameters behind.
+std::string AsUri(const std::filesystem::path& file) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string uri = "file:";
+    for (const char character : file.native()) {
+        if (std::string_view("%?#").find(character) == std::string_view::npos) {
+            uri += character;
+        } else {
+            const auto code = static_cast<unsigned char>(character);
+            uri += {'%', kDigits[code / 16], kDigits[code % 16]};
+        }
+    }
+    return uri;
+}
+
 }  // namespace
 
 DWORD ErrorFromSqlite(int result) {
@@ -83,17 +107,52 @@ DWORD ErrorFromSqlite(int result) {
     }
 }
 
-std::unique_ptr<Connection> Connection::Open(const std::filesystem::path& file, DWORD* error) {
+std::unique_ptr<Connection> Connection::OpenFile(const char* file, int flags, DWORD* error) {
     sqlite3* database = nullptr;
     // The store serialises its calls itself.
-    int result =
-        sqlite3_open_v2(file.c_str(), &database,
-                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int result = sqlite3_open_v2(file, &database, SQLITE_OPEN_NOMUTEX | flags, nullptr);
     std::unique_ptr<Connection> connection(new Connection(database));
-    if (result == SQLITE_OK) result = connection->Check();
-    if (result == SQLITE_OK) result = connection->SetUp();
-    if (result == SQLITE_OK) result = connection->PrepareAll();
     *error = ErrorFromSqlite(result);
+    if (result == SQLITE_CANTOPEN && sqlite3_system_errno(database) == ENOENT) {
+        *error = ERROR_FILE_NOT_FOUND;
+    }
+    if (*error != ERROR_SUCCESS) return nullptr;
+    sqlite3_extended_result_codes(database, 1);
+    sqlite3_busy_timeout(database, static_cast<int>(kBusyTimeout.count()));
+    return connection;
+}
+
+std::unique_ptr<Connection> Connection::Open(const std::filesystem::path& file, bool toWrite,
+                                             DWORD* error) {
+    const int create = toWrite ? SQLITE_OPEN_CREATE : 0;
+    auto connection = OpenFile(file.c_str(), SQLITE_OPEN_READWRITE | create, error);
+    bool isEmpty = false;
+    if (*error == ERROR_SUCCESS) *error = connection->Check(file, &isEmpty);
+    if (*error == ERROR_SUCCESS && isEmpty) {
+        *error = toWrite ? connection->SetUp() : ERROR_FILE_NOT_FOUND;
+    }
+    if (*error == ERROR_SUCCESS && toWrite) connection->ShareWithReaders();
+    if (*error == ERROR_SUCCESS) *error = connection->PrepareAll();
+    return *error == ERROR_SUCCESS ? std::move(connection) : nullptr;
+}
+
+std::unique_ptr<Connection> Connection::OpenUnshared(const std::filesystem::path& file,
+                                                     DWORD* error) {
+    // With a log beside it the file alone is not the latest that was stored.
+    if (HasLog(file)) return nullptr;
+    const std::string uri = AsUri(file) + "?immutable=1";
+    auto connection = OpenFile(uri.c_str(), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, error);
+    bool isEmpty = false;
+    if (*error == ERROR_SUCCESS) *error = connection->Check(file, &isEmpty);
+    if (*error == ERROR_SUCCESS && isEmpty) *error = ERROR_FILE_NOT_FOUND;
+    if (*error == ERROR_SUCCESS) *error = connection->PrepareAll();
+    return *error == ERROR_SUCCESS ? std::move(connection) : nullptr;
+}
+
+std::unique_ptr<Connection> Connection::OpenEmpty(DWORD* error) {
+    auto connection = OpenFile(":memory:", SQLITE_OPEN_READWRITE, error);
+    if (*error == ERROR_SUCCESS) *error = connection->SetUp();
+    if (*error == ERROR_SUCCESS) *error = connection->PrepareAll();
     return *error == ERROR_SUCCESS ? std::move(connection) : nullptr;
 }
 
@@ -106,45 +165,71 @@ sqlite3_stmt* Connection::Prepared(Sql statement) {
     return statements_[static_cast<std::size_t>(statement)];
 }
 
-// Reads only. A page that is damaged or missing is found now rather than after half of a change.
-int Connection::Check() {
-    sqlite3_extended_result_codes(database_, 1);
-    sqlite3_busy_timeout(database_, static_cast<int>(kBusyTimeout.count()));
+// Under one lock, so that nobody writes in between. Reads only: neither space nor the right to
+// write is needed, and another's change that is not yet stored keeps nobody out.
+DWORD Connection::Check(const std::filesystem::path& file, bool* isEmpty) {
+    DWORD error = ErrorFromSqlite(Execute("BEGIN"));
+    if (error == ERROR_SUCCESS) error = Examine(file, isEmpty);
+    Execute("ROLLBACK");
+    return error;
+}
+
+// A page that is damaged or missing is found now rather than after half of a change.
+DWORD Connection::Examine(const std::filesystem::path& file, bool* isEmpty) {
     std::int64_t format = 0;
     std::int64_t tables = 0;
+    std::int64_t size = 0;  // bytes, from the number of pages
     int result = Number("PRAGMA user_version", &format);
     if (result == SQLITE_OK) result = Number("SELECT count(*) FROM sqlite_schema", &tables);
-    if (result != SQLITE_OK) return result;
-    if (format == 0 && tables == 0) return SQLITE_OK;
-    if (format != kFormat) return SQLITE_NOTADB;
+    if (result == SQLITE_OK) {
+        result =
+            Number("SELECT page_count * page_size FROM pragma_page_count, pragma_page_size", &size);
+    }
+    if (result != SQLITE_OK) return ErrorFromSqlite(result);
+    struct stat found {};
+    if (stat(file.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return ERROR_BADDB;
+    // SQLite takes a file of one byte for an empty one, and what is missing of a page for zeros.
+    if (found.st_size < size && !HasLog(file)) return ERROR_BADDB;
+    if (size == 0 && found.st_size != 0) return ERROR_BADDB;
+    *isEmpty = format == 0 && tables == 0;
+    if (*isEmpty) return ERROR_SUCCESS;
+    if (format != kFormat) return format > kFormat ? ERROR_UNKNOWN_REVISION : ERROR_BADDB;
     std::int64_t isWhole = 0;
     result = Number("SELECT quick_check = 'ok' FROM pragma_quick_check(1)", &isWhole);
-    if (result != SQLITE_OK) return result;
-    return isWhole != 0 ? SQLITE_OK : SQLITE_CORRUPT;
+    if (result != SQLITE_OK) return ErrorFromSqlite(result);
+    return isWhole != 0 ? ERROR_SUCCESS : ERROR_BADDB;
 }
 
-// Two processes may find a new file at the same time: the second one sees the first one's tables.
-int Connection::SetUp() {
-    int result = Execute(
-        "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;"
-        "PRAGMA foreign_keys = ON; BEGIN IMMEDIATE");
-    if (result != SQLITE_OK) return result;
+// Several processes may find a new file at the same time: one of them makes the tables, all at
+// once, the others find them made.
+DWORD Connection::SetUp() {
+    int result = Execute("PRAGMA synchronous = NORMAL; BEGIN IMMEDIATE");
     std::int64_t format = 0;
-    result = Number("PRAGMA user_version", &format);
+    if (result == SQLITE_OK) result = Number("PRAGMA user_version", &format);
     if (result == SQLITE_OK && format == 0) result = Execute(kSchema);
-    if (result == SQLITE_OK) return Execute("COMMIT");
-    Execute("ROLLBACK");
-    return result;
+    if (result == SQLITE_OK) result = Execute("COMMIT");
+    if (InTransaction()) Execute("ROLLBACK");
+    if (result == SQLITE_OK && format > kFormat) return ERROR_UNKNOWN_REVISION;
+    return ErrorFromSqlite(result);
 }
 
-int Connection::PrepareAll() {
+// With a log, readers go on while a change is stored, and a change costs little. The file is turned
+// to it when nobody else has it open at that moment, else by the next one who writes.
+void Connection::ShareWithReaders() {
+    sqlite3_busy_timeout(database_, 0);
+    Execute("PRAGMA journal_mode = WAL");
+    sqlite3_busy_timeout(database_, static_cast<int>(kBusyTimeout.count()));
+}
+
+DWORD Connection::PrepareAll() {
+    // These hold for the connection; they change nothing in the file.
+    int result = Execute("PRAGMA foreign_keys = ON; PRAGMA synchronous = NORMAL");
     for (const Statement& statement : kStatements) {
-        const int result =
-            sqlite3_prepare_v3(database_, statement.text, -1, SQLITE_PREPARE_PERSISTENT,
-                               &statements_[static_cast<std::size_t>(statement.id)], nullptr);
-        if (result != SQLITE_OK) return result;
+        if (result != SQLITE_OK) break;
+        result = sqlite3_prepare_v3(database_, statement.text, -1, SQLITE_PREPARE_PERSISTENT,
+                                    &statements_[static_cast<std::size_t>(statement.id)], nullptr);
     }
-    return SQLITE_OK;
+    return ErrorFromSqlite(result);
 }
 
 int Connection::Number(const char* query, std::int64_t* number) {

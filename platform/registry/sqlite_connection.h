@@ -35,10 +35,18 @@ enum class Sql {
 
 class Connection {
 public:
-    /// Opens the file, made when missing, and checks that it is whole before anything is written.
+    /// Opens the file and checks that it is whole. One that is there is only read by that; one that
+    /// is missing or empty is set up when it is to be written to, and otherwise answered with
+    /// ERROR_FILE_NOT_FOUND.
     /// \return null with `*error` set when it cannot be used; the file is then as it was.
     [[nodiscard]] static std::unique_ptr<Connection> Open(const std::filesystem::path& file,
-                                                          DWORD* error);
+                                                          bool toWrite, DWORD* error);
+    /// Opens the file to read it where it cannot be shared with writers, for want of space or of
+    /// the right to write beside it. For one look: a change made meanwhile is not seen.
+    [[nodiscard]] static std::unique_ptr<Connection> OpenUnshared(const std::filesystem::path& file,
+                                                                  DWORD* error);
+    /// A registry without keys, in memory.
+    [[nodiscard]] static std::unique_ptr<Connection> OpenEmpty(DWORD* error);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -48,12 +56,16 @@ public:
         return sqlite3_last_insert_rowid(database_);
     }
     [[nodiscard]] int ChangedRows() const { return sqlite3_changes(database_); }
+    [[nodiscard]] bool InTransaction() const { return sqlite3_get_autocommit(database_) == 0; }
 
 private:
     explicit Connection(sqlite3* database) : database_(database) {}
-    int Check();
-    int SetUp();
-    int PrepareAll();
+    static std::unique_ptr<Connection> OpenFile(const char* file, int flags, DWORD* error);
+    void ShareWithReaders();
+    DWORD Check(const std::filesystem::path& file, bool* isEmpty);
+    DWORD Examine(const std::filesystem::path& file, bool* isEmpty);
+    DWORD SetUp();
+    DWORD PrepareAll();
     int Number(const char* query, std::int64_t* number);
     int Execute(const char* statements);
 
@@ -92,12 +104,15 @@ private:
     int bound_ = 0;
 };
 
-/// A transaction; taken back unless it was committed.
+/// A transaction; taken back unless it was committed. Within another it is a part of that, and
+/// neither stored nor taken back by itself.
 class Transaction {
 public:
     /// \param begin  `Sql::kBegin` to read, `Sql::kBeginWriting` to write.
     Transaction(Connection& connection, Sql begin)
-        : connection_(connection), error_(Run(connection, begin).Finish()) {}
+        : connection_(connection), ended_(connection.InTransaction()) {
+        if (!ended_) error_ = Run(connection, begin).Finish();
+    }
     ~Transaction() {
         if (error_ == 0 && !ended_) Run(connection_, Sql::kRollback).Step();
     }
@@ -107,6 +122,7 @@ public:
     /// Why it could not begin; ERROR_SUCCESS when it did.
     [[nodiscard]] DWORD Error() const { return error_; }
     [[nodiscard]] DWORD Commit() {
+        if (ended_) return 0;
         const DWORD error = Run(connection_, Sql::kCommit).Finish();
         ended_ = error == 0;
         return error;
@@ -114,8 +130,8 @@ public:
 
 private:
     Connection& connection_;
-    DWORD error_;
-    bool ended_ = false;
+    bool ended_;
+    DWORD error_ = 0;
 };
 
 }  // namespace platform

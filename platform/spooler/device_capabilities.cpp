@@ -72,6 +72,7 @@ int WINAPI DeviceCapabilitiesW(LPCWSTR printer, LPCWSTR /*port*/, WORD capabilit
         return platform::Fail(*error, -1);
     }
     int count = -1;
-    const DWORD error = ListPapers(printer, capability, reinterpret_cast<BYTE*>(output), &count);
+    const DWORD error = platform::Contained(
+        [&] { return ListPapers(printer, capability, reinterpret_cast<BYTE*>(output), &count); });
     return error == ERROR_SUCCESS ? count : platform::Fail(error, -1);
 }

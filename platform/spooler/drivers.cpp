@@ -4,7 +4,6 @@
 
 #include <array>
 #include <string>
-#include <tuple>
 
 #include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
@@ -64,16 +63,14 @@ DWORD StoreDriver(const DRIVER_INFO_2W& info) {
     for (const auto& [value, file] : files) {
         if (file == nullptr || *file == u'\0') return ERROR_INVALID_PARAMETER;
     }
-    PrintKey key;
-    const std::u16string path = SubKeyPath(kDriversPath, info.pName);
-    bool created = false;
-    DWORD error = key.Create(path, &created);
-    for (const auto& [value, file] : files) {
-        if (error == ERROR_SUCCESS) error = key.SetText(value, BareName(file));
-    }
-    if (error == ERROR_SUCCESS) error = key.SetNumber(u"Version", kDriverVersion);
-    if (error != ERROR_SUCCESS && created) std::ignore = RemoveKey(path);
-    return error;
+    return ChangeAtOnce([&] {
+        PrintKey key;
+        DWORD error = key.Create(SubKeyPath(kDriversPath, info.pName));
+        for (const auto& [value, file] : files) {
+            if (error == ERROR_SUCCESS) error = key.SetText(value, BareName(file));
+        }
+        return error != ERROR_SUCCESS ? error : key.SetNumber(u"Version", kDriverVersion);
+    });
 }
 
 DWORD AddDriver(LPCWSTR server, DWORD level, const DRIVER_INFO_2W* info) {
@@ -85,9 +82,7 @@ DWORD AddDriver(LPCWSTR server, DWORD level, const DRIVER_INFO_2W* info) {
     return StoreDriver(*info);
 }
 
-DWORD DeleteDriver(LPCWSTR server, LPCWSTR environment, LPCWSTR name) {
-    if (server != nullptr || name == nullptr) return ERROR_INVALID_PARAMETER;
-    if (!IsOwnEnvironment(environment)) return ERROR_INVALID_ENVIRONMENT;
+DWORD RemoveUnusedDriver(std::u16string_view name) {
     bool known = false;
     if (const DWORD error = IsDriver(name, &known)) return error;
     if (!known) return ERROR_UNKNOWN_PRINTER_DRIVER;
@@ -97,6 +92,12 @@ DWORD DeleteDriver(LPCWSTR server, LPCWSTR environment, LPCWSTR name) {
         if (EqualIgnoringUnicodeCase(printer.driver, name)) return ERROR_PRINTER_DRIVER_IN_USE;
     }
     return RemoveKey(SubKeyPath(kDriversPath, name));
+}
+
+DWORD DeleteDriver(LPCWSTR server, LPCWSTR environment, LPCWSTR name) {
+    if (server != nullptr || name == nullptr) return ERROR_INVALID_PARAMETER;
+    if (!IsOwnEnvironment(environment)) return ERROR_INVALID_ENVIRONMENT;
+    return ChangeAtOnce([name] { return RemoveUnusedDriver(name); });
 }
 
 DRIVER_INFO_2W PackDriver(const DriverRecord& driver, RecordTail& tail) {
@@ -149,16 +150,20 @@ namespace spooler = platform::spooler;
 BOOL WINAPI GetPrinterDriverW(HANDLE printer, LPWSTR environment, DWORD level, LPBYTE buffer,
                               DWORD size, LPDWORD needed) {
     if (const auto error = InjectedFailure("GetPrinterDriverW")) return Fail(*error);
-    return Answer(spooler::ReadDriver(printer, environment, level, {buffer, size, needed}));
+    return Answer(platform::Contained([&] {
+        return spooler::ReadDriver(printer, environment, level, {buffer, size, needed});
+    }));
 }
 
 BOOL WINAPI AddPrinterDriverW(LPWSTR server, DWORD level, LPBYTE record) {
     if (const auto error = InjectedFailure("AddPrinterDriverW")) return Fail(*error);
-    return Answer(
-        spooler::AddDriver(server, level, reinterpret_cast<const DRIVER_INFO_2W*>(record)));
+    return Answer(platform::Contained([&] {
+        return spooler::AddDriver(server, level, reinterpret_cast<const DRIVER_INFO_2W*>(record));
+    }));
 }
 
 BOOL WINAPI DeletePrinterDriverW(LPWSTR server, LPWSTR environment, LPWSTR driver) {
     if (const auto error = InjectedFailure("DeletePrinterDriverW")) return Fail(*error);
-    return Answer(spooler::DeleteDriver(server, environment, driver));
+    return Answer(
+        platform::Contained([&] { return spooler::DeleteDriver(server, environment, driver); }));
 }

@@ -91,7 +91,7 @@ DWORD ListUserForms(std::vector<Form>* forms) {
     for (std::u16string& name : names) {
         PrintKey key;
         const DWORD error = key.Open(SubKeyPath(kFormsPath, name));
-        if (error == ERROR_FILE_NOT_FOUND) continue;
+        if (error == ERROR_FILE_NOT_FOUND) continue;  // a name that is damaged
         if (error != ERROR_SUCCESS) return error;
         StoredForm stored = {};
         if (name.size() <= kFormNameLimit && ParseStoredForm(key.Bytes(kFormValue), &stored)) {
@@ -132,7 +132,9 @@ DWORD Add(HANDLE handle, DWORD level, const FORM_INFO_1W* info) {
     if (info == nullptr) return ERROR_INVALID_PARAMETER;
     OpenPrinter opened;
     const DWORD error = FindHandle(handle, PRINTER_ACCESS_ADMINISTER, &opened);
-    return error != ERROR_SUCCESS ? error : AddUserForm(*info);
+    if (error != ERROR_SUCCESS) return error;
+    // As one change: no two forms get one number.
+    return ChangeAtOnce([info] { return AddUserForm(*info); });
 }
 
 FORM_INFO_1W PackForm(const Form& form, RecordTail& tail) {
@@ -155,7 +157,8 @@ DWORD Enumerate(HANDLE handle, DWORD level, const CallerBuffer& buffer, LPDWORD 
 
 DWORD ListForms(std::vector<Form>* forms) {
     std::vector<Form> userForms;
-    if (const DWORD error = ListUserForms(&userForms)) return error;
+    const DWORD error = ReadAtOnce([&userForms] { return ListUserForms(&userForms); });
+    if (error != ERROR_SUCCESS) return error;
     forms->clear();
     for (const BuiltInForm& form : kBuiltInForms) {
         forms->push_back({form.number,
@@ -191,10 +194,14 @@ namespace spooler = platform::spooler;
 BOOL WINAPI EnumFormsW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed,
                        LPDWORD returned) {
     if (const auto error = InjectedFailure("EnumFormsW")) return Fail(*error);
-    return Answer(spooler::Enumerate(printer, level, {buffer, size, needed}, returned));
+    return Answer(platform::Contained([&] {
+        return spooler::Enumerate(printer, level, {buffer, size, needed}, returned);
+    }));
 }
 
 BOOL WINAPI AddFormW(HANDLE printer, DWORD level, LPBYTE record) {
     if (const auto error = InjectedFailure("AddFormW")) return Fail(*error);
-    return Answer(spooler::Add(printer, level, reinterpret_cast<const FORM_INFO_1W*>(record)));
+    return Answer(platform::Contained([&] {
+        return spooler::Add(printer, level, reinterpret_cast<const FORM_INFO_1W*>(record));
+    }));
 }

@@ -40,12 +40,14 @@ std::u16string PortPath(const PortMonitor& monitor, std::u16string_view port) {
 DWORD AddPort(const PortMonitor& monitor, std::u16string_view name,
               std::initializer_list<HostSetting> settings) {
     if (!IsKeyName(name) || name.find(u',') != name.npos) return ERROR_INVALID_PARAMETER;
-    PrintKey key;
-    DWORD error = key.Create(PortPath(monitor, name));
-    for (const auto& [value, host] : settings) {
-        if (error == ERROR_SUCCESS) error = key.SetText(value, std::u16string(host));
-    }
-    return error;
+    return ChangeAtOnce([&] {
+        PrintKey key;
+        DWORD error = key.Create(PortPath(monitor, name));
+        for (const auto& [value, host] : settings) {
+            if (error == ERROR_SUCCESS) error = key.SetText(value, std::u16string(host));
+        }
+        return error;
+    });
 }
 
 ULONG AddressOfHost(const std::u16string& host) {

@@ -3,7 +3,6 @@
 #include <winspool.h>
 
 #include <algorithm>
-#include <tuple>
 
 #include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
@@ -17,22 +16,22 @@ namespace {
 
 constexpr std::u16string_view kOwnProcessor = u"winprint";
 
+DWORD StoreProcessor(LPCWSTR file, LPCWSTR name) {
+    bool known = false;
+    if (const DWORD error = IsPrintProcessor(name, &known)) return error;
+    if (known) return ERROR_PRINT_PROCESSOR_ALREADY_INSTALLED;
+    PrintKey key;
+    const DWORD error = key.Create(SubKeyPath(kPrintProcessorsPath, name));
+    return error != ERROR_SUCCESS ? error : key.SetText(u"Driver", file);
+}
+
 DWORD AddProcessor(LPCWSTR server, LPCWSTR environment, LPCWSTR file, LPCWSTR name) {
     if (server != nullptr || file == nullptr || *file == u'\0' || name == nullptr ||
         !IsKeyName(name)) {
         return ERROR_INVALID_PARAMETER;
     }
     if (!IsOwnEnvironment(environment)) return ERROR_INVALID_ENVIRONMENT;
-    bool known = false;
-    if (const DWORD error = IsPrintProcessor(name, &known)) return error;
-    if (known) return ERROR_PRINT_PROCESSOR_ALREADY_INSTALLED;
-    PrintKey key;
-    const std::u16string path = SubKeyPath(kPrintProcessorsPath, name);
-    DWORD error = key.Create(path);
-    if (error != ERROR_SUCCESS) return error;
-    error = key.SetText(u"Driver", file);
-    if (error != ERROR_SUCCESS) std::ignore = RemoveKey(path);
-    return error;
+    return ChangeAtOnce([=] { return StoreProcessor(file, name); });
 }
 
 PRINTPROCESSOR_INFO_1W PackProcessor(const std::u16string& name, RecordTail& tail) {
@@ -81,10 +80,13 @@ namespace spooler = platform::spooler;
 BOOL WINAPI EnumPrintProcessorsW(LPWSTR server, LPWSTR environment, DWORD level, LPBYTE buffer,
                                  DWORD size, LPDWORD needed, LPDWORD returned) {
     if (const auto error = InjectedFailure("EnumPrintProcessorsW")) return Fail(*error);
-    return Answer(spooler::Enumerate(server, environment, level, {buffer, size, needed}, returned));
+    return Answer(platform::Contained([&] {
+        return spooler::Enumerate(server, environment, level, {buffer, size, needed}, returned);
+    }));
 }
 
 BOOL WINAPI AddPrintProcessorW(LPWSTR server, LPWSTR environment, LPWSTR file, LPWSTR name) {
     if (const auto error = InjectedFailure("AddPrintProcessorW")) return Fail(*error);
-    return Answer(spooler::AddProcessor(server, environment, file, name));
+    return Answer(platform::Contained(
+        [&] { return spooler::AddProcessor(server, environment, file, name); }));
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/spooler/port_monitor.h"
 #include "platform/spooler/print_keys.h"
@@ -91,7 +92,9 @@ DWORD WriteValue(HANDLE handle, LPCWSTR name, DWORD type, const BYTE* bytes, DWO
         return error;
     }
     if (const auto request = spooler::ParsePjlName(name)) return CarryRequest(printer, *request);
-    return WriteStoredValue(printer, name, type, {bytes, size});
+    return platform::ChangeAtOnce([&] {
+        return WriteStoredValue(printer, name, type, {bytes, size});
+    });
 }
 
 }  // namespace
@@ -99,10 +102,12 @@ DWORD WriteValue(HANDLE handle, LPCWSTR name, DWORD type, const BYTE* bytes, DWO
 DWORD WINAPI GetPrinterDataW(HANDLE printer, LPWSTR name, LPDWORD type, LPBYTE buffer, DWORD size,
                              LPDWORD needed) {
     if (const auto error = InjectedFailure("GetPrinterDataW")) return *error;
-    return ReadValue(printer, name, {type, buffer, size, needed});
+    return platform::Contained([&] {
+        return ReadValue(printer, name, {type, buffer, size, needed});
+    });
 }
 
 DWORD WINAPI SetPrinterDataW(HANDLE printer, LPWSTR name, DWORD type, LPBYTE bytes, DWORD size) {
     if (const auto error = InjectedFailure("SetPrinterDataW")) return *error;
-    return WriteValue(printer, name, type, bytes, size);
+    return platform::Contained([&] { return WriteValue(printer, name, type, bytes, size); });
 }

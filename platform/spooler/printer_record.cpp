@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "platform/spooler/print_keys.h"
+#include "platform/text/letter_case.h"
 
 namespace platform::spooler {
 namespace {
@@ -96,12 +97,15 @@ DWORD RequirePrinter(std::u16string_view name) {
 }
 
 DWORD LoadPrinter(std::u16string_view name, PrinterRecord* printer) {
-    PrintKey key;
-    if (const DWORD error = OpenPrinterKey(name, &key)) return error;
-    *printer = {};
-    ReadFields(key, printer);
-    if (printer->name.empty()) printer->name = name;
-    return key.Error();
+    return ReadAtOnce([&] {
+        PrintKey key;
+        if (const DWORD error = OpenPrinterKey(name, &key)) return error;
+        *printer = {};
+        ReadFields(key, printer);
+        // The stored name is the spelling; the key's own is what the printer is opened by.
+        if (!EqualIgnoringUnicodeCase(printer->name, name)) printer->name = name;
+        return key.Error();
+    });
 }
 
 DWORD StorePrinter(const PrinterRecord& printer) {
@@ -129,17 +133,21 @@ DWORD StorePrinter(const PrinterRecord& printer) {
 
 DWORD ListPrinters(std::vector<PrinterRecord>* printers) {
     printers->clear();
-    std::vector<std::u16string> names;
-    if (const DWORD error = ListSubKeys(kPrintersPath, &names)) return error;
-    for (const std::u16string& name : names) {
-        PrinterRecord printer;
-        const DWORD error = LoadPrinter(name, &printer);
-        // One that another process removed in the meantime is no failure.
-        if (error == ERROR_INVALID_PRINTER_NAME) continue;
-        if (error != ERROR_SUCCESS) return error;
-        printers->push_back(std::move(printer));
-    }
-    return ERROR_SUCCESS;
+    // One view: a printer that another process removes meanwhile is there to the end.
+    return ReadAtOnce([printers]() -> DWORD {
+        std::vector<std::u16string> names;
+        if (const DWORD error = ListSubKeys(kPrintersPath, &names)) return error;
+        for (const std::u16string& name : names) {
+            // Whatever else lies there cannot be opened as a printer.
+            if (ShortPrinterName(name) != name) continue;
+            PrinterRecord printer;
+            const DWORD error = LoadPrinter(name, &printer);
+            if (error == ERROR_INVALID_PRINTER_NAME) continue;
+            if (error != ERROR_SUCCESS) return error;
+            printers->push_back(std::move(printer));
+        }
+        return ERROR_SUCCESS;
+    });
 }
 
 PRINTER_INFO_2W PackPrinter(const PrinterRecord& printer, RecordTail& tail) {

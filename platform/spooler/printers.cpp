@@ -1,8 +1,6 @@
 // Opening, reading, writing, adding and removing printers.
 #include <winspool.h>
 
-#include <tuple>
-
 #include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
 #include "platform/spooler/drivers.h"
@@ -55,33 +53,34 @@ DWORD CheckPrinter(const PrinterRecord& printer) {
     return known ? ERROR_SUCCESS : ERROR_UNKNOWN_PRINTPROCESSOR;
 }
 
-DWORD SetOpenPrinter(HANDLE handle, const PRINTER_INFO_2W* info) {
-    if (info == nullptr) return ERROR_INVALID_PARAMETER;
+DWORD SetOpenPrinter(HANDLE handle, const PRINTER_INFO_2W& info) {
     PrinterRecord printer;
     if (const DWORD error = LoadOpenPrinter(handle, PRINTER_ACCESS_ADMINISTER, &printer)) {
         return error;
     }
     const std::u16string name = printer.name;
-    if (const DWORD error = spooler::UnpackPrinter(*info, &printer)) return error;
+    if (const DWORD error = spooler::UnpackPrinter(info, &printer)) return error;
     if (!platform::EqualIgnoringUnicodeCase(name, printer.name)) return ERROR_INVALID_PRINTER_NAME;
     printer.name = name;
     if (const DWORD error = CheckPrinter(printer)) return error;
     return spooler::StorePrinter(printer);
 }
 
+// As one change: dying in between leaves no half printer, and nobody takes the driver away
+// meanwhile.
 DWORD AddPrinterKeys(const PrinterRecord& printer) {
-    PrintKey key;
-    bool created = false;
-    DWORD error = key.Create(spooler::PrinterPath(printer.name), &created);
-    if (error == ERROR_SUCCESS && !created) return ERROR_PRINTER_ALREADY_EXISTS;
-    if (error == ERROR_SUCCESS) error = spooler::StorePrinter(printer);
-    PrintKey printerData;
-    if (error == ERROR_SUCCESS) error = printerData.Create(spooler::PrinterDataPath(printer.name));
-    // A printer is added whole or not at all.
-    if (error != ERROR_SUCCESS && created) {
-        std::ignore = spooler::RemoveKey(spooler::PrinterPath(printer.name));
-    }
-    return error;
+    return platform::ChangeAtOnce([&printer] {
+        PrintKey key;
+        bool created = false;
+        DWORD error = CheckPrinter(printer);
+        if (error == ERROR_SUCCESS)
+            error = key.Create(spooler::PrinterPath(printer.name), &created);
+        if (error == ERROR_SUCCESS && !created) return DWORD{ERROR_PRINTER_ALREADY_EXISTS};
+        if (error == ERROR_SUCCESS) error = spooler::StorePrinter(printer);
+        PrintKey printerData;
+        if (error != ERROR_SUCCESS) return error;
+        return printerData.Create(spooler::PrinterDataPath(printer.name));
+    });
 }
 
 DWORD Add(LPCWSTR server, DWORD level, const PRINTER_INFO_2W* info, HANDLE* handle) {
@@ -92,7 +91,6 @@ DWORD Add(LPCWSTR server, DWORD level, const PRINTER_INFO_2W* info, HANDLE* hand
     if (printer.name.empty() || spooler::ShortPrinterName(printer.name) != printer.name) {
         return ERROR_INVALID_PRINTER_NAME;
     }
-    if (const DWORD error = CheckPrinter(printer)) return error;
     printer.attributes |= PRINTER_ATTRIBUTE_LOCAL;
     if (const DWORD error = AddPrinterKeys(printer)) return error;
     *handle = spooler::AddHandle({printer.name, PRINTER_ALL_ACCESS});
@@ -133,7 +131,8 @@ BOOL WINAPI OpenPrinterW(LPWSTR name, HANDLE* printer, PRINTER_DEFAULTSW* defaul
     if (printer == nullptr) return Fail(ERROR_INVALID_PARAMETER);
     *printer = nullptr;
     const DWORD access = defaults != nullptr ? defaults->DesiredAccess : 0;
-    return Answer(Open(name, access != 0 ? access : PRINTER_ACCESS_USE, printer));
+    return Answer(platform::Contained(
+        [&] { return Open(name, access != 0 ? access : PRINTER_ACCESS_USE, printer); }));
 }
 
 BOOL WINAPI ClosePrinter(HANDLE printer) {
@@ -142,31 +141,38 @@ BOOL WINAPI ClosePrinter(HANDLE printer) {
 
 BOOL WINAPI GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed) {
     if (const auto error = InjectedFailure("GetPrinterW")) return Fail(*error);
-    return Answer(Read(printer, level, {buffer, size, needed}));
+    return Answer(platform::Contained([&] {
+        return Read(printer, level, {buffer, size, needed});
+    }));
 }
 
 BOOL WINAPI SetPrinterW(HANDLE printer, DWORD level, LPBYTE record, DWORD command) {
     if (const auto error = InjectedFailure("SetPrinterW")) return Fail(*error);
     if (level != 2) return Fail(ERROR_INVALID_LEVEL);
     if (command != 0) return Fail(ERROR_NOT_SUPPORTED);
-    return Answer(SetOpenPrinter(printer, reinterpret_cast<const PRINTER_INFO_2W*>(record)));
+    const auto* info = reinterpret_cast<const PRINTER_INFO_2W*>(record);
+    if (info == nullptr) return Fail(ERROR_INVALID_PARAMETER);
+    return Answer(platform::Contained(
+        [&] { return platform::ChangeAtOnce([&] { return SetOpenPrinter(printer, *info); }); }));
 }
 
 HANDLE WINAPI AddPrinterW(LPWSTR server, DWORD level, LPBYTE record) {
     if (const auto error = InjectedFailure("AddPrinterW")) return Fail<HANDLE>(*error);
     const auto* info = reinterpret_cast<const PRINTER_INFO_2W*>(record);
     HANDLE handle = nullptr;
-    const DWORD error = Add(server, level, info, &handle);
+    const DWORD error = platform::Contained([&] { return Add(server, level, info, &handle); });
     return error == ERROR_SUCCESS ? handle : Fail<HANDLE>(error);
 }
 
 BOOL WINAPI DeletePrinter(HANDLE printer) {
     if (const auto error = InjectedFailure("DeletePrinter")) return Fail(*error);
-    return Answer(Remove(printer));
+    return Answer(platform::Contained([&] { return Remove(printer); }));
 }
 
 BOOL WINAPI EnumPrintersW(DWORD flags, LPWSTR server, DWORD level, LPBYTE buffer, DWORD size,
                           LPDWORD needed, LPDWORD returned) {
     if (const auto error = InjectedFailure("EnumPrintersW")) return Fail(*error);
-    return Answer(Enumerate(flags, server, level, {buffer, size, needed}, returned));
+    return Answer(platform::Contained([&] {
+        return Enumerate(flags, server, level, {buffer, size, needed}, returned);
+    }));
 }

@@ -47,9 +47,13 @@ TEST_F(ModuleTest, FoundInItsPlacesAttachedOnceAndDetachedAtTheLastUse) {
 }
 
 TEST_F(ModuleTest, WhatCannotBeLoadedSaysWhy) {
-    WriteFile("Windows/TEXT.DLL", "not a module");
-    EXPECT_EQ(LoadLibraryW(u"TEXT.DLL"), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_BAD_EXE_FORMAT});
+    std::ifstream sample(SAMPLE_MODULE, std::ios::binary);
+    const std::string whole(std::istreambuf_iterator<char>(sample), {});
+    for (std::size_t at = 0; at < whole.size(); at += at < 64 ? 1 : 997) {
+        WriteFile("Windows/CUT.DLL", whole.substr(0, at));
+        EXPECT_EQ(LoadLibraryW(u"CUT.DLL"), nullptr) << at << " bytes are left";
+        EXPECT_EQ(GetLastError(), DWORD{ERROR_BAD_EXE_FORMAT});
+    }
     EXPECT_EQ(LoadLibraryW(u"NONE.DLL"), nullptr);
     EXPECT_EQ(GetLastError(), DWORD{ERROR_MOD_NOT_FOUND});
     Install(Folder() / "Windows", "SAMPLE.DLL");

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <thread>
 
+#include "platform/base/machine.h"
 #include "platform/faults/failure_points.h"
 #include "platform/text/text_encoding.h"
 #include "tests/support/machine_fixture.h"
@@ -83,6 +84,26 @@ TEST_F(ProcessTest, TheLogHasTheCommandLineAndWhatTheProgramWroteAndNoZombieStay
     EXPECT_NE(kill(id_, 0), 0);
     Start(u"missing.exe");
     EXPECT_EQ(ReadFile("machine.log"), "uninst.exe /one  \xE2\x82\xAC\nlogged\n");
+}
+
+TEST_F(ProcessTest, NoLinkLeadsOutOfTheMachine) {
+    const tests::TestMachine outside;
+    platform::UseMachine(Folder());
+    std::ofstream(outside.Folder() / "tool") << "#!/bin/sh\n";
+    std::ofstream(outside.Folder() / "log") << "another's";
+    fs::permissions(outside.Folder() / "tool", fs::perms::owner_all);
+    fs::create_symlink(outside.Folder() / "tool", Folder() / "Windows/FILE.EXE");
+    fs::create_directory_symlink(outside.Folder(), Folder() / "Windows/Folder");
+    EXPECT_EQ(Start(u"file.exe"), "error 2");
+    EXPECT_EQ(Start(u"C:\\Windows\\Folder\\tool"), "error 2");
+    InstallScript("Program Files/Tool.exe");
+    fs::create_symlink("../Program Files/Tool.exe", Folder() / "Windows/INSIDE.EXE");
+    EXPECT_EQ(Start(u"inside.exe 1"), "Tool.exe|1|");
+    fs::remove(Folder() / "machine.log");
+    fs::create_symlink(outside.Folder() / "log", Folder() / "machine.log");
+    EXPECT_EQ(Start(u"inside.exe"), "error 29");
+    std::ifstream log(outside.Folder() / "log");
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(log), {}), "another's");
 }
 
 TEST_F(ProcessTest, NothingThatCannotRunIsStarted) {

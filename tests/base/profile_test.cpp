@@ -1,3 +1,6 @@
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <windows.h>
 
 #include <vector>
@@ -103,9 +106,32 @@ TEST_F(ProfileTest, WildFilesAreRead) {
     EXPECT_EQ(Read(u"after", u"odd.ini"), u"default");
     WriteFile("Windows/empty.ini", "");
     EXPECT_EQ(Read(u"after", u"empty.ini"), u"default");
+    const std::filesystem::path windows = Folder() / "Windows";
+    std::filesystem::create_directory(windows / "folder.ini");
+    std::filesystem::create_symlink("/dev/zero", windows / "device.ini");
+    for (const char16_t* file : {u"folder.ini", u"device.ini"}) {
+        EXPECT_EQ(Read(u"after", file), u"default");
+        EXPECT_EQ(GetLastError(), DWORD{ERROR_FILE_NOT_FOUND});
+    }
     const platform::FailurePlan plan("GetPrivateProfileStringW", 1, ERROR_ACCESS_DENIED);
     EXPECT_EQ(Read(u"num"), u"default");
     EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
 }
+
+#ifndef __SANITIZE_ADDRESS__  // which needs more room than there is
+TEST_F(ProfileTest, WithoutMemoryThereIsTheDefaultAndNoException) {
+    WriteFile("Windows/large.ini", "[WatermarkInfo]\nk=1\n" + std::string(15 << 20, ';'));
+    const pid_t reader = fork();
+    if (reader == 0) {
+        const rlimit little = {8 << 20, 8 << 20};
+        setrlimit(RLIMIT_AS, &little);
+        const UINT number = GetPrivateProfileIntW(u"WatermarkInfo", u"k", 77, u"large.ini");
+        _exit(number == 77 && GetLastError() == ERROR_NOT_ENOUGH_MEMORY ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(reader, &status, 0);
+    EXPECT_EQ(status, 0);
+}
+#endif
 
 }  // namespace

@@ -1,15 +1,18 @@
 // The registry's file under other processes, sudden death, damage and locks.
 
 #include <sqlite3.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <windows.h>
 
 #include <csignal>
+#include <string>
 #include <thread>
 #include <vector>
 
 #include "platform/base/machine.h"
+#include "platform/registry/registry_store.h"
 #include "tests/support/machine_fixture.h"
 
 namespace {
@@ -157,14 +160,16 @@ TEST_F(StoreTest, ADamagedFileIsReportedAndLeftAlone) {
     ASSERT_GT(good.size(), std::size_t{kValueSize});
     std::string page = good;
     page.replace(4096, 4096, std::string(4096, '\x55'));
-    std::string format = good;
-    format[63] = 9;  // a later version of the tables
+    std::string later = good;
+    later[63] = 9;  // a later version of the tables
     for (const std::string& damaged :
-         {std::string("no registry at all"), std::string(100'000, '\x01'), page, format,
-          good.substr(0, good.size() / 2), good.substr(0, 1000)}) {
+         {std::string("no registry at all"), std::string(100'000, '\x01'), std::string(1, 'S'),
+          page, later, good.substr(0, good.size() / 2), good.substr(0, 1000),
+          good.substr(0, good.size() - 1)}) {
         WriteFile("registry.sqlite", damaged);
-        EXPECT_EQ(Open(&key), ERROR_BADDB);
-        EXPECT_EQ(RegOpenKeyW(HKEY_LOCAL_MACHINE, u"Printers", &key), ERROR_BADDB);
+        const LSTATUS expected = damaged == later ? ERROR_UNKNOWN_REVISION : ERROR_BADDB;
+        EXPECT_EQ(Open(&key), expected);
+        EXPECT_EQ(RegOpenKeyW(HKEY_LOCAL_MACHINE, u"Printers", &key), expected);
         CloseStore();
         EXPECT_EQ(ReadFile("registry.sqlite"), damaged) << "left as it was";
     }
@@ -174,22 +179,107 @@ TEST_F(StoreTest, ADamagedFileIsReportedAndLeftAlone) {
     RegCloseKey(key);
 }
 
-TEST_F(StoreTest, ALockedFileIsReportedAfterAWhile) {
-    HKEY key = OpenWith(7);
+TEST_F(StoreTest, ALockKeepsOnlyWritersOut) {
+    RegCloseKey(OpenWith(7));
+    CloseStore();
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open((Folder() / "registry.sqlite").c_str(), &other), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    HKEY key = nullptr;
+    ASSERT_EQ(Open(&key), ERROR_SUCCESS) << "what is there is opened without writing";
+    EXPECT_EQ(Read(key), 7);
     EXPECT_EQ(Write(key, 8), ERROR_BUSY);
-    EXPECT_EQ(Read(key), 7) << "readers are not kept out";
-    sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
+    sqlite3_close(other);
     EXPECT_EQ(Write(key, 8), ERROR_SUCCESS);
     RegCloseKey(key);
+}
+
+/// While it lives no file of this process can grow.
+class NoSpace {
+public:
+    NoSpace() : before_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &limit_);
+        const rlimit none = {0, limit_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~NoSpace() {
+        setrlimit(RLIMIT_FSIZE, &limit_);
+        std::signal(SIGXFSZ, before_);
+    }
+    NoSpace(const NoSpace&) = delete;
+    NoSpace& operator=(const NoSpace&) = delete;
+
+private:
+    rlimit limit_{};
+    void (*before_)(int);
+};
+
+TEST_F(StoreTest, ReadingNeedsNeitherSpaceNorTheRightToWrite) {
+    HKEY key = nullptr;
+    {
+        const NoSpace none;
+        EXPECT_EQ(RegOpenKeyW(HKEY_LOCAL_MACHINE, u"Printers", &key), ERROR_FILE_NOT_FOUND)
+            << "nothing has been written yet";
+        EXPECT_NE(Open(&key), ERROR_SUCCESS);
+    }
+    RegCloseKey(OpenWith(7));
     CloseStore();
-    ASSERT_EQ(sqlite3_exec(other, "PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE", nullptr,
-                           nullptr, nullptr),
-              SQLITE_OK);
-    EXPECT_EQ(Open(&key), ERROR_BUSY);
-    sqlite3_close(other);
+    {
+        const NoSpace none;
+        ASSERT_EQ(Open(&key), ERROR_SUCCESS);
+        EXPECT_EQ(Read(key), 7);
+        EXPECT_NE(Write(key, 8), ERROR_SUCCESS);
+    }
+    EXPECT_EQ(Read(key), 7);
+    EXPECT_EQ(Write(key, 8), ERROR_SUCCESS) << "space again";
+    RegCloseKey(key);
+    CloseStore();
+    std::filesystem::permissions(Folder() / "registry.sqlite", std::filesystem::perms(0444));
+    std::filesystem::permissions(Folder(), std::filesystem::perms(0555));
+    const pid_t reader = fork();
+    if (reader == 0) {
+        // Rights mean nothing to a process of the administrator.
+        const bool isOther = getuid() != 0 || setuid(65534) == 0;
+        _exit(isOther && Open(&key) == ERROR_SUCCESS && Read(key) == 8 && Write(key, 9) != 0 ? 0
+                                                                                             : 1);
+    }
+    int status = -1;
+    waitpid(reader, &status, 0);
+    EXPECT_EQ(status, 0);
+    std::filesystem::permissions(Folder(), std::filesystem::perms(0755));
+}
+
+TEST_F(StoreTest, ManyProcessesMayUseANewMachineAtOnce) {
+    for (int round = 0; round < 10; ++round) {
+        platform::UseMachine(Folder() / std::to_string(round));
+        std::vector<pid_t> users(8);
+        for (pid_t& user : users) {
+            user = fork();
+            if (user != 0) continue;
+            alarm(60);
+            HKEY key = nullptr;
+            _exit(Open(&key) == ERROR_SUCCESS && Write(key, 1) == ERROR_SUCCESS && Read(key) == 1
+                      ? 0
+                      : 1);
+        }
+        for (const pid_t user : users) {
+            int status = -1;
+            waitpid(user, &status, 0);
+            EXPECT_EQ(status, 0);
+        }
+    }
+    CloseStore();
+}
+
+TEST_F(StoreTest, AChangeOfSeveralPartsIsStoredWholeOrNotAtAll) {
+    HKEY key = OpenWith(7);
+    EXPECT_EQ(platform::ChangeAtOnce([key]() -> DWORD {
+                  EXPECT_EQ(Write(key, 8), ERROR_SUCCESS);
+                  return ERROR_GEN_FAILURE;
+              }),
+              DWORD{ERROR_GEN_FAILURE});
+    EXPECT_EQ(Read(key), 7);
+    RegCloseKey(key);
 }
 
 }  // namespace

@@ -165,6 +165,7 @@ TEST_F(Printers, WrittenIntoTheRegistryByHandAreReadWithoutTrust) {
                                  static_cast<DWORD>(bytes.size())),
                   0);
     };
+    set(u"Name", REG_SZ, std::string("a\0,\0b\0", 6));
     set(u"Port", REG_SZ, std::string("U\0S\0B", 5));
     set(u"Description", REG_BINARY, "no text");
     set(u"Attributes", REG_DWORD, "\x01");
@@ -175,6 +176,7 @@ TEST_F(Printers, WrittenIntoTheRegistryByHandAreReadWithoutTrust) {
     EXPECT_EQ(RegCloseKey(key), 0);
     const HANDLE printer = Open(u"Office");
     const auto buffer = ReadPrinter(printer);
+    EXPECT_EQ(Text(Info(buffer).pPrinterName), "Office") << "by which it can be opened";
     EXPECT_EQ(Text(Info(buffer).pPortName), "US");
     EXPECT_EQ(Text(Info(buffer).pComment), "");
     EXPECT_EQ(Info(buffer).Attributes, 0u);
