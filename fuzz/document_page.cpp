@@ -1,13 +1,17 @@
-// The document page with any devmodes and any driver items: building it and every call of its
-// callback, but the button that opens the editor, keep the settings that are indexed in range.
+// The document page with any devmodes, any driver items and any list that the printer keeps, or
+// none: building it and every call of its callback, but the button that opens the editor (whose
+// paper is captured all the same), keep the settings that are indexed in range.
 
 #include <gtest/gtest.h>
 
+#include "docprops/watermark_button.h"
 #include "fuzz/fuzz_text.h"
 #include "platform/faults/live_objects.h"
 #include "tests/support/document_page.h"
+#include "tests/support/patient_user.h"
 #include "tests/support/plugin_fixture.h"
-#include "tests/support/scripted_user.h"
+#include "tests/support/test_printer.h"
+#include "watermark/watermark_list.h"
 
 namespace {
 
@@ -51,6 +55,21 @@ void Fill(tests::DocumentPage* page, Input input) {
     }
 }
 
+/// Stores a list's header and first entry from the input, zeros behind them, cut or made longer to
+/// the length that the input begins with. Without a length there is no list: the defaults are
+/// built.
+void StoreList(tests::TestPrinter* printer, Input* input) {
+    struct Beginning {
+        UINT32 header[4];
+        oemui::WatermarkRecord entry;
+    };
+    const std::size_t length = input->Take<WORD>() % (2 * sizeof(oemui::WatermarkList));
+    const auto beginning = input->Take<Beginning>();
+    std::string stored(reinterpret_cast<const char*>(&beginning), sizeof beginning);
+    stored.resize(length);
+    printer->StoreValue(TEXT("WaterMarkList"), stored);
+}
+
 void Report(tests::DocumentPage* page, WORD reason, Input* input) {
     for (DWORD place = 0; place < oemui::kDocumentItemCount; ++place)
         page->Own(static_cast<oemui::DocumentItem>(place)).Sel = input->Take<LONG>();
@@ -73,15 +92,18 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) {
-    tests::ScriptedUser user;
-    user.WillAnswer([](const tests::ShownBox& box) { return box.type == MB_YESNO ? IDYES : IDOK; });
+    static tests::TestPrinter printer(TEXT("Office"));
+    const tests::PatientUser user;
+    Input input(bytes, size);
+    StoreList(&printer, &input);
     const auto held = platform::LiveObjects();
     {
-        tests::DocumentPage page;
-        Fill(&page, Input(bytes, size));
+        tests::DocumentPage page(printer.Name());
+        Fill(&page, input);
         page.Build();
         fuzz::Require(page.Params().cOEMOptItems == oemui::kDocumentItemCount);
         fuzz::Require(oemui::IsValidScaling(page.privateDevmode.Scaling));
+        static_cast<void>(oemui::CaptureEditorPageSetup(page.Params()));
         Input selections(bytes, size);
         for (const WORD reason : kReasons) Report(&page, reason, &selections);
     }

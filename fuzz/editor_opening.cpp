@@ -1,19 +1,27 @@
-// The watermark editor on a list of any content, with a user who looks at every entry, changes what
-// the input says and leaves by one of the buttons: the caller's list can be indexed after OK and is
-// untouched after Cancel, and nothing stays open.
+// The watermark editor on a list of any content, with a user who goes to an entry, changes what the
+// input says and leaves by one of the buttons: the caller's list can be indexed after OK and is
+// untouched after Cancel, what the printer stores is a list, and nothing stays open.
+
+#include <optional>
 
 #include "common/current_printer.h"
+#include "common/unique_handle.h"
 #include "fuzz/fuzz_text.h"
+#include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
+#include "platform/gui/dialogs/hands.h"
 #include "resources/resource_ids.h"
+#include "tests/support/patient_user.h"
 #include "tests/support/plugin_fixture.h"
-#include "tests/support/scripted_user.h"
-#include "watermark/watermark_list.h"
+#include "tests/support/test_printer.h"
+#include "watermark/watermark_store.h"
 #include "wmeditor/editor_dialog.h"
 
 namespace {
 
-/// Each bit of a byte is a step of the user's.
+namespace hands = platform::hands;
+
+/// Each bit of the first byte is a step of the user's.
 enum Step : unsigned {
     kConfirms = 1,
     kAgrees = 2,
@@ -24,24 +32,48 @@ enum Step : unsigned {
     kClosesUnderQuestions = 64,
 };
 
-int Answer(tests::ScriptedUser* user, unsigned steps, UINT type) {
-    if ((steps & kClosesUnderQuestions) != 0) user->Close();
+/// What stands before the list in an input.
+struct Script {
+    unsigned char steps;
+    unsigned char place;  ///< low four bits: the entry gone to; high ones: 15 has the preview drawn
+};
+
+int Answer(HWND dialog, unsigned steps, UINT type) {
+    if ((steps & kClosesUnderQuestions) != 0) hands::Close(dialog);
     const bool agrees = (steps & kAgrees) != 0;
     if (type == MB_YESNO) return agrees ? IDYES : IDNO;
     return type == MB_OK || agrees ? IDOK : IDCANCEL;
 }
 
-void Work(tests::ScriptedUser* user, unsigned steps) {
-    const HWND dialog = user->Dialog();
-    for (WPARAM i = 0; i < oemui::kWatermarkCapacity; ++i) {
-        ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_SETCURSEL, i, 0);
-        ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_WATERMARK_LIST, CBN_SELCHANGE), 0);
-    }
-    if ((steps & kGoesToFirst) != 0) user->PressKey(VK_HOME);
-    if ((steps & kDeletes) != 0) user->Click(IDC_DELETE);
-    if ((steps & kTypesSize) != 0) user->TypeText(IDC_POINT_SIZE, TEXT("7"));
-    if ((steps & kAdds) != 0) user->Click(IDC_NEW);
-    if ((steps & kConfirms) != 0) user->Click(IDOK);
+void Work(HWND dialog, const Script& script) {
+    const unsigned steps = script.steps;
+    ::SendDlgItemMessageW(dialog, IDC_WATERMARK_LIST, CB_SETCURSEL, script.place % 16U, 0);
+    ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_WATERMARK_LIST, CBN_SELCHANGE), 0);
+    if ((steps & kGoesToFirst) != 0) hands::PressKey(dialog, VK_HOME);
+    if ((steps & kDeletes) != 0) hands::Click(dialog, IDC_DELETE);
+    if ((steps & kTypesSize) != 0) hands::TypeText(dialog, IDC_POINT_SIZE, TEXT("7"));
+    if ((steps & kAdds) != 0) hands::Click(dialog, IDC_NEW);
+    if ((steps & kConfirms) != 0) hands::Click(dialog, IDOK);
+}
+
+INT_PTR Edit(const Script& script, oemui::WatermarkList* list) {
+    tests::PatientUser user;
+    HWND shown = nullptr;
+    user.work = [&](HWND dialog) { Work(shown = dialog, script); };
+    user.answer = [&](UINT type) { return Answer(shown, script.steps, type); };
+    // Drawing takes longer than all the rest: most inputs do without.
+    std::optional<platform::FailurePlan> undrawn;
+    if (script.place / 16U != 15) undrawn.emplace("CreateCompatibleDC", 0, ERROR_NOT_ENOUGH_MEMORY);
+    return ::DialogBoxParamW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_WATERMARK_EDITOR),
+                             nullptr, oemui::WatermarkEditorProc, reinterpret_cast<LPARAM>(list));
+}
+
+/// What the printer keeps then can be read back, unless nothing was stored.
+void CheckStored(const tests::TestPrinter& printer) {
+    static oemui::WatermarkList stored;
+    const auto handle = oemui::OpenPrinterFor(printer.Name().c_str(), PRINTER_ACCESS_USE);
+    const DWORD error = oemui::ReadPrinterWatermarkList(handle.Get(), &stored);
+    fuzz::Require(error == 0 || error == ERROR_FILE_NOT_FOUND);
 }
 
 }  // namespace
@@ -54,22 +86,23 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) {
+    static const tests::TestPrinter printer(TEXT("Office"));
     static oemui::WatermarkList list;
+    Script script{};
+    fuzz::FillFrom(&script, bytes, size);
     list = {};
-    if (size > 0) fuzz::FillFrom(&list, bytes + 1, size - 1);
+    if (size > sizeof script) fuzz::FillFrom(&list, bytes + sizeof script, size - sizeof script);
     const oemui::WatermarkList before = list;
-    oemui::SetCurrentPrinter(TEXT("No such printer"));
+    oemui::SetCurrentPrinter(printer.Name().c_str());
     oemui::PreviewPaperSize = {before.Selected, before.Count};
     const auto held = platform::LiveObjects();
-    tests::ScriptedUser user;
-    const unsigned steps = size > 0 ? bytes[0] : 0;
-    user.WillAnswer([&](const tests::ShownBox& box) { return Answer(&user, steps, box.type); });
-    const INT_PTR result = user.Open(IDD_WATERMARK_EDITOR, oemui::WatermarkEditorProc,
-                                     reinterpret_cast<LPARAM>(&list), [&] { Work(&user, steps); });
+    const INT_PTR result = Edit(script, &list);
     fuzz::Require(platform::LiveObjects() == held);
     fuzz::Require(result == 0 || result == 1);
     if (result == 0) fuzz::Require(std::memcmp(&before, &list, sizeof list) == 0);
-    if (result == 1) fuzz::Require(list.Selected == 0 || list.Selected < list.Count);
-    if (result == 1) fuzz::Require(list.Selected >= 0 && list.Count <= oemui::kWatermarkCapacity);
+    if (result == 0) return 0;
+    fuzz::Require(list.Selected == 0 || list.Selected < list.Count);
+    fuzz::Require(list.Selected >= 0 && list.Count <= oemui::kWatermarkCapacity);
+    CheckStored(printer);
     return 0;
 }

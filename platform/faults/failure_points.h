@@ -19,20 +19,18 @@ namespace platform {
 ///         and without doing anything else; nothing when it may go on.
 [[nodiscard]] std::optional<DWORD> InjectedFailure(const char* point);
 
-/// Passed by a function of the layer at its start. True when the call must fail now: the function
-/// then reports `*error` in its own way (last error, status, result) and does nothing else.
-/// \param point  the function's name, such as "SetPrinterDataW"; a literal.
-/// \param error  the code to report; untouched when the call may go on.
-bool MustFail(const char* point, DWORD* error);
+/// Whether a plan fails one call, or that call and every later one.
+enum class Failing { kOnce, kForEver };
 
-/// Counts calls, and fails one of them, for as long as it lives. One at a time in a process; calls
-/// of every thread count.
+/// Counts calls, and fails some of them, for as long as it lives. One at a time in a process; calls
+/// of every thread count. A plan that names no point passes over the calls that only give something
+/// back ("RegCloseKey", "closesocket", "WSACleanup"): whoever they fail cannot help keeping it.
 class FailurePlan {
 public:
     /// Counts only.
     FailurePlan();
-    /// Fails the n-th call (from 1) of any point.
-    FailurePlan(int nthCall, DWORD error);
+    /// Fails the n-th call (from 1) of any point, or all from it on.
+    FailurePlan(int nthCall, DWORD error, Failing failing = Failing::kOnce);
     /// Fails the n-th call (from 1) of the named point; 0 fails every call of it.
     FailurePlan(std::string point, int nthCall, DWORD error);
     /// Does something, as another program would, just before the n-th call (from 1) of the named

@@ -181,15 +181,12 @@ std::vector<std::string> WorkWithFailure(Work work, const std::string& point, in
 }
 
 TEST_F(QueryOnTheLayer, WhateverFailsWhileAPageAsksLeavesNothingOpen) {
-    // What only gives something back is not failed: the test would see its own fault as a leak.
-    const std::string_view closers[] = {"WSACleanup", "closesocket", "RegCloseKey", "HeapFree"};
     const tests::TestClock clock;
     for (const Work work : {Work::kActivate, Work::kSwitchOn, Work::kBuildDocumentPage}) {
         std::map<std::string, int> calls;
-        for (const std::string& point : WorkWithFailure(work, "none", 1)) ++calls[point];
+        for (const std::string& point : WorkWithFailure(work, "", -1)) ++calls[point];
         EXPECT_EQ(calls["send"], 1);
         EXPECT_GT(calls["RegEnumKeyExW"], 0);
-        for (const std::string_view closer : closers) calls.erase(std::string(closer));
         for (const auto& [point, count] : calls) {
             for (int failing = 0; failing <= count; ++failing) {
                 SCOPED_TRACE(point + " " + std::to_string(failing));
