@@ -43,9 +43,9 @@ public:
         CutAt(length > 0 ? static_cast<std::size_t>(length) : 0);
     }
 
-    LPCWSTR c_str() const { return characters_; }
-    bool empty() const { return characters_[0] == 0; }
-    TextView View() const { return TextIn(characters_); }
+    [[nodiscard]] LPCWSTR c_str() const { return characters_; }
+    [[nodiscard]] bool empty() const { return characters_[0] == 0; }
+    [[nodiscard]] TextView View() const { return TextIn(characters_); }
 
     /// Puts texts one after the other. \return false, and nothing changed, when they do not fit.
     [[nodiscard]] bool Join(std::initializer_list<TextView> parts) {

@@ -21,10 +21,10 @@ public:
     }
 
     explicit operator bool() const { return block_ != nullptr; }
-    BYTE* Bytes() const { return static_cast<BYTE*>(block_); }
+    [[nodiscard]] BYTE* Bytes() const { return static_cast<BYTE*>(block_); }
     /// The record at the block's beginning.
     template <typename Record>
-    const Record& As() const {
+    [[nodiscard]] const Record& As() const {
         return *static_cast<const Record*>(block_);
     }
 

@@ -13,6 +13,7 @@
 #include <initguid.h>
 #include <prcomoem.h>
 #else
+// NOLINTBEGIN(readability-identifier-naming): the driver kit's own names.
 
 /// The class identifier under which every user-interface plug-in is created.
 inline constexpr CLSID CLSID_OEMUI = {
@@ -160,6 +161,7 @@ protected:
     ~IPrintOemUI() = default;
 };
 
+// NOLINTEND(readability-identifier-naming)
 #endif
 
 static_assert(sizeof(OEM_DMEXTRAHEADER) == 12);

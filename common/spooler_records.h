@@ -33,8 +33,10 @@ public:
     }
 
     /// The error with which the spooler named the size; 0 when it did not fail.
-    DWORD SizeError() const { return sizeError_; }
-    std::span<Record> All() const { return {reinterpret_cast<Record*>(bytes_.get()), count_}; }
+    [[nodiscard]] DWORD SizeError() const { return sizeError_; }
+    [[nodiscard]] std::span<Record> All() const {
+        return {reinterpret_cast<Record*>(bytes_.get()), count_};
+    }
 
 private:
     std::unique_ptr<BYTE[]> bytes_;

@@ -23,7 +23,7 @@ public:
     }
     ~UniqueHandle() { Reset(); }
 
-    Handle Get() const { return handle_; }
+    [[nodiscard]] Handle Get() const { return handle_; }
     explicit operator bool() const { return handle_ != Handle{}; }
 
     /// For calls that hand a handle out through a pointer; whatever is held is closed first.

@@ -12,7 +12,7 @@ struct DocumentSettings {
     bool Collated = false;
     bool Monochrome = false;
 
-    bool HasCopies() const { return Copies > 1; }
+    [[nodiscard]] bool HasCopies() const { return Copies > 1; }
 };
 
 inline DocumentSettings ReadDocumentSettings(const OEMCUIPPARAM& params) {

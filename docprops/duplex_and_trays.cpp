@@ -34,12 +34,12 @@ public:
 
     /// Whether the option's keyword begins so, byte for byte; a driver that gives no answer leaves
     /// the keyword empty.
-    bool BeginsWith(std::string_view start) const {
+    [[nodiscard]] bool BeginsWith(std::string_view start) const {
         return std::string_view(keyword_, sizeof keyword_).starts_with(start);
     }
 
     /// Whether the driver knows no such feature at all.
-    bool IsUnknown() const { return static_cast<HRESULT>(result_) == E_NOTIMPL; }
+    [[nodiscard]] bool IsUnknown() const { return static_cast<HRESULT>(result_) == E_NOTIMPL; }
 
 private:
     char keyword_[260] = {};

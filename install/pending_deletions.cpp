@@ -24,7 +24,7 @@ struct StoredValue {
         return Type == other.Type && Size == other.Size &&
                std::equal(Bytes(), Bytes() + Size, other.Bytes());
     }
-    BYTE* Bytes() const { return reinterpret_cast<BYTE*>(Characters.get()); }
+    [[nodiscard]] BYTE* Bytes() const { return reinterpret_cast<BYTE*>(Characters.get()); }
 };
 
 StoredValue ReadValue(HKEY key, LPCWSTR name) {

@@ -18,7 +18,7 @@ public:
         if (socket_ != INVALID_SOCKET) ::closesocket(socket_);
     }
 
-    SOCKET Get() const { return socket_; }
+    [[nodiscard]] SOCKET Get() const { return socket_; }
     SOCKET Release() { return std::exchange(socket_, INVALID_SOCKET); }
 
 private:

@@ -19,7 +19,7 @@ public:
     Control(HWND dialog, int id) : dialog_(dialog), id_(id) {}
 
     [[nodiscard]] HWND Window() const { return ::GetDlgItem(dialog_, id_); }
-    LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
+    [[nodiscard]] LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
         return ::SendDlgItemMessageW(dialog_, id_, message, first, second);
     }
 
@@ -70,7 +70,9 @@ public:
     void Renumber(LRESULT position, LPARAM number) const {
         if (SendToList(CB_SETITEMDATA, position, number) < 0) Remove(position);
     }
-    LRESULT Remove(LRESULT position) const { return SendToList(CB_DELETESTRING, position); }
+    [[nodiscard]] LRESULT Remove(LRESULT position) const {
+        return SendToList(CB_DELETESTRING, position);
+    }
     [[nodiscard]] LRESULT Count() const { return SendToList(CB_GETCOUNT); }
     [[nodiscard]] LRESULT Find(LPCWSTR text) const { return SendText(CB_FINDSTRINGEXACT, text); }
     void Select(LRESULT position) const { SendToList(CB_SETCURSEL, position); }
@@ -89,14 +91,14 @@ private:
     void ShowInteger(INT32 number, BOOL isSigned) const {
         ::SetDlgItemInt(dialog_, id_, static_cast<UINT>(number), isSigned);
     }
-    INT32 Integer(BOOL isSigned, INT32 otherwise) const {
+    [[nodiscard]] INT32 Integer(BOOL isSigned, INT32 otherwise) const {
         BOOL isRead = FALSE;
         const UINT number = ::GetDlgItemInt(dialog_, id_, &isRead, isSigned);
         if (isRead != FALSE) return static_cast<INT32>(number);
         return MayHoldDigits() ? otherwise : 0;
     }
     /// Also when the text cannot be read.
-    bool MayHoldDigits() const {
+    [[nodiscard]] bool MayHoldDigits() const {
         WCHAR text[kNumberCapacity] = TEXT("0");
         ReadText(text);
         return TextIn(text).find_first_of(TEXT("0123456789")) != TextView::npos;
@@ -104,7 +106,7 @@ private:
     LRESULT SendText(UINT message, LPCWSTR text) const {
         return SendToList(message, 0, reinterpret_cast<LPARAM>(text));
     }
-    LRESULT SendToList(UINT message, LRESULT position = 0, LPARAM second = 0) const {
+    [[nodiscard]] LRESULT SendToList(UINT message, LRESULT position = 0, LPARAM second = 0) const {
         const HWND window = Window();
         if (window == nullptr) return CB_ERR;
         return ::SendMessageW(window, message, static_cast<WPARAM>(position), second);
