@@ -148,7 +148,7 @@ DWORD ErrorFromErrno(int error) {
 // The machine's log, opened for appending; below 0 on failure.
 int OpenLog() {
     return open((platform::MachineFolder() / "machine.log").c_str(),
-                O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
+                O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0644);
 }
 
 // Takes back what was just written, unless somebody has written behind it.
