@@ -29,8 +29,10 @@ constexpr auto kDemoPrinters = std::to_array<DemoPrinter>({
 });
 
 void InstallMissing(const DemoPrinter& demo, const CommandContext& context) {
-    const auto isIt = [&](const std::u16string& name) { return platform::Utf8(name) == demo.name; };
-    if (std::ranges::any_of(ListPrinters(), isIt, &PrinterSummary::name)) return;
+    const auto isIt = [&](const PrinterSummary& printer) {
+        return printer.isComplete && platform::Utf8(printer.name) == demo.name;
+    };
+    if (std::ranges::any_of(ListPrinters(), isIt)) return;
     InstallPrinter({demo.name, FindModel(demo.model), ParsePort(demo.port), false}, context.source);
 }
 

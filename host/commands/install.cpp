@@ -29,8 +29,8 @@ void Install(const InstallOptions& options, const CommandContext& context) {
                                     ParsePort(options.port, options.portKind, options.address),
                                     options.bidirectional == "on"};
     UseChosenMachine(context);
-    InstallPrinter(request, context.source);
-    context.out << "installed " << options.name << '\n';
+    const std::string name = InstallPrinter(request, context.source);
+    context.out << "installed " << Escaped(name) << '\n';
 }
 
 void AddInstall(CLI::App& app, CommandContext& context) {
@@ -56,7 +56,7 @@ void AddRemove(CLI::App& app, CommandContext& context) {
     command->callback([name, &context] {
         UseChosenMachine(context);
         RemovePrinter(*name);
-        context.out << "removed " << *name << '\n';
+        context.out << "removed " << Escaped(*name) << '\n';
     });
 }
 
@@ -69,7 +69,7 @@ void AddUninstall(CLI::App& app, CommandContext& context) {
         const Model& model = RequireModel(*letter);
         UseChosenMachine(context);
         for (const std::string& printer : UninstallDriver(model)) {
-            context.out << "removed " << printer << '\n';
+            context.out << "removed " << Escaped(printer) << '\n';
         }
         context.out << "uninstalled the driver of model " << model.letter << '\n';
     });

@@ -35,18 +35,21 @@ Json DriverDataToJson(HANDLE printer) {
 Json PrinterToJson(const PrinterSummary& printer) {
     const std::string name = platform::Utf8(printer.name);
     const Model* model = ModelOfDriver(printer.driver);
-    const oemui::UniquePrinter handle = OpenNamedPrinter(name, PRINTER_ACCESS_USE);
+    // A printer that was removed since, or whose record has a damaged name, cannot be opened by it;
+    // the others are listed all the same.
+    const oemui::UniquePrinter handle =
+        oemui::OpenPrinterFor(printer.name.c_str(), PRINTER_ACCESS_USE);
     return {{"name", name},
             {"model", model != nullptr ? Json(std::string(1, model->letter)) : Json()},
             {"driver", platform::Utf8(printer.driver)},
             {"port", platform::Utf8(printer.port)},
             {"bidi", printer.bidirectional},
             {"printProcessor", platform::Utf8(printer.printProcessor)},
-            {"driverData", DriverDataToJson(handle.Get())}};
+            {"driverData", handle ? DriverDataToJson(handle.Get()) : Json()}};
 }
 
 std::string Bare(const Json& value) {
-    return value.is_string() ? value.get<std::string>() : value.dump();
+    return Escaped(value.is_string() ? value.get<std::string>() : value.dump());
 }
 
 void PrintPrinter(const Json& printer, std::ostream& out) {
@@ -57,6 +60,7 @@ void PrintPrinter(const Json& printer, std::ostream& out) {
         << (printer["bidi"].get<bool>() ? ", bidirectional" : "") << '\n';
     out << "  print processor  " << Bare(printer["printProcessor"]) << '\n';
     out << "  driver data     ";
+    if (printer["driverData"].is_null()) out << " cannot be read";
     for (const auto& [value, content] : printer["driverData"].items()) {
         out << ' ' << value << '=' << Bare(content);
     }
@@ -78,8 +82,9 @@ void List(bool json, const CommandContext& context) {
 
 void PrintForms(HANDLE printer, std::ostream& out) {
     for (const Form& form : ListForms(printer)) {
-        out << platform::Utf8(form.name) << '=' << Json(form.size.cx / 1000.0).dump() << 'x'
-            << Json(form.size.cy / 1000.0).dump() << (form.ownToUser ? " (added)" : "") << '\n';
+        out << Escaped(platform::Utf8(form.name)) << '=' << Json(form.size.cx / 1000.0).dump()
+            << 'x' << Json(form.size.cy / 1000.0).dump() << (form.ownToUser ? " (added)" : "")
+            << '\n';
     }
 }
 

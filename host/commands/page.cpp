@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <memory>
 #include <ostream>
+#include <span>
 
 #include "host/commands/commands.h"
 #include "host/errors/failure.h"
@@ -34,6 +35,7 @@ PageItem& ItemWithButton(PageSession& page) {
 
 void Edit(PageSession& page, const TerminalUser& user, const EditScript& script) {
     PageItem& item = ItemWithButton(page);
+    const std::size_t before = user.Messages().size();
     page.PressButton(item);
     if (user.Dialogs() == 0) {
         throw Failure("the editor does not open while " + Quoted(item.Name()) + " is " +
@@ -41,6 +43,9 @@ void Edit(PageSession& page, const TerminalUser& user, const EditScript& script)
     }
     const std::string error = script.Error();
     if (!error.empty()) throw Failure("script " + error);
+    for (const std::u16string& message : std::span(user.Messages()).subspan(before)) {
+        if (page.TellsLostList(message)) throw Failure("the list of watermarks was not stored");
+    }
 }
 
 void PrintResult(PageSession& page, const PageOptions& options, std::ostream& out) {

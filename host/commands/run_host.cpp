@@ -14,6 +14,9 @@ constexpr int kDone = 0;
 constexpr int kFailed = 1;
 constexpr int kNotUnderstood = 2;
 
+constexpr std::size_t kLongestParseError = 300;
+constexpr std::size_t kLongestMessage = 4000;
+
 // Below the user's folder for data of programs; a variable that is not set or no whole path counts
 // as missing.
 std::filesystem::path DefaultMachine() {
@@ -28,10 +31,16 @@ std::filesystem::path DefaultMachine() {
 // An unknown command is told with the near ones, anything else as the parser tells it.
 std::string ParseErrorText(const CLI::App& app, const CLI::ParseError& error) {
     const std::vector<std::string> unknown = app.remaining();
-    if (!app.get_subcommands().empty() || unknown.empty()) return error.what();
+    if (!app.get_subcommands().empty() || unknown.empty()) {
+        return Shortened(error.what(), kLongestParseError);
+    }
     std::vector<std::string> commands;
     for (const CLI::App* command : app.get_subcommands({})) commands.push_back(command->get_name());
     return UnknownName("command", unknown.front(), commands);
+}
+
+void Tell(std::ostream& err, std::string_view message) {
+    err << "driverhost: " << Escaped(Shortened(message, kLongestMessage)) << '\n';
 }
 
 int RunParsed(CLI::App& app, const std::vector<std::string>& arguments, CommandContext& context) {
@@ -45,8 +54,7 @@ int RunParsed(CLI::App& app, const std::vector<std::string>& arguments, CommandC
         context.out << (commands.empty() ? app.help() : commands.front()->help());
         return kDone;
     } catch (const CLI::ParseError& error) {
-        context.err << "driverhost: " << ParseErrorText(app, error)
-                    << "; driverhost --help tells more\n";
+        Tell(context.err, ParseErrorText(app, error) + "; driverhost --help tells more");
         return kNotUnderstood;
     }
 }
@@ -54,7 +62,13 @@ int RunParsed(CLI::App& app, const std::vector<std::string>& arguments, CommandC
 }  // namespace
 
 void UseChosenMachine(const CommandContext& context) {
-    platform::UseMachine(context.machine);
+    const std::string folder = context.machine.native();
+    if (folder.empty()) throw UsageFailure("the machine needs a folder, which has a name");
+    try {
+        platform::UseMachine(context.machine);
+    } catch (const std::filesystem::filesystem_error& error) {
+        FailWith("the machine's folder " + Quoted(folder) + " cannot be used", error.code());
+    }
 }
 
 int RunHost(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
@@ -74,10 +88,10 @@ int RunHost(const std::vector<std::string>& arguments, std::ostream& out, std::o
     try {
         return RunParsed(app, arguments, context);
     } catch (const UsageFailure& failure) {
-        err << "driverhost: " << failure.what() << '\n';
+        Tell(err, failure.what());
         return kNotUnderstood;
     } catch (const std::exception& failure) {
-        err << "driverhost: " << failure.what() << '\n';
+        Tell(err, MessageOf(failure));
         return kFailed;
     }
 }

@@ -1,9 +1,12 @@
 #include "host/driver/module.h"
 
 #include <atomic>
+#include <filesystem>
 
 #include "host/errors/failure.h"
 #include "host/spooler/printers.h"
+#include "platform/base/machine.h"
+#include "platform/base/paths.h"
 #include "platform/text/text_encoding.h"
 
 namespace host {
@@ -73,11 +76,26 @@ IPrintOemUI* CreatePlugIn(HMODULE module, const std::string& file) {
     return static_cast<IPrintOemUI*>(plugIn);
 }
 
+// The registry names the module: what it names, over links too, must be a file of the machine
+// before any of its code runs.
+const std::u16string& RequireOwnFile(const std::u16string& path) {
+    std::error_code error;
+    const std::filesystem::path file =
+        std::filesystem::canonical(platform::ExistingFile(path), error);
+    const std::string name = Quoted(platform::Utf8(path));
+    if (error) FailWith(name + " cannot be loaded", ERROR_MOD_NOT_FOUND);
+    const std::filesystem::path below = file.lexically_relative(platform::MachineFolder());
+    if (below.empty() || *below.begin() == "..") {
+        throw Failure(name + " lies outside the machine and is not loaded");
+    }
+    return path;
+}
+
 }  // namespace
 
 DriverModule::DriverModule(const std::u16string& path)
-    : path_(path), module_(::LoadLibraryW(path.c_str())) {
-    const std::string file = platform::Utf8(path);
+    : path_(RequireOwnFile(path)), module_(::LoadLibraryW(path.c_str())) {
+    const std::string file = Escaped(platform::Utf8(path));
     if (!module_) FailWithLastError(file + " cannot be loaded");
     plugIn_.reset(CreatePlugIn(module_.Get(), file));
     auto* driverInterface = new DriverInterface;

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace host {
 
@@ -21,13 +22,24 @@ public:
     using Failure::Failure;
 };
 
-/// A name as messages have it: "NAME", with the marks.
+/// A text that came from outside, safe to write to a terminal: control characters become "\x1B".
+[[nodiscard]] std::string Escaped(std::string_view text);
+
+/// The beginning of a UTF-8 text, with "..." when bytes were cut off.
+[[nodiscard]] std::string Shortened(std::string_view text, std::size_t mostBytes);
+
+/// A name as messages have it: "NAME", with the marks; escaped, and at most 200 bytes of it.
 [[nodiscard]] std::string Quoted(std::string_view name);
 
 /// Throws a `Failure` "what: why", the error code in words and with its number.
 [[noreturn]] void FailWith(const std::string& what, DWORD error);
 
-/// The same with the thread's last error.
+/// The same with the thread's last error, or with an error of a file.
 [[noreturn]] void FailWithLastError(const std::string& what);
+[[noreturn]] void FailWith(const std::string& what, const std::error_code& error);
+
+/// What an exception that ended a command says to the person who gave it: a `Failure` its own text,
+/// any other the reason in words.
+[[nodiscard]] std::string MessageOf(const std::exception& error);
 
 }  // namespace host

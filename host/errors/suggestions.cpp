@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::size_t kMostSuggestions = 3;
 constexpr std::size_t kFewNames = 8;
+constexpr std::size_t kLongestSlip = 256;  // bytes; nobody meant a name by a longer text
 
 // The number of letters to insert, drop or replace, or of neighbours to exchange, between two
 // texts.
@@ -52,6 +53,7 @@ bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
 }
 
 std::vector<std::string> NearNames(std::string_view wanted, const std::vector<std::string>& known) {
+    if (wanted.size() > kLongestSlip) return {};
     const std::string lowerWanted = AsciiLowerCase(wanted);
     std::vector<std::pair<std::size_t, std::string>> near;
     for (const std::string& name : known) {

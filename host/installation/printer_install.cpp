@@ -4,68 +4,18 @@
 
 #include <winspool.h>
 
-#include <fstream>
+#include <optional>
 
 #include "host/driver/devmode.h"
 #include "host/driver/module.h"
 #include "host/errors/failure.h"
 #include "host/spooler/printers.h"
-#include "platform/base/machine.h"
 #include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr std::size_t kLongestName = 220;
-
-fs::path SystemFolder() {
-    return platform::MachineFolder() / "Windows/System32";
-}
-
-// Written beside the old file and put in its place, so that a module in use is not changed.
-void CopyInto(const fs::path& file, const fs::path& folder) {
-    const fs::path target = folder / file.filename();
-    const fs::path fresh = folder / (file.filename().native() + ".new");
-    std::error_code error;
-    fs::create_directories(folder, error);
-    fs::copy_file(file, fresh, fs::copy_options::overwrite_existing, error);
-    if (!error) fs::rename(fresh, target, error);
-    if (error) throw Failure(target.native() + " cannot be written: " + error.message());
-}
-
-void CopyPackage(const Model& model, const PackageSource& source) {
-    const fs::path folder = source.packages / std::string(1, model.letter);
-    if (!fs::exists(folder / platform::Utf8(model.ModuleName()))) {
-        throw Failure("the package of model " + std::string(1, model.letter) + " is not in " +
-                      folder.native());
-    }
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-        if (!entry.is_regular_file()) continue;
-        const bool settings = entry.path().extension() == ".INI";
-        CopyInto(entry.path(),
-                 settings ? platform::MachineFolder() / "Windows" : platform::DriverFolder());
-    }
-}
-
-void CopyStandIns(const PackageSource& source) {
-    const fs::path strings = source.standIns / "UNIRES.DLL";
-    if (fs::exists(strings)) CopyInto(strings, platform::DriverFolder());
-    const fs::path uninstaller = source.standIns / "UNINST.EXE";
-    if (fs::exists(uninstaller)) CopyInto(uninstaller, SystemFolder());
-}
-
-// Nothing is ever printed here, but a print processor can only be registered when its file is
-// there.
-void PlacePrintProcessor(const Model& model) {
-    const fs::path folder = SystemFolder() / "spool/prtprocs/x64";
-    std::error_code error;
-    fs::create_directories(folder, error);
-    const fs::path file = folder / platform::Utf8(model.FileName(u"__PP.DLL"));
-    if (!fs::exists(file)) std::ofstream(file) << "stands for the print processor\n";
-    if (!fs::exists(file)) throw Failure(file.native() + " cannot be written");
-}
 
 void RegisterDriver(const Model& model) {
     std::u16string name(model.driverName);
@@ -105,58 +55,59 @@ void SendPrinterEvent(const DriverModule& module, std::u16string name, INT event
     module.PlugIn().PrinterEvent(name.data(), event, 0, 0);
 }
 
+[[noreturn]] void RefuseName(const std::string& name) {
+    throw UsageFailure(Quoted(name) + " is no name for a printer (1 to " +
+                       std::to_string(kLongestName) +
+                       " characters without commas and backslashes)");
+}
+
+// What follows the server of `\\server\name`, or the whole.
 std::string ShortName(const std::string& name) {
-    const std::size_t backslash = name.rfind('\\');
-    return backslash == std::string::npos ? name : name.substr(backslash + 1);
+    if (!name.starts_with("\\\\")) return name;
+    const std::size_t serverEnd = name.find('\\', 2);
+    if (serverEnd == std::string::npos || serverEnd == 2) RefuseName(name);
+    return name.substr(serverEnd + 1);
 }
 
-void CheckName(const std::string& name, const std::string& shortName) {
-    const std::u16string wide = platform::Utf16(shortName);
-    if (wide.empty() || wide.size() > kLongestName || wide.find(u',') != std::u16string::npos) {
-        throw UsageFailure(Quoted(name) + " is no name for a printer (1 to " +
-                           std::to_string(kLongestName) + " characters without commas)");
+std::u16string CheckedShortName(const std::string& name) {
+    const std::u16string shortName = platform::Utf16(ShortName(name));
+    if (shortName.empty() || shortName.size() > kLongestName ||
+        shortName.find_first_of(u",\\") != std::u16string::npos) {
+        RefuseName(name);
     }
+    return shortName;
 }
 
-// Asked before anything is written: a refused installation leaves the machine as it was.
-void CheckIsNew(const std::string& name, const std::u16string& shortName) {
-    const bool exists{oemui::OpenPrinterFor(shortName.c_str(), PRINTER_ACCESS_USE)};
-    const DWORD error = exists ? ERROR_PRINTER_ALREADY_EXISTS : ::GetLastError();
-    if (error == ERROR_INVALID_PRINTER_NAME) return;
-    FailWith("printer " + Quoted(name) + " cannot be installed", error);
+bool IsRequested(const PrinterSummary& printer, const InstallRequest& request) {
+    return printer.driver == request.model->driverName &&
+           platform::Utf8(printer.port) == request.port.name &&
+           printer.bidirectional == request.bidirectional;
 }
 
-}  // namespace
-
-PackageSource OwnPackageSource() {
-    std::error_code error;
-    const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    const fs::path root = program.parent_path().parent_path();
-    return {root / "package", root / "standin"};
-}
-
-void InstallPrinter(const InstallRequest& request, const PackageSource& source) {
-    const std::string shortName = ShortName(request.name);
-    CheckName(request.name, shortName);
-    const std::u16string name = platform::Utf16(shortName);
-    CheckIsNew(request.name, name);
-    CopyPackage(*request.model, source);
-    CopyStandIns(source);
-    PlacePrintProcessor(*request.model);
-    RegisterDriver(*request.model);
-    RegisterPort(request.port);
-    const oemui::UniquePrinter printer = RegisterPrinter(request, name);
-    try {
-        DriverModule module = LoadPrinterModule(printer.Get());
-        StorePrinterDevmode(printer.Get(), DefaultDevmode(module, printer.Get(), name));
-        SendPrinterEvent(module, platform::Utf16(request.name), PRINTER_EVENT_INITIALIZE);
-    } catch (const Failure&) {
-        ::DeletePrinter(printer.Get());
-        throw;
+// Asked before anything is written: a refused installation leaves the machine as it was. A printer
+// of the name is there only when its installation was killed.
+oemui::UniquePrinter OpenUnfinished(const InstallRequest& request, const std::u16string& name) {
+    oemui::UniquePrinter printer = oemui::OpenPrinterFor(name.c_str(), PRINTER_ALL_ACCESS);
+    DWORD error = ::GetLastError();
+    if (printer) {
+        const PrinterSummary found = SummaryOf(printer.Get());
+        if (!found.isComplete && IsRequested(found, request)) return printer;
+        error = ERROR_PRINTER_ALREADY_EXISTS;
     }
+    if (error != ERROR_INVALID_PRINTER_NAME) {
+        FailWith("printer " + Quoted(request.name) + " cannot be installed", error);
+    }
+    return printer;
 }
 
-void RemovePrinter(const std::string& name) {
+// The devmode is stored last: it makes the printer a complete one.
+void SetUpPrinter(HANDLE printer, const InstallRequest& request, const std::u16string& name) {
+    DriverModule module = LoadPrinterModule(printer);
+    SendPrinterEvent(module, platform::Utf16(request.name), PRINTER_EVENT_INITIALIZE);
+    StorePrinterDevmode(printer, DefaultDevmode(module, printer, name));
+}
+
+void DeleteAndTell(const std::string& name) {
     const oemui::UniquePrinter printer = OpenNamedPrinter(name, PRINTER_ALL_ACCESS);
     try {
         const DriverModule module = LoadPrinterModule(printer.Get());
@@ -169,20 +120,63 @@ void RemovePrinter(const std::string& name) {
     }
 }
 
-std::vector<std::string> UninstallDriver(const Model& model) {
+std::vector<std::string> RemovePrintersOf(const Model& model) {
     std::vector<std::string> removed;
-    const std::u16string module = u"C:\\Windows\\System32\\spool\\drivers\\x64\\3\\";
-    std::u16string driver(model.driverName);
-    const DriverModule plugIn(module + model.ModuleName());
     for (const PrinterSummary& printer : ListPrinters()) {
-        if (printer.driver != driver) continue;
+        if (printer.driver != model.driverName) continue;
         removed.push_back(platform::Utf8(printer.name));
-        RemovePrinter(removed.back());
+        DeleteAndTell(removed.back());
     }
-    plugIn.PlugIn().DriverEvent(DRIVER_EVENT_DELETE, 0, nullptr, 0);
-    if (!::DeletePrinterDriverW(nullptr, nullptr, driver.data())) {
-        FailWithLastError("the driver cannot be removed");
+    return removed;
+}
+
+// Nothing when an uninstaller has deleted the module already, or when it is damaged.
+void LoadIfThere(std::optional<DriverModule>& plugIn, const Model& model) {
+    const std::u16string folder = u"C:\\Windows\\System32\\spool\\drivers\\x64\\3\\";
+    try {
+        plugIn.emplace(folder + model.ModuleName());
+    } catch (const Failure&) {
+        plugIn.reset();
     }
+}
+
+}  // namespace
+
+std::string InstallPrinter(const InstallRequest& request, const PackageSource& source) {
+    const std::u16string name = CheckedShortName(request.name);
+    const InstallationLock lock;
+    oemui::UniquePrinter printer = OpenUnfinished(request, name);
+    PlaceModelFiles(*request.model, source);
+    RegisterDriver(*request.model);
+    RegisterPort(request.port);
+    const bool isNew = !printer;
+    if (isNew) printer = RegisterPrinter(request, name);
+    try {
+        SetUpPrinter(printer.Get(), request, name);
+    } catch (const Failure&) {
+        if (isNew) ::DeletePrinter(printer.Get());
+        throw;
+    }
+    return platform::Utf8(name);
+}
+
+void RemovePrinter(const std::string& name) {
+    const InstallationLock lock;
+    DeleteAndTell(name);
+}
+
+std::vector<std::string> UninstallDriver(const Model& model) {
+    const InstallationLock lock;
+    std::optional<DriverModule> plugIn;
+    LoadIfThere(plugIn, model);
+    std::vector<std::string> removed = RemovePrintersOf(model);
+    ReleaseModelFiles(model);
+    if (plugIn) plugIn->PlugIn().DriverEvent(DRIVER_EVENT_DELETE, 0, nullptr, 0);
+    std::u16string driver(model.driverName);
+    // Out of the spooler, but with its files: an uninstallation that was killed is completed.
+    const bool isDone = ::DeletePrinterDriverW(nullptr, nullptr, driver.data()) ||
+                        (plugIn && ::GetLastError() == ERROR_UNKNOWN_PRINTER_DRIVER);
+    if (!isDone) FailWithLastError("the driver cannot be removed");
     return removed;
 }
 

@@ -1,23 +1,14 @@
 /// Installing and removing drivers and printers, with the events that the spooler sends.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "host/driver/models.h"
+#include "host/installation/package_files.h"
 #include "host/installation/ports.h"
 
 namespace host {
-
-/// Where the files to install come from, beside the program.
-struct PackageSource {
-    std::filesystem::path packages;  ///< a folder for each model, by its letter
-    std::filesystem::path standIns;  ///< what is no part of a package; may be missing
-};
-
-/// The sources beside the running program: `../package` and `../standin` of its folder.
-[[nodiscard]] PackageSource OwnPackageSource();
 
 struct InstallRequest {
     std::string name;  ///< UTF-8; a server part `\\server\` is dropped, but the event has it
@@ -26,16 +17,19 @@ struct InstallRequest {
     bool bidirectional = false;
 };
 
-/// Copies the model's files into the machine, registers driver, port and printer, gives the printer
-/// its default devmode, and sends the plug-in its printer event. What was registered before a
-/// failure stays, except the printer.
-void InstallPrinter(const InstallRequest& request, const PackageSource& source);
+/// Copies the model's files into the machine, registers driver, port and printer,
+/// sends the plug-in its printer event, and gives the printer its default devmode, by which a whole
+/// printer is told from one whose installation was killed: that one is completed. What was
+/// registered before a failure stays, except a new printer.
+/// \return the printer's name, UTF-8.
+std::string InstallPrinter(const InstallRequest& request, const PackageSource& source);
 
 /// Sends the plug-in its event, if its module can be loaded, and removes the printer with its data.
 void RemovePrinter(const std::string& name);
 
 /// Removes the printers of a model, sends the plug-in the driver's deletion and takes the driver
-/// out of the spooler. The driver's files are left to the uninstaller that the plug-in starts.
+/// out of the spooler. The driver's files are left to the uninstaller that the plug-in starts. Can
+/// be done again when it was killed, also without the module.
 /// \return the names of the printers removed, UTF-8.
 std::vector<std::string> UninstallDriver(const Model& model);
 

@@ -6,7 +6,6 @@
 #include <array>
 #include <charconv>
 #include <fstream>
-#include <iterator>
 #include <optional>
 #include <sstream>
 
@@ -119,11 +118,19 @@ Operands SplitEdit(const std::string& rest) {
     throw UsageFailure("expected \"type EDIT \"TEXT\"\"");
 }
 
+// More steps than any of the editor's numbers has.
+constexpr int kMostSteps = 500;
+constexpr std::size_t kLongestScript = 1 << 20;  // bytes
+
 // "User Angle -2"
 Operands SplitSteps(const std::string& rest) {
     const std::size_t blank = std::min(rest.rfind(' '), rest.size());
     const Operands operands = {Trimmed(rest.substr(0, blank)), Trimmed(rest.substr(blank))};
-    if (!ParseInteger(operands.value)) throw UsageFailure("expected \"step EDIT NUMBER\"");
+    const std::optional<int> steps = ParseInteger(operands.value);
+    if (!steps || *steps < -kMostSteps || *steps > kMostSteps) {
+        const std::string most = std::to_string(kMostSteps);
+        throw UsageFailure("expected \"step EDIT NUMBER\", a number from -" + most + " to " + most);
+    }
     return operands;
 }
 
@@ -203,8 +210,15 @@ EditScript EditScript::Parse(const std::string& text) {
 
 EditScript EditScript::Read(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
-    if (!stream) throw Failure("script " + file.native() + " cannot be read");
-    return Parse(std::string(std::istreambuf_iterator<char>(stream), {}));
+    if (!stream) throw Failure("script " + Quoted(file.native()) + " cannot be read");
+    std::string text(kLongestScript + 1, ' ');
+    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(stream.gcount()));
+    if (stream.bad()) throw Failure("script " + Quoted(file.native()) + " cannot be read");
+    if (text.size() > kLongestScript) {
+        throw Failure("script " + Quoted(file.native()) + " is too long");
+    }
+    return Parse(text);
 }
 
 void EditScript::Work(HWND dialog) {

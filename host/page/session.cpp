@@ -1,14 +1,21 @@
 #include "host/page/session.h"
 
+#include <algorithm>
+#include <array>
+
 #include "host/driver/page_items.h"
 #include "host/errors/failure.h"
 #include "platform/text/text_encoding.h"
+#include "resources/resource_ids.h"
 
 namespace host {
 namespace {
 
 // More items than any page could show are a sign of a broken plug-in.
 constexpr DWORD kMostPlugInItems = 256;
+
+constexpr int kMostTextCharacters = 260;
+constexpr auto kLostListTexts = std::to_array<UINT>({IDS_PRINTER_NOT_OPENED, IDS_LIST_NOT_STORED});
 
 // A user who may not administer the printer can still look at its pages.
 oemui::UniquePrinter OpenForPage(const std::string& name) {
@@ -140,6 +147,14 @@ LONG PageSession::PressButton(PageItem& item) {
     RequireUsable(item);
     if (!item.HasButton()) throw Failure(Quoted(item.Name()) + " has no button");
     return Report(CPSUICB_REASON_EXTPUSH, &item.Record(), item.Record().Sel);
+}
+
+bool PageSession::TellsLostList(const std::u16string& message) const {
+    std::array<WCHAR, kMostTextCharacters> text{};
+    return std::ranges::any_of(kLostListTexts, [&](UINT id) {
+        const int length = ::LoadStringW(module_.Handle(), id, text.data(), kMostTextCharacters);
+        return length > 0 && message == text.data();
+    });
 }
 
 bool PageSession::Apply() {

@@ -3,16 +3,18 @@
 #include <algorithm>
 #include <ostream>
 
+#include "host/errors/failure.h"
 #include "host/page/message_buttons.h"
 #include "platform/text/text_encoding.h"
 
 namespace host {
 
 int TerminalUser::AnswerMessageBox(const platform::MessageBoxRequest& request) {
+    messages_.emplace_back(request.text);
     const int scripted = script_ != nullptr ? script_->TakeAnswer(request.type) : 0;
     const int answer = scripted != 0 ? scripted : AnswersOf(request.type).safe;
-    out_ << "driverhost: [" << platform::Utf8(request.caption) << "] "
-         << platform::Utf8(request.text);
+    out_ << "driverhost: [" << Escaped(platform::Utf8(request.caption)) << "] "
+         << Escaped(platform::Utf8(request.text));
     if (request.type != MB_OK) {
         const auto* button = std::ranges::find(kMessageButtons, answer, &NamedNumber::number);
         out_ << " -> " << (button == kMessageButtons.end() ? "?" : button->name);

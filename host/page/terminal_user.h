@@ -3,6 +3,8 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
+#include <vector>
 
 #include "host/page/edit_script.h"
 #include "platform/user/user.h"
@@ -24,10 +26,14 @@ public:
     /// How many dialogs came up.
     [[nodiscard]] int Dialogs() const { return dialogs_; }
 
+    /// The texts of the message boxes that came up, in their order.
+    [[nodiscard]] const std::vector<std::u16string>& Messages() const { return messages_; }
+
 private:
     std::ostream& out_;
     EditScript* script_;
     int dialogs_ = 0;
+    std::vector<std::u16string> messages_;
 };
 
 }  // namespace host

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
+#include "host/errors/failure.h"
 #include "platform/text/text_encoding.h"
 
 namespace host {
@@ -15,7 +16,7 @@ void PrintChoices(const PageItem& item, std::ostream& out) {
     for (std::size_t i = 0; i < choices.size(); ++i) {
         if (!choices[i].visible) continue;
         const bool current = item.Record().Sel == static_cast<LONG>(i);
-        const std::string keyword = (current ? "*" : "") + choices[i].keyword;
+        const std::string keyword = (current ? "*" : "") + Escaped(choices[i].keyword);
         out << ' ' << (choices[i].Usable() ? keyword : "[" + keyword + "]");
     }
 }
@@ -40,7 +41,7 @@ void PrintTreeItem(const PageItem& item, std::ostream& out) {
     line += item.Name();
     if (item.Kind() != ItemKind::Group) {
         line.resize(std::max(line.size() + 2, kValueColumn), ' ');
-        line += item.SelectionText() + Notes(item);
+        line += Escaped(item.SelectionText()) + Notes(item);
     }
     out << line << '\n';
 }
@@ -48,9 +49,10 @@ void PrintTreeItem(const PageItem& item, std::ostream& out) {
 }  // namespace
 
 void PrintPage(PageSession& page, std::ostream& out) {
-    out << platform::Utf8(page.Printer().name) << " (" << platform::Utf8(page.Printer().driver)
-        << ", model " << page.PrinterModel().letter << "), "
-        << (page.Kind() == PageKind::Document ? "document settings" : "printer settings") << '\n';
+    out << Escaped(platform::Utf8(page.Printer().name)) << " ("
+        << platform::Utf8(page.Printer().driver) << ", model " << page.PrinterModel().letter
+        << "), " << (page.Kind() == PageKind::Document ? "document settings" : "printer settings")
+        << '\n';
     for (const PageItem& item : page.Items()) {
         if (item.Visible()) PrintTreeItem(item, out);
     }

@@ -17,9 +17,12 @@ namespace {
 constexpr DWORD kMostDataBytes = 1024;
 
 PrinterSummary Summarize(const PRINTER_INFO_2W& record) {
-    return {RecordText(record.pPrinterName), RecordText(record.pPortName),
-            RecordText(record.pDriverName), RecordText(record.pPrintProcessor),
-            (record.Attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0};
+    return {RecordText(record.pPrinterName),
+            RecordText(record.pPortName),
+            RecordText(record.pDriverName),
+            RecordText(record.pPrintProcessor),
+            (record.Attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0,
+            record.pDevMode != nullptr};
 }
 
 [[noreturn]] void RefuseForm(const std::string& definition) {

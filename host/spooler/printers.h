@@ -20,6 +20,7 @@ struct PrinterSummary {
     std::u16string driver;
     std::u16string printProcessor;
     bool bidirectional = false;
+    bool isComplete = false;  ///< it has its default devmode, which installing gives it last
 };
 
 struct Form {

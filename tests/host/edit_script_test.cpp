@@ -1,6 +1,9 @@
 // Working in the watermark editor by a script.
 #include "host/page/edit_script.h"
 
+#include <windows.h>
+
+#include "platform/faults/failure_points.h"
 #include "tests/host/host_fixture.h"
 
 namespace host {
@@ -61,6 +64,15 @@ TEST_F(EditorScript, StopsAtTheLineThatCannotBeDone) {
     EXPECT_EQ(settings["WatermarkOn"], 0);
 }
 
+TEST_F(EditorScript, FailsWhenTheListIsNotStored) {
+    Install("Office", "T");
+    Do({"document", "Office"});
+    const platform::FailurePlan full("SetPrinterDataW", 0, ERROR_DISK_FULL);
+    const CommandResult result = Edit("press New\npress OK\nanswer OK\n", {"--apply"});
+    EXPECT_EQ(result.code, 1);
+    EXPECT_THAT(result.err, HasSubstr("driverhost: the list of watermarks was not stored"));
+}
+
 TEST_F(EditorScript, NeedsAnEnabledWatermark) {
     Install("Office", "T");
     const CommandResult result = Edit("press OK\n", {"-o", "Watermark=Disabled"});
@@ -78,6 +90,8 @@ TEST(EditScriptLines, ThatAreNotUnderstoodAreToldByTheirNumber) {
         {"type Name\n", "line 1: expected \"type EDIT"},
         {"answer Perhaps\n", "line 1: no answer \"Perhaps\""},
         {"press\n", "line 1: \"press\" says not what"},
+        {"step Size 501\n", "line 1: expected \"step EDIT NUMBER\", a number from -500 to 500"},
+        {"step Size -2147483648\n", "line 1: expected \"step EDIT NUMBER\""},
     };
     for (const auto& row : rows) {
         try {

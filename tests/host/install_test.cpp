@@ -6,6 +6,8 @@
 #include <iterator>
 #include <tuple>
 
+#include "common/unique_handle.h"
+#include "host/spooler/printers.h"
 #include "platform/base/machine.h"
 #include "platform/spooler/ports.h"
 #include "platform/text/text_encoding.h"
@@ -99,6 +101,9 @@ TEST_F(Installation, RefusesWhatCannotBeInstalled) {
          2,
          "needs --address"},
         {{"install", "New", "--model", "T"}, 2, "--port is required"},
+        {{"install", "..\\..\\x", "--model", "T", "--port", "P"}, 2, "no name for a printer"},
+        {{"install", std::string(1000, 'x'), "--model", "T", "--port", "P"}, 2, "xxx...\" is no"},
+        {{"remove", "\x1B[2J\xC2\x9B"}, 1, "no printer \"\\x1B[2J\\x9B\""},
         {{"remove", "Offic"}, 1, "did you mean \"Office\"?"},
         {{"forms", "Office", "--add", "A4=210x297"}, 1, "the name is taken"},
         {{"forms", "Office", "--add", "Tiny=0x10"}, 2, "expected Name=WIDTHxHEIGHT"},
@@ -117,6 +122,99 @@ TEST_F(Installation, RefusesWhatCannotBeInstalled) {
     EXPECT_FALSE(platform::spooler::FindPortAddress(u"P").has_value());
     source_.packages = Folder() / "nowhere";
     EXPECT_EQ(Run({"install", "New", "--model", "T", "--port", "P"}).code, 1);
+    std::ostringstream out;
+    std::ostringstream err;
+    EXPECT_EQ(RunHost({"list", "--machine", ""}, out, err, source_), 2);
+}
+
+TEST_F(Installation, CompletesWhatAKilledOneLeft) {
+    Install("Office", "T");
+    {
+        // As it was before its devmode was stored, with a file half copied.
+        const oemui::UniquePrinter printer = OpenNamedPrinter("Office", PRINTER_ALL_ACCESS);
+        ASSERT_TRUE(::DeletePrinter(printer.Get()));
+        PRINTER_INFO_2W record{};
+        std::u16string texts[] = {u"Office", u"USB001", u"pigmentra 7140RZ", u"winprint"};
+        record.pPrinterName = texts[0].data();
+        record.pPortName = texts[1].data();
+        record.pDriverName = texts[2].data();
+        record.pPrintProcessor = texts[3].data();
+        const oemui::UniquePrinter half(
+            ::AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&record)));
+        ASSERT_TRUE(half);
+    }
+    const fs::path left = WriteFile(platform::DriverFolder() / "QVRU__UI.DLL.1.new", "half");
+    EXPECT_EQ(Run({"install", "Office", "--model", "T", "--port", "LPT1:"}).code, 1);
+    Install("Office", "T");
+    EXPECT_EQ(Do({"list", "--json"}).Json()[0]["driverData"]["EAIDCDisable"], 1);
+    EXPECT_FALSE(fs::exists(left));
+    EXPECT_EQ(Run({"install", "Office", "--model", "T", "--port", "USB001"}).code, 1);
+    // An uninstallation that was killed after the uninstaller had done its work.
+    fs::remove(platform::DriverFolder() / "QVRT__UI.DLL");
+    Do({"uninstall", "--model", "T"});
+}
+
+TEST_F(Installation, KeepsWhatIsInstalledBehindAnUninstaller) {
+    for (int round = 0; round < 5; ++round) {
+        Install("Office", "T");
+        Do({"uninstall", "--model", "T"});
+    }
+    Install("Office", "T");
+    const auto started = [this] {
+        const std::string log = ReadFile("machine.log");
+        std::size_t ended = 0;
+        for (const char* end : {"\ndone\n", "its files stay\n"}) {
+            for (std::size_t at = 0; (at = log.find(end, at)) != log.npos; ++at) ++ended;
+        }
+        return ended;
+    };
+    for (int wait = 0; wait < 200 && started() < 5; ++wait) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    EXPECT_EQ(started(), 5u);
+    EXPECT_TRUE(fs::exists(platform::DriverFolder() / "QVRT__UI.DLL"));
+    EXPECT_TRUE(fs::exists(Folder() / "Windows/QVRT_UNI.INI"));
+    Do({"document", "Office"});
+}
+
+TEST_F(Installation, NothingLeavesTheMachineOverLinks) {
+    const fs::path outside = Folder().parent_path() / (Folder().filename().native() + "-outside");
+    fs::create_directories(outside);
+    std::ofstream(outside / "file") << "kept";
+    fs::create_symlink(outside / "file", Folder() / "machine.log");
+    Install("Office", "T");
+    const fs::path module = platform::DriverFolder() / "QVRT__UI.DLL";
+    fs::rename(module, outside / "QVRT__UI.DLL");
+    fs::create_symlink(outside / "QVRT__UI.DLL", module);
+    EXPECT_THAT(Run({"document", "Office"}).err, HasSubstr("outside the machine"));
+    Install("Second", "T");
+    Do({"uninstall", "--model", "T"});
+    fs::create_directories(platform::MachineFolder() / "Windows/System32/spool/prtprocs");
+    fs::remove_all(platform::MachineFolder() / "Windows/System32/spool/prtprocs");
+    fs::create_symlink(outside, platform::MachineFolder() / "Windows/System32/spool/prtprocs");
+    EXPECT_THAT(Run({"install", "Third", "--model", "U", "--port", "P"}).err,
+                HasSubstr("is a link elsewhere"));
+    EXPECT_FALSE(fs::exists(outside / "x64"));
+    std::string kept;
+    std::ifstream(outside / "file") >> kept;
+    EXPECT_EQ(kept, "kept");
+    fs::remove_all(outside);
+}
+
+TEST_F(Installation, ListsTheOthersWhenOneNameIsDamaged) {
+    Install("Office", "T");
+    Install("Studio", "U");
+    HKEY key = nullptr;
+    ::RegOpenKeyW(HKEY_LOCAL_MACHINE,
+                  u"System\\CurrentControlSet\\Control\\Print\\Printers\\Office", &key);
+    const char16_t damaged[] = u"\x1B[2J";
+    ::RegSetValueExW(key, u"Name", 0, REG_SZ, reinterpret_cast<const BYTE*>(damaged),
+                     sizeof damaged);
+    ::RegCloseKey(key);
+    EXPECT_TRUE(Do({"list", "--json"}).Json()[0]["driverData"].is_null());
+    const std::string list = Do({"list"}).out;
+    EXPECT_THAT(list, HasSubstr("\\x1B[2J\n"));
+    EXPECT_THAT(list, HasSubstr("Studio\n"));
 }
 
 TEST_F(Installation, FormsAreListedAsTheyAreAdded) {
