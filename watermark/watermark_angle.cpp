@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "common/page_state.h"
+#include "common/current_printer.h"
 #include "common/unique_handle.h"
 
 namespace oemui {

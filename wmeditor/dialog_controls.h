@@ -19,7 +19,8 @@ public:
     Control(HWND dialog, int id) : dialog_(dialog), id_(id) {}
 
     [[nodiscard]] HWND Window() const { return ::GetDlgItem(dialog_, id_); }
-    [[nodiscard]] LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
+    // NOLINTNEXTLINE(modernize-use-nodiscard): to many messages nobody needs the answer
+    LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
         return ::SendDlgItemMessageW(dialog_, id_, message, first, second);
     }
 
@@ -70,9 +71,8 @@ public:
     void Renumber(LRESULT position, LPARAM number) const {
         if (SendToList(CB_SETITEMDATA, position, number) < 0) Remove(position);
     }
-    [[nodiscard]] LRESULT Remove(LRESULT position) const {
-        return SendToList(CB_DELETESTRING, position);
-    }
+    // NOLINTNEXTLINE(modernize-use-nodiscard): an item that is gone already is no loss
+    LRESULT Remove(LRESULT position) const { return SendToList(CB_DELETESTRING, position); }
     [[nodiscard]] LRESULT Count() const { return SendToList(CB_GETCOUNT); }
     [[nodiscard]] LRESULT Find(LPCWSTR text) const { return SendText(CB_FINDSTRINGEXACT, text); }
     void Select(LRESULT position) const { SendToList(CB_SETCURSEL, position); }
@@ -106,7 +106,8 @@ private:
     LRESULT SendText(UINT message, LPCWSTR text) const {
         return SendToList(message, 0, reinterpret_cast<LPARAM>(text));
     }
-    [[nodiscard]] LRESULT SendToList(UINT message, LRESULT position = 0, LPARAM second = 0) const {
+    // NOLINTNEXTLINE(modernize-use-nodiscard): to many messages nobody needs the answer
+    LRESULT SendToList(UINT message, LRESULT position = 0, LPARAM second = 0) const {
         const HWND window = Window();
         if (window == nullptr) return CB_ERR;
         return ::SendMessageW(window, message, static_cast<WPARAM>(position), second);

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "common/current_printer.h"
 #include "common/driver_info.h"
 #include "common/model_identity.h"
-#include "common/page_state.h"
 #include "common/unique_handle.h"
 #include "resources/resource_ids.h"
 

@@ -4,7 +4,7 @@
 /// is kept between paints but the page control's place and size. User-interface thread only.
 #pragma once
 
-#include "common/page_state.h"
+#include "common/current_printer.h"
 #include "watermark/watermark_list.h"
 
 namespace oemui {

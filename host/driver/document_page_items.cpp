@@ -15,8 +15,8 @@ ItemSpec Spec(const char16_t* name, const char* keyword, BYTE publicId) {
 /// A list over a number of the devmode, whose values the choices name.
 template <typename Number>
 void AddField(OptionItems& items, const ItemSpec& spec, Number& field,
-              std::vector<ChoiceSpec> choices) {
-    items.AddList(spec, std::move(choices), static_cast<LONG>(field),
+              const std::vector<ChoiceSpec>& choices) {
+    items.AddList(spec, choices, static_cast<LONG>(field),
                   [&field](LONG value) { field = static_cast<Number>(value); });
 }
 

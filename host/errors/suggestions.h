@@ -1,6 +1,7 @@
 /// Near names for a name that is not known: of a printer, an item, a choice, a control.
 #pragma once
 
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,7 @@ namespace host {
 template <typename Rows>
 [[nodiscard]] std::vector<std::string> NamesOf(const Rows& rows) {
     std::vector<std::string> names;
+    names.reserve(std::size(rows));
     for (const auto& row : rows) names.emplace_back(row.name);
     return names;
 }

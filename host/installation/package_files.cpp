@@ -33,7 +33,7 @@ std::error_code LastFileError() {
 
 // A folder of the machine, made when missing; a link on the way to it is no folder of the machine.
 fs::path OwnFolder(const char* relative) {
-    const fs::path folder = platform::MachineFolder() / relative;
+    fs::path folder = platform::MachineFolder() / relative;
     std::error_code error;
     const fs::path real = fs::weakly_canonical(folder, error);
     if (!error && real != folder) throw Failure(Quoted(folder.native()) + " is a link elsewhere");
@@ -97,7 +97,7 @@ fs::path Installed(const Model& model) {
 
 fs::path PackageFolder(const Model& model, const PackageSource& source) {
     const std::string letter(1, model.letter);
-    const fs::path folder = source.packages / letter;
+    fs::path folder = source.packages / letter;
     std::error_code error;
     if (fs::exists(folder / platform::Utf8(model.ModuleName()), error)) return folder;
     throw Failure("the package of model " + letter + " is not in " + Quoted(folder.native()));

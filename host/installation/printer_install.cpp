@@ -70,7 +70,7 @@ std::string ShortName(const std::string& name) {
 }
 
 std::u16string CheckedShortName(const std::string& name) {
-    const std::u16string shortName = platform::Utf16(ShortName(name));
+    std::u16string shortName = platform::Utf16(ShortName(name));
     if (shortName.empty() || shortName.size() > kLongestName ||
         shortName.find_first_of(u",\\") != std::u16string::npos) {
         RefuseName(name);

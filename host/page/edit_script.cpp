@@ -125,7 +125,7 @@ constexpr std::size_t kLongestScript = 1 << 20;  // bytes
 // "User Angle -2"
 Operands SplitSteps(const std::string& rest) {
     const std::size_t blank = std::min(rest.rfind(' '), rest.size());
-    const Operands operands = {Trimmed(rest.substr(0, blank)), Trimmed(rest.substr(blank))};
+    Operands operands = {Trimmed(rest.substr(0, blank)), Trimmed(rest.substr(blank))};
     const std::optional<int> steps = ParseInteger(operands.value);
     if (!steps || *steps < -kMostSteps || *steps > kMostSteps) {
         const std::string most = std::to_string(kMostSteps);

@@ -120,7 +120,7 @@ private:
         return !reset;
     }
 
-    bool Pause(milliseconds delay) const {
+    [[nodiscard]] bool Pause(milliseconds delay) const {
         const auto end = Clock::now() + delay;
         while (printer_.Running() && Clock::now() < end) {
             std::this_thread::sleep_for(milliseconds(kTick));
@@ -128,7 +128,7 @@ private:
         return printer_.Running();
     }
 
-    bool SendAll(std::string_view bytes) const {
+    [[nodiscard]] bool SendAll(std::string_view bytes) const {
         while (!bytes.empty() && printer_.Running()) {
             if (!WaitFor(descriptor_, POLLOUT)) continue;
             const ssize_t sent =

@@ -201,7 +201,7 @@ public:
     FileActions(const FileActions&) = delete;
     FileActions& operator=(const FileActions&) = delete;
 
-    const posix_spawn_file_actions_t* Get() const { return &actions_; }
+    [[nodiscard]] const posix_spawn_file_actions_t* Get() const { return &actions_; }
 
 private:
     posix_spawn_file_actions_t actions_;

@@ -41,7 +41,7 @@ public:
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
 
-    DWORD Error() const { return error_; }
+    [[nodiscard]] DWORD Error() const { return error_; }
     Connection& operator*() const { return passing != nullptr ? *passing : *current; }
 
 private:

@@ -39,10 +39,10 @@ public:
     TimeSpent& operator=(const TimeSpent&) = delete;
 
     void AddTurn() { turns_ += kTurn; }
-    int Left() const { return left_ - Milliseconds(); }
+    [[nodiscard]] int Left() const { return left_ - Milliseconds(); }
 
 private:
-    int Milliseconds() const {
+    [[nodiscard]] int Milliseconds() const {
         const auto passed = SteadyClock::now() - start_;
         const auto count = std::chrono::duration_cast<std::chrono::milliseconds>(passed).count();
         return std::max(turns_, static_cast<int>(count));
@@ -79,7 +79,7 @@ public:
     DWORD Receive(TimeSpent* time, std::vector<BYTE>* answer);
 
 private:
-    bool WaitOneTurn() const {
+    [[nodiscard]] bool WaitOneTurn() const {
         if (net::WaitReadable(descriptor_, kTurnOnSocket)) return true;
         Sleep(kTurnOnClock);
         return false;

@@ -1,4 +1,4 @@
-#include "common/page_state.h"
+#include "common/current_printer.h"
 #include "platform/faults/failure_points.h"
 #include "resources/resource_ids.h"
 #include "tests/support/plugin_fixture.h"

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "common/page_state.h"
+#include "common/current_printer.h"
 #include "resources/resource_ids.h"
 #include "tests/support/plugin_fixture.h"
 #include "tests/support/scripted_user.h"

@@ -16,7 +16,9 @@ public:
     using Button::Button;
 
 protected:
-    bool hitButton(const QPoint& point) const override { return this->rect().contains(point); }
+    [[nodiscard]] bool hitButton(const QPoint& point) const override {
+        return this->rect().contains(point);
+    }
 };
 
 class RadioButton : public HitAnywhere<QRadioButton> {

@@ -13,15 +13,15 @@ class ButtonControl : public Control {
 public:
     ButtonControl(ControlOwner& owner, const ControlTemplate& made);
 
-    QString Text() const override;
+    [[nodiscard]] QString Text() const override;
     void SetText(const QString& text) override;
     LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
     void FocusChanged(bool has) override;
     void Press() override;
-    bool IsPushButton() const override;
-    bool IsRadioButton() const override;
-    bool IsDefault() const;
-    bool IsChecked() const;
+    [[nodiscard]] bool IsPushButton() const override;
+    [[nodiscard]] bool IsRadioButton() const override;
+    [[nodiscard]] bool IsDefault() const;
+    [[nodiscard]] bool IsChecked() const;
     /// Sets the state and tells nobody; a radio button that is not checked is no tab stop.
     void Check(bool checked);
 

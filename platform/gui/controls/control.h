@@ -17,23 +17,23 @@ public:
     /// The control that shows a widget; may be null.
     [[nodiscard]] static Control* Of(const QWidget* widget);
 
-    ControlOwner& Owner() const { return owner_; }
-    bool IsTabStop() const { return tabStop_; }
-    bool StartsGroup() const { return startsGroup_; }
+    [[nodiscard]] ControlOwner& Owner() const { return owner_; }
+    [[nodiscard]] bool IsTabStop() const { return tabStop_; }
+    [[nodiscard]] bool StartsGroup() const { return startsGroup_; }
     /// Whether the focus may be given to it.
-    bool TakesFocus() const;
+    [[nodiscard]] bool TakesFocus() const;
     void GiveFocus();
 
     /// Tells the control, and through it the program, that it has got or lost the focus.
     virtual void FocusChanged(bool) {}
     /// Whether a key is the control's own, before the dialog looks at it.
-    virtual bool WantsKey(const QKeyEvent&) const { return false; }
+    [[nodiscard]] virtual bool WantsKey(const QKeyEvent&) const { return false; }
     /// Letters typed into it are its own, not mnemonics.
-    virtual bool TypesText() const { return false; }
+    [[nodiscard]] virtual bool TypesText() const { return false; }
     /// What a mnemonic or the dialog's default key does to a button, as a click would.
     virtual void Press() {}
-    virtual bool IsPushButton() const { return false; }
-    virtual bool IsRadioButton() const { return false; }
+    [[nodiscard]] virtual bool IsPushButton() const { return false; }
+    [[nodiscard]] virtual bool IsRadioButton() const { return false; }
 
 protected:
     Control(WindowKind kind, ControlOwner& owner, const ControlTemplate& made);

@@ -10,7 +10,7 @@ namespace platform {
 
 class ControlOwner : public Window {
 public:
-    virtual bool HasEnded() const = 0;
+    [[nodiscard]] virtual bool HasEnded() const = 0;
     /// Sends WM_COMMAND.
     virtual void Command(int controlId, int code, HWND control) = 0;
     /// Shows a push button as the one that Enter presses; null: the template's.
@@ -18,12 +18,14 @@ public:
     /// A key pressed in a control (null: in none). \return whether the key is used up.
     virtual bool HandleKey(Control* focused, const QKeyEvent& event) = 0;
 
-    Control* Find(int controlId) const;  ///< null when there is none
-    const std::vector<std::unique_ptr<Control>>& Controls() const { return controls_; }
+    [[nodiscard]] Control* Find(int controlId) const;  ///< null when there is none
+    [[nodiscard]] const std::vector<std::unique_ptr<Control>>& Controls() const {
+        return controls_;
+    }
     /// The control before another in the template; null for the first.
-    Control* Before(const Control& control) const;
+    [[nodiscard]] Control* Before(const Control& control) const;
     /// The group that a control belongs to, in the template's order.
-    std::vector<Control*> GroupOf(const Control& control) const;
+    [[nodiscard]] std::vector<Control*> GroupOf(const Control& control) const;
 
 protected:
     using Window::Window;

@@ -12,21 +12,21 @@ public:
     DropDownList(ControlOwner& owner, const ControlTemplate& made);
     ~DropDownList() override;
 
-    QString Text() const override;
+    [[nodiscard]] QString Text() const override;
     LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
     void FocusChanged(bool has) override;
-    bool WantsKey(const QKeyEvent& event) const override;
-    bool TypesText() const override { return true; }
+    [[nodiscard]] bool WantsKey(const QKeyEvent& event) const override;
+    [[nodiscard]] bool TypesText() const override { return true; }
     /// The height of a template's list is the one it has when open.
     void Place(const QRect& place) override;
 
-    int Count() const { return static_cast<int>(items_.size()); }
-    const QString& ItemText(int index) const {
+    [[nodiscard]] int Count() const { return static_cast<int>(items_.size()); }
+    [[nodiscard]] const QString& ItemText(int index) const {
         return items_[static_cast<std::size_t>(index)].text;
     }
-    int Selection() const { return selection_; }
-    int FindExact(const QString& text, int after) const;
-    bool IsOpen() const { return open_; }
+    [[nodiscard]] int Selection() const { return selection_; }
+    [[nodiscard]] int FindExact(const QString& text, int after) const;
+    [[nodiscard]] bool IsOpen() const { return open_; }
     void Open();
     /// \param accepted  whether an item was picked or confirmed, or the list merely closed.
     void Close(bool accepted);
@@ -43,17 +43,17 @@ private:
         LPARAM value = 0;
     };
 
-    bool Has(WPARAM index) const { return index < items_.size(); }
+    [[nodiscard]] bool Has(WPARAM index) const { return index < items_.size(); }
     int Add(const QString& text);
     LRESULT Delete(WPARAM index);
     void Select(int index);
     void HandleKey(QKeyEvent& event);
     /// The item that a key leads to; -1 when it is no key of lists.
-    int TargetOfKey(const QKeyEvent& event) const;
-    int FindInitial(QChar letter) const;
+    [[nodiscard]] int TargetOfKey(const QKeyEvent& event) const;
+    [[nodiscard]] int FindInitial(QChar letter) const;
     /// The user moves to an item by key or wheel.
     void MoveTo(int index);
-    int DroppedWidth() const;
+    [[nodiscard]] int DroppedWidth() const;
 
     std::vector<Item> items_;
     Popup* popup_;

@@ -40,7 +40,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QRect PlaceOnScreen(int width, int height) const;
+    [[nodiscard]] QRect PlaceOnScreen(int width, int height) const;
 
     DropDownList& list_;
     QListWidget* items_;

@@ -11,12 +11,12 @@ class EditControl : public Control {
 public:
     EditControl(ControlOwner& owner, const ControlTemplate& made);
 
-    QString Text() const override;
+    [[nodiscard]] QString Text() const override;
     /// Limits and digits-only do not hold for a program; it is told of its own change.
     void SetText(const QString& text) override;
     LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
     void FocusChanged(bool has) override;
-    bool TypesText() const override { return true; }
+    [[nodiscard]] bool TypesText() const override { return true; }
 
     /// The up-down that the arrow keys step.
     void SetUpDown(UpDown* upDown) { upDown_ = upDown; }

@@ -9,7 +9,7 @@ namespace platform {
 class StaticControl : public Control {
 public:
     StaticControl(ControlOwner& owner, const ControlTemplate& made);
-    QString Text() const override { return text_; }
+    [[nodiscard]] QString Text() const override { return text_; }
     void SetText(const QString& text) override;
     void Place(const QRect& place) override;
 
@@ -24,6 +24,7 @@ private:
 class GroupBox : public StaticControl {
 public:
     GroupBox(ControlOwner& owner, const ControlTemplate& made);
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): a title is cut, a label is never
     void Place(const QRect& place) override { Control::Place(place); }
 };
 

@@ -24,7 +24,7 @@ public:
     /// Shows the dialog and lets the user work until it ends. \return what it ended with.
     INT_PTR Run(LPARAM parameter);
     void End(INT_PTR result);
-    bool HasEnded() const override { return ended_; }
+    [[nodiscard]] bool HasEnded() const override { return ended_; }
     /// Runs the windows' own loop until the dialog has ended.
     void WaitForEnd();
 
@@ -42,7 +42,7 @@ public:
     /// Sends WM_PAINT soon, once however often it is asked for.
     void RequestPaint();
 
-    QString Text() const override;
+    [[nodiscard]] QString Text() const override;
     void SetText(const QString& text) override;
     LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
     void Place(const QRect& place) override;

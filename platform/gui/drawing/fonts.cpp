@@ -35,7 +35,7 @@ struct FontCatalogue {
     QHash<QString, QString> realNames;  ///< lower-case face name to the system's family
 
     void Add(const QString& shown, const QString& real);
-    bool Has(const QString& face) const { return realNames.contains(face.toLower()); }
+    [[nodiscard]] bool Has(const QString& face) const { return realNames.contains(face.toLower()); }
 };
 
 void FontCatalogue::Add(const QString& shown, const QString& real) {

@@ -25,9 +25,9 @@ public:
     GraphicsObject(const GraphicsObject&) = delete;
     GraphicsObject& operator=(const GraphicsObject&) = delete;
 
-    GraphicsKind Kind() const { return kind_; }
-    bool IsStock() const { return lifetime_ == Lifetime::kStock; }
-    HGDIOBJ Handle() const { return handle_; }
+    [[nodiscard]] GraphicsKind Kind() const { return kind_; }
+    [[nodiscard]] bool IsStock() const { return lifetime_ == Lifetime::kStock; }
+    [[nodiscard]] HGDIOBJ Handle() const { return handle_; }
 
     int selections = 0;  ///< contexts that hold the object now
 

@@ -59,7 +59,7 @@ public:
         gap_ = " ";
     }
 
-    const std::string& Text() const { return text_; }
+    [[nodiscard]] const std::string& Text() const { return text_; }
 
 private:
     std::string text_;

@@ -20,7 +20,7 @@ class Reader {
 public:
     explicit Reader(std::span<const unsigned char> bytes) : bytes_(bytes) {}
 
-    bool Whole() const { return whole_; }
+    [[nodiscard]] bool Whole() const { return whole_; }
 
     WORD Word() {
         if (bytes_.size() - position_ < 2) {

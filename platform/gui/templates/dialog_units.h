@@ -16,9 +16,9 @@ class DialogUnits {
 public:
     explicit DialogUnits(const DialogTemplate& dialog);
 
-    const QFont& Font() const { return font_; }
+    [[nodiscard]] const QFont& Font() const { return font_; }
     /// Pixels at 96 dots per inch, each side rounded to the nearest.
-    QRect ToPixels(int x, int y, int width, int height) const;
+    [[nodiscard]] QRect ToPixels(int x, int y, int width, int height) const;
 
 private:
     QFont font_;

@@ -28,14 +28,14 @@ public:
     /// The desktop: no parent, no widget, its client area begins at (0, 0) of the screen.
     static Window& Desktop();
 
-    HWND Handle() const { return handle_; }
-    WindowKind Kind() const { return kind_; }
-    Window* Parent() const { return parent_; }
-    int ControlId() const { return controlId_; }  ///< 0 for everything but controls
-    QWidget* Widget() const { return widget_; }   ///< null for the desktop
-    QSize ClientSize() const;                     ///< pixels at 96 dots per inch
-    QPoint ClientOrigin() const;                  ///< on the screen
-    QFont Font() const;                           ///< the font of the dialog's template
+    [[nodiscard]] HWND Handle() const { return handle_; }
+    [[nodiscard]] WindowKind Kind() const { return kind_; }
+    [[nodiscard]] Window* Parent() const { return parent_; }
+    [[nodiscard]] int ControlId() const { return controlId_; }  ///< 0 for everything but controls
+    [[nodiscard]] QWidget* Widget() const { return widget_; }   ///< null for the desktop
+    [[nodiscard]] QSize ClientSize() const;                     ///< pixels at 96 dots per inch
+    [[nodiscard]] QPoint ClientOrigin() const;                  ///< on the screen
+    [[nodiscard]] QFont Font() const;  ///< the font of the dialog's template
 
     /// What device contexts of this window draw into: of the client size, at first in the colour
     /// of the window. A change of the client size begins a new image. An empty client area has an
@@ -44,10 +44,10 @@ public:
     /// Shows the image, at once when the window is on the screen.
     void ShowBacking();
     /// Whether there is an image to show in place of the window's own face.
-    bool HasDrawing() const;
+    [[nodiscard]] bool HasDrawing() const;
 
     /// The window's text; a list's is its selected item's.
-    virtual QString Text() const { return {}; }
+    [[nodiscard]] virtual QString Text() const { return {}; }
     virtual void SetText(const QString&) {}
     /// What the window does about a message; 0 for one it does not know.
     virtual LRESULT Receive(UINT, WPARAM, LPARAM) { return 0; }
