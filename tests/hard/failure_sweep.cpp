@@ -54,17 +54,20 @@ public:
             const FailurePlan plan(CallAt(place), WayAt(place).error, WayAt(place).failing);
             scenario_->Run();
         }
-        const std::string wrong = ChangeSince(open) + WrongWithStored();
-        return wrong.empty() ? wrong : points_[place / std::size(kWays)] + ": " + wrong;
+        const std::string& point = points_[place / std::size(kWays)];
+        const std::string wrong = ChangeSince(open) + WrongWithStored(point);
+        return wrong.empty() ? wrong : point + ": " + wrong;
     }
 
 private:
     static int CallAt(std::size_t place) { return static_cast<int>(place / std::size(kWays)) + 1; }
     static const Way& WayAt(std::size_t place) { return kWays[place % std::size(kWays)]; }
 
-    std::string WrongWithStored() const {
+    std::string WrongWithStored(std::string_view point) const {
         const std::string stored = scenario_->StoredList();
         const std::string names = NamesIn(stored);
+        // A list that cannot be read counts as missing: the defaults, none here, take its place.
+        if (point == "GetPrinterDataW" && names.empty()) return {};
         if (names == before_ || names == after_) return WrongWith(stored);
         return "neither the old list nor the new one: " + names;
     }
