@@ -8,7 +8,7 @@
 #include "frame/module_counters.h"
 
 // Every reason records the handle again; no reason makes the load fail.
-extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved*/) {
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved*/) noexcept {
     oemui::RecordPluginModule(module);
     if (reason == DLL_PROCESS_ATTACH) {
         WCHAR path[MAX_PATH] = {};
@@ -19,6 +19,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved
     return TRUE;
 }
 
+// The platform declares the exports without a promise about exceptions, so they cannot give one.
 STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
     if (!(clsid == CLSID_OEMUI)) return CLASS_E_CLASSNOTAVAILABLE;
     auto* factory = new (std::nothrow) oemui::OemUiClassFactory;
