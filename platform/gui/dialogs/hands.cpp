@@ -165,7 +165,7 @@ bool StepUpDown(HWND dialog, int upDownId, int steps) {
     Control* control = UsableControl(dialog, upDownId);
     if (control == nullptr || control->Kind() != WindowKind::kUpDown || steps == 0) return false;
     ClosePopups();
-    for (int step = 0; step < std::abs(steps); ++step) {
+    for (long long step = std::abs(static_cast<long long>(steps)); step > 0; --step) {
         control = UsableControl(dialog, upDownId);
         if (control == nullptr) return false;
         const QRect face = control->Widget()->rect();
