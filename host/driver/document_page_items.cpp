@@ -42,7 +42,7 @@ void AddSources(OptionItems& items, const Model& model, DEVMODEW& fields) {
     if (model.hasTray3) choices.push_back({u"Tray 3", "Tray3", 3});
     choices.push_back({u"Manual Feed", "ManualFeed", 4});
     AddField(items, Spec(u"Paper Source", "InputSlot", DMPUB_DEFSOURCE), fields.dmDefaultSource,
-             std::move(choices));
+             choices);
 }
 
 void AddPaper(OptionItems& items, HANDLE printer, const Model& model, DEVMODEW& fields) {
