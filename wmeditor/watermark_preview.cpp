@@ -34,7 +34,7 @@ public:
     PaintCycle& operator=(const PaintCycle&) = delete;
     ~PaintCycle() { ::EndPaint(window_, &paint_); }
 
-    HDC Get() const { return context_; }
+    [[nodiscard]] HDC Get() const { return context_; }
 
 private:
     HWND window_;
@@ -49,9 +49,11 @@ public:
         if (control != nullptr) ::GetClientRect(control, &area_);
     }
 
-    HDC Get() const { return context_.Get(); }
-    const RECT& Area() const { return area_; }
-    bool CanBeDrawn() const { return Get() != nullptr && area_.right > 0 && area_.bottom > 0; }
+    [[nodiscard]] HDC Get() const { return context_.Get(); }
+    [[nodiscard]] const RECT& Area() const { return area_; }
+    [[nodiscard]] bool CanBeDrawn() const {
+        return Get() != nullptr && area_.right > 0 && area_.bottom > 0;
+    }
 
 private:
     WindowContext context_;
@@ -68,7 +70,7 @@ public:
         ::SelectObject(context_.Get(), bitmap_.Get());
     }
 
-    HDC Get() const { return context_.Get(); }
+    [[nodiscard]] HDC Get() const { return context_.Get(); }
 
     void Fill(int stockBrush) {
         ::FillRect(Get(), &surface_.Area(), static_cast<HBRUSH>(::GetStockObject(stockBrush)));
