@@ -180,6 +180,9 @@ BOOL WINAPI EnumFormsW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, L
 /// PRINTER_ACCESS_ADMINISTER. Fails with ERROR_INVALID_FORM_NAME for an empty or too long name,
 /// ERROR_INVALID_FORM_SIZE for an empty size, ERROR_FILE_EXISTS when the name is taken.
 BOOL WINAPI AddFormW(HANDLE printer, DWORD level, LPBYTE record);
+/// Takes a form of the user's away. Needs PRINTER_ACCESS_ADMINISTER. Fails with
+/// ERROR_INVALID_FORM_NAME when there is none, ERROR_INVALID_PARAMETER for the platform's own.
+BOOL WINAPI DeleteFormW(HANDLE printer, LPWSTR name);
 
 /// What a printer can do. \param port  any. \param output  null to learn the number of entries.
 /// \param devmode  not looked at. \return the number of entries; -1 on failure.

@@ -137,6 +137,22 @@ DWORD Add(HANDLE handle, DWORD level, const FORM_INFO_1W* info) {
     return ChangeAtOnce([info] { return AddUserForm(*info); });
 }
 
+DWORD RemoveUserForm(std::u16string_view name) {
+    std::vector<Form> forms;
+    if (const DWORD error = ListForms(&forms)) return error;
+    const Form* form = FindForm(forms, name);
+    if (form == nullptr) return ERROR_INVALID_FORM_NAME;
+    return form->builtIn ? ERROR_INVALID_PARAMETER : RemoveKey(SubKeyPath(kFormsPath, form->name));
+}
+
+DWORD Delete(HANDLE handle, LPCWSTR name) {
+    if (name == nullptr) return ERROR_INVALID_FORM_NAME;
+    OpenPrinter opened;
+    const DWORD error = FindHandle(handle, PRINTER_ACCESS_ADMINISTER, &opened);
+    if (error != ERROR_SUCCESS) return error;
+    return ChangeAtOnce([name] { return RemoveUserForm(name); });
+}
+
 FORM_INFO_1W PackForm(const Form& form, RecordTail& tail) {
     const DWORD flags = form.builtIn ? FORM_BUILTIN : FORM_USER;
     return {flags, tail.AddText(form.name), form.size, form.area};
@@ -204,4 +220,9 @@ BOOL WINAPI AddFormW(HANDLE printer, DWORD level, LPBYTE record) {
     return Answer(platform::Contained([&] {
         return spooler::Add(printer, level, reinterpret_cast<const FORM_INFO_1W*>(record));
     }));
+}
+
+BOOL WINAPI DeleteFormW(HANDLE printer, LPWSTR name) {
+    if (const auto error = InjectedFailure("DeleteFormW")) return Fail(*error);
+    return Answer(platform::Contained([&] { return spooler::Delete(printer, name); }));
 }

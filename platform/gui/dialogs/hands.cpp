@@ -102,6 +102,11 @@ void TypeUnits(const Dialog& dialog, const QString& text) {
 
 }  // namespace
 
+bool IsOpen(HWND dialog) {
+    const Dialog* found = Dialog::Require(dialog);
+    return found != nullptr && !found->HasEnded();
+}
+
 bool Click(HWND dialog, int controlId) {
     Control* control = UsableControl(dialog, controlId);
     if (control == nullptr) return false;
@@ -138,6 +143,16 @@ bool PressKey(HWND dialog, int virtualKey, bool alt) {
         SendKey(*found, virtualKey, modifiers, QString(QChar(virtualKey).toLower()));
     }
     return true;
+}
+
+std::vector<std::u16string> ItemsOf(HWND dialog, int listId) {
+    const Dialog* found = OpenDialog(dialog);
+    const Control* control = found == nullptr ? nullptr : found->Find(listId);
+    std::vector<std::u16string> items;
+    if (control == nullptr || control->Kind() != WindowKind::kList) return items;
+    const auto& list = static_cast<const DropDownList&>(*control);
+    for (int i = 0; i < list.Count(); ++i) items.push_back(list.ItemText(i).toStdU16String());
+    return items;
 }
 
 bool Choose(HWND dialog, int listId, std::u16string_view itemText) {

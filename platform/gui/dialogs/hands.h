@@ -5,14 +5,19 @@
 
 #include <windef.h>
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform::hands {
 
+[[nodiscard]] bool IsOpen(HWND dialog);
 bool Click(HWND dialog, int controlId);  ///< buttons, edits, lists
 /// Replaces the edit's text, key by key.
 bool TypeText(HWND dialog, int controlId, std::u16string_view text);
 bool PressKey(HWND dialog, int virtualKey, bool alt = false);  ///< to whatever has the focus
+/// What a list offers, from the top; nothing for what is no list.
+[[nodiscard]] std::vector<std::u16string> ItemsOf(HWND dialog, int listId);
 /// Opens the list, picks, closes.
 bool Choose(HWND dialog, int listId, std::u16string_view itemText);
 bool StepUpDown(HWND dialog, int upDownId, int steps);  ///< clicks the up (+) or down (-) arrow
