@@ -22,10 +22,11 @@ void UseChosenMachine(const CommandContext& context);
 
 void AddInstallCommands(CLI::App& app, CommandContext& context);  ///< install, remove, uninstall
 void AddListCommands(CLI::App& app, CommandContext& context);     ///< list, profile, forms
-void AddPageCommands(CLI::App& app, CommandContext& context);     ///< document, printer
+void AddPageCommands(CLI::App& app, CommandContext& context);     ///< document, printer, watermarks
 void AddPlayCommand(CLI::App& app, CommandContext& context);      ///< play-printer
 void AddDemoCommand(CLI::App& app, CommandContext& context);      ///< demo
 void AddPicturesCommand(CLI::App& app, CommandContext& context);  ///< pictures
+void AddCompletionCommand(CLI::App& app, CommandContext& context);  ///< completion
 
 /// Runs the program. \param arguments  without its name, UTF-8.
 /// \return 0 done, 1 failed, 2 not understood.

@@ -46,8 +46,16 @@ void PrintPages(const CommandContext& context) {
     }
 }
 
+// What to try next, on the machine that was just made.
+void TellNextCommand(const CommandContext& context, bool isDefaultMachine) {
+    context.out << "The machine is in " << platform::MachineFolder().native()
+                << "\nNext, try: ./run "
+                << "document " << kDemoPrinters.front().name << " -l"
+                << (isDefaultMachine ? "" : " --machine " + context.machine.native()) << std::endl;
+}
+
 void Demonstrate(const std::string& folder, CommandContext& context) {
-    context.machine = folder;
+    if (!folder.empty()) context.machine = folder;
     UseChosenMachine(context);
     {
         TerminalUser user(context.err);
@@ -55,7 +63,7 @@ void Demonstrate(const std::string& folder, CommandContext& context) {
         for (const DemoPrinter& demo : kDemoPrinters) InstallMissing(demo, context);
         if (!HasScreen()) PrintPages(context);
     }
-    context.out << "The machine is in " << platform::MachineFolder().native() << std::endl;
+    TellNextCommand(context, folder.empty());
     if (HasScreen()) ShowPageWindow(kDemoPrinters.front().name, PageKind::Document);
 }
 
@@ -65,7 +73,7 @@ void AddDemoCommand(CLI::App& app, CommandContext& context) {
     CLI::App* command =
         app.add_subcommand("demo", "a machine with a printer of each model, and their pages");
     auto folder = std::make_shared<std::string>();
-    command->add_option("folder", *folder, "folder for the machine")->required();
+    command->add_option("folder", *folder, "folder for the machine, in place of --machine");
     command->callback([folder, &context] { Demonstrate(*folder, context); });
 }
 

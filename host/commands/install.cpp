@@ -31,6 +31,10 @@ void Install(const InstallOptions& options, const CommandContext& context) {
     UseChosenMachine(context);
     const std::string name = InstallPrinter(request, context.source);
     context.out << "installed " << Escaped(name) << '\n';
+    const std::string why = WhyNeverAsked(request.port.name, request.bidirectional);
+    if (!why.empty()) {
+        context.err << "driverhost: the printer is never asked for its options: " << why << '\n';
+    }
 }
 
 void AddInstall(CLI::App& app, CommandContext& context) {

@@ -44,6 +44,7 @@ Json PrinterToJson(const PrinterSummary& printer) {
             {"driver", platform::Utf8(printer.driver)},
             {"port", platform::Utf8(printer.port)},
             {"bidi", printer.bidirectional},
+            {"neverAsked", WhyNeverAsked(platform::Utf8(printer.port), printer.bidirectional)},
             {"printProcessor", platform::Utf8(printer.printProcessor)},
             {"driverData", handle ? DriverDataToJson(handle.Get()) : Json()}};
 }
@@ -58,6 +59,8 @@ void PrintPrinter(const Json& printer, std::ostream& out) {
         << ")\n";
     out << "  port             " << Bare(printer["port"])
         << (printer["bidi"].get<bool>() ? ", bidirectional" : "") << '\n';
+    const Json& why = printer["neverAsked"];
+    if (why != "") out << "  never asked      " << Bare(why) << '\n';
     out << "  print processor  " << Bare(printer["printProcessor"]) << '\n';
     out << "  driver data     ";
     if (printer["driverData"].is_null()) out << " cannot be read";
@@ -77,6 +80,7 @@ void List(bool json, const CommandContext& context) {
         context.out << printers.dump(2) << '\n';
         return;
     }
+    if (printers.empty()) context.err << "driverhost: no printer is installed\n";
     for (const Json& printer : printers) PrintPrinter(printer, context.out);
 }
 
@@ -107,19 +111,25 @@ void AddProfile(CLI::App& app, CommandContext& context) {
 }
 
 void AddForms(CLI::App& app, CommandContext& context) {
-    CLI::App* command = app.add_subcommand("forms", "list the papers, or add one");
+    CLI::App* command = app.add_subcommand("forms", "list the papers, add or remove some");
     auto name = std::make_shared<std::string>();
     auto added = std::make_shared<std::vector<std::string>>();
+    auto removed = std::make_shared<std::vector<std::string>>();
     command->add_option("name", *name, "the printer's name")->required();
-    command->add_option("--add", *added, "Name=WIDTHxHEIGHT in millimetres")
+    command->add_option("--add", *added, "Name=WIDTHxHEIGHT, each 1 to 100000 millimetres")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    command->callback([name, added, &context] {
+    command->add_option("--remove", *removed, "Name of a paper that was added")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    command->callback([name, added, removed, &context] {
         UseChosenMachine(context);
-        const DWORD access = added->empty() ? PRINTER_ACCESS_USE : PRINTER_ALL_ACCESS;
+        const bool onlyLists = added->empty() && removed->empty();
+        const DWORD access = onlyLists ? PRINTER_ACCESS_USE : PRINTER_ALL_ACCESS;
         const oemui::UniquePrinter printer = OpenNamedPrinter(*name, access);
+        for (const std::string& form : *removed) RemoveForm(printer.Get(), form);
         for (const std::string& form : *added) AddForm(printer.Get(), form);
-        if (added->empty()) PrintForms(printer.Get(), context.out);
+        if (onlyLists) PrintForms(printer.Get(), context.out);
     });
 }
 

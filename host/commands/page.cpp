@@ -1,8 +1,11 @@
-// document, printer: a page in text or in a window.
-#include <algorithm>
+// document, printer: a page in text or in a window. watermarks.
+#include <chrono>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
+#include <optional>
 #include <ostream>
-#include <span>
+#include <thread>
 
 #include "host/commands/commands.h"
 #include "host/errors/failure.h"
@@ -11,6 +14,7 @@
 #include "host/page/settings.h"
 #include "host/page/terminal_user.h"
 #include "host/page/text.h"
+#include "host/page/watermarks.h"
 #include "host/windows/page_window.h"
 
 namespace host {
@@ -23,29 +27,43 @@ struct PageOptions {
     bool lines = false;
     bool json = false;
     bool window = false;
+    std::string watermark;
     std::string script;
 };
 
-// The one item with a button opens the editor.
-PageItem& ItemWithButton(PageSession& page) {
-    const auto item = std::ranges::find_if(page.Items(), &PageItem::HasButton);
-    if (item == page.Items().end()) throw Failure("the page has no editor");
-    return *item;
-}
+constexpr std::chrono::seconds kPatience{1};
 
-void Edit(PageSession& page, const TerminalUser& user, const EditScript& script) {
-    PageItem& item = ItemWithButton(page);
-    const std::size_t before = user.Messages().size();
-    page.PressButton(item);
-    if (user.Dialogs() == 0) {
-        throw Failure("the editor does not open while " + Quoted(item.Name()) + " is " +
-                      Quoted(item.SelectionText()));
+/// Tells that the printer is being asked, once that takes longer than a person expects.
+class SlowAnswerNotice {
+public:
+    explicit SlowAnswerNotice(std::ostream& err) : thread_([this, &err] { Wait(err); }) {}
+    ~SlowAnswerNotice() {
+        {
+            const std::scoped_lock lock(mutex_);
+            isOver_ = true;
+        }
+        over_.notify_one();
+        thread_.join();
     }
-    const std::string error = script.Error();
-    if (!error.empty()) throw Failure("script " + error);
-    for (const std::u16string& message : std::span(user.Messages()).subspan(before)) {
-        if (page.TellsLostList(message)) throw Failure("the list of watermarks was not stored");
+    SlowAnswerNotice(const SlowAnswerNotice&) = delete;
+    SlowAnswerNotice& operator=(const SlowAnswerNotice&) = delete;
+
+private:
+    void Wait(std::ostream& err) {
+        std::unique_lock lock(mutex_);
+        if (over_.wait_for(lock, kPatience, [this] { return isOver_; })) return;
+        err << "driverhost: asking the printer...\n" << std::flush;
     }
+
+    std::mutex mutex_;
+    std::condition_variable over_;
+    bool isOver_ = false;
+    std::thread thread_;
+};
+
+std::unique_ptr<PageSession> OpenPage(const std::string& name, PageKind kind, std::ostream& err) {
+    const SlowAnswerNotice notice(err);
+    return std::make_unique<PageSession>(name, kind);
 }
 
 void PrintResult(PageSession& page, const PageOptions& options, std::ostream& out) {
@@ -64,17 +82,29 @@ void ShowPage(PageKind kind, const PageOptions& options, const CommandContext& c
         ShowPageWindow(options.name, kind);
         return;
     }
-    const bool edits = !options.script.empty();
-    EditScript script = edits ? EditScript::Read(options.script) : EditScript();
+    std::optional<EditScript> script;
+    if (!options.script.empty()) script = EditScript::Read(options.script);
     UseChosenMachine(context);
-    TerminalUser user(context.err, edits ? &script : nullptr);
+    TerminalUser user(context.err);
     const platform::UserScope scope(user);
-    PageSession page(options.name, kind);
+    const std::unique_ptr<PageSession> opened = OpenPage(options.name, kind, context.err);
+    PageSession& page = *opened;
     for (const std::string& setting : options.settings) SetItem(page, setting);
-    if (edits) Edit(page, user, script);
+    if (!options.watermark.empty()) SelectWatermark(page, user, options.watermark);
+    if (script) Edit(page, user, *script);
     if (options.apply && !page.Apply()) throw Failure("the settings were refused");
     // A command that only changes says nothing when all went well.
     if (!options.apply || options.json || options.lines) PrintResult(page, options, context.out);
+}
+
+void AddWatermarkOptions(CLI::App& command, CLI::Option& window, PageOptions& options) {
+    CLI::Option* script =
+        command.add_option("--edit", options.script, "script to work in the watermark editor")
+            ->check(CLI::ExistingFile)
+            ->excludes(&window);
+    command.add_option("--watermark", options.watermark, "selects a watermark by its name")
+        ->excludes(script)
+        ->excludes(&window);
 }
 
 void AddPage(CLI::App& app, CommandContext& context, const char* name, const char* description,
@@ -86,16 +116,32 @@ void AddPage(CLI::App& app, CommandContext& context, const char* name, const cha
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     command->add_flag("--apply", options->apply, "keep the settings");
-    command->add_flag("-l", options->lines, "a line for each item and its choices");
-    command->add_flag("--json", options->json, "as JSON");
+    CLI::Option* lines =
+        command->add_flag("-l", options->lines, "a line for each item and its choices");
+    command->add_flag("--json", options->json, "as JSON")->excludes(lines);
     CLI::Option* window = command->add_flag("--window", options->window, "in a window");
     for (const char* text : {"--set", "--apply", "-l", "--json"}) window->excludes(text);
-    if (kind == PageKind::Document) {
-        command->add_option("--edit", options->script, "script to work in the watermark editor")
-            ->check(CLI::ExistingFile)
-            ->excludes(window);
-    }
+    if (kind == PageKind::Document) AddWatermarkOptions(*command, *window, *options);
     command->callback([options, kind, &context] { ShowPage(kind, *options, context); });
+}
+
+void AddWatermarks(CLI::App& app, CommandContext& context) {
+    CLI::App* command = app.add_subcommand("watermarks", "list the watermarks of a printer");
+    auto name = std::make_shared<std::string>();
+    auto json = std::make_shared<bool>(false);
+    command->add_option("name", *name, "the printer's name")->required();
+    command->add_flag("--json", *json, "as JSON");
+    command->callback([name, json, &context] {
+        UseChosenMachine(context);
+        TerminalUser user(context.err);
+        const platform::UserScope scope(user);
+        const auto page = OpenPage(*name, PageKind::Document, context.err);
+        if (*json) {
+            context.out << PrinterWatermarks(*page).dump(2) << '\n';
+        } else {
+            PrintWatermarks(*page, context.out);
+        }
+    });
 }
 
 }  // namespace
@@ -105,6 +151,7 @@ void AddPageCommands(CLI::App& app, CommandContext& context) {
             PageKind::Document);
     AddPage(app, context, "printer", "show or change the settings of the printer itself",
             PageKind::Printer);
+    AddWatermarks(app, context);
 }
 
 }  // namespace host

@@ -1,10 +1,11 @@
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 #include <ostream>
 
+#include "host/commands/argument_check.h"
 #include "host/commands/commands.h"
 #include "host/errors/failure.h"
-#include "host/errors/suggestions.h"
 #include "platform/base/machine.h"
 
 namespace host {
@@ -28,15 +29,46 @@ std::filesystem::path DefaultMachine() {
     return base / ".local/share/oemui/machine";
 }
 
-// An unknown command is told with the near ones, anything else as the parser tells it.
-std::string ParseErrorText(const CLI::App& app, const CLI::ParseError& error) {
-    const std::vector<std::string> unknown = app.remaining();
-    if (!app.get_subcommands().empty() || unknown.empty()) {
-        return Shortened(error.what(), kLongestParseError);
+constexpr const char* kProgram = "./run";
+
+/// Help whose usage line is the whole command.
+class HelpFormatter final : public CLI::Formatter {
+public:
+    [[nodiscard]] std::string make_usage(const CLI::App* app, std::string) const override {
+        std::string usage = std::string("Usage: ") + kProgram;
+        if (app->get_parent() == nullptr) return usage + " COMMAND [OPTIONS]\n";
+        usage += ' ' + app->get_name();
+        for (const CLI::Option* option : app->get_options()) {
+            if (option->get_positional()) usage += " <" + option->get_name() + '>';
+        }
+        for (const CLI::Option* option : app->get_options()) {
+            if (option->get_required() && !option->get_positional()) {
+                usage += ' ' + option->get_name() + " VALUE";
+            }
+        }
+        return usage + " [--machine DIR] [OPTIONS]\n";
     }
-    std::vector<std::string> commands;
-    for (const CLI::App* command : app.get_subcommands({})) commands.push_back(command->get_name());
-    return UnknownName("command", unknown.front(), commands);
+};
+
+std::string NameOf(const CLI::App* command) {
+    return command->get_name();
+}
+
+// Where to look for what a wrong call should have been.
+std::string HelpHint(const CLI::App& app, const std::vector<std::string>& arguments) {
+    std::string hint = std::string("; ") + kProgram;
+    for (const std::string& argument : arguments) {
+        const auto commands = app.get_subcommands({});
+        if (std::ranges::find(commands, argument, &NameOf) == commands.end()) continue;
+        hint += ' ' + argument;
+        break;
+    }
+    return hint + " --help tells more";
+}
+
+const CLI::App* ParsedCommand(const CLI::App& app) {
+    const std::vector<CLI::App*> parsed = app.get_subcommands();
+    return parsed.empty() ? nullptr : parsed.front();
 }
 
 void Tell(std::ostream& err, std::string_view message) {
@@ -44,19 +76,40 @@ void Tell(std::ostream& err, std::string_view message) {
 }
 
 int RunParsed(CLI::App& app, const std::vector<std::string>& arguments, CommandContext& context) {
+    CheckArguments(app, arguments);
     // The parser takes its arguments from the back.
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     try {
         app.parse(std::move(reversed));
         return kDone;
     } catch (const CLI::CallForHelp&) {
-        const std::vector<CLI::App*> commands = app.get_subcommands();
-        context.out << (commands.empty() ? app.help() : commands.front()->help());
+        const CLI::App* command = ParsedCommand(app);
+        context.out << (command != nullptr ? command->help() : app.help());
+        return kDone;
+    } catch (const CLI::CallForVersion&) {
+        context.out << app.version() << '\n';
         return kDone;
     } catch (const CLI::ParseError& error) {
-        Tell(context.err, ParseErrorText(app, error) + "; driverhost --help tells more");
-        return kNotUnderstood;
+        throw UsageFailure(Shortened(error.what(), kLongestParseError));
     }
+}
+
+// Every command has the option, before its name or behind it.
+void AddMachineOption(CLI::App& app, CommandContext& context) {
+    app.add_option("--machine", context.machine, "folder that holds the machine")
+        ->capture_default_str();
+}
+
+void AddCommands(CLI::App& app, CommandContext& context) {
+    AddInstallCommands(app, context);
+    AddListCommands(app, context);
+    AddPageCommands(app, context);
+    AddPlayCommand(app, context);
+    AddDemoCommand(app, context);
+    AddPicturesCommand(app, context);
+    AddCompletionCommand(app, context);
+    AddMachineOption(app, context);
+    for (CLI::App* command : app.get_subcommands({})) AddMachineOption(*command, context);
 }
 
 }  // namespace
@@ -75,20 +128,14 @@ int RunHost(const std::vector<std::string>& arguments, std::ostream& out, std::o
             const PackageSource& source) {
     CommandContext context{out, err, source, DefaultMachine()};
     CLI::App app("Plays the printer driver around its user-interface plug-in.", "driverhost");
-    app.add_option("--machine", context.machine, "folder that holds the machine")
-        ->capture_default_str();
-    app.fallthrough();
+    app.formatter(std::make_shared<HelpFormatter>());
+    app.set_version_flag("--version", "driverhost " HOST_VERSION);
     app.require_subcommand(1);
-    AddInstallCommands(app, context);
-    AddListCommands(app, context);
-    AddPageCommands(app, context);
-    AddPlayCommand(app, context);
-    AddDemoCommand(app, context);
-    AddPicturesCommand(app, context);
+    AddCommands(app, context);
     try {
         return RunParsed(app, arguments, context);
     } catch (const UsageFailure& failure) {
-        Tell(err, failure.what());
+        Tell(err, failure.what() + HelpHint(app, arguments));
         return kNotUnderstood;
     } catch (const std::exception& failure) {
         Tell(err, MessageOf(failure));

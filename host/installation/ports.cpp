@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "host/errors/failure.h"
 #include "host/errors/suggestions.h"
@@ -52,7 +53,54 @@ PortSpec ReadName(const std::string& name) {
     return {name, PortKind::Direct, ""};
 }
 
+bool EndsWithIgnoringCase(std::string_view text, std::string_view end) {
+    return text.size() > end.size() &&
+           EqualIgnoringAsciiCase(text.substr(text.size() - end.size()), end);
+}
+
+bool IsUsbPort(std::string_view name) {
+    return name.size() >= 6 && name.starts_with("USB") &&
+           name.substr(3, 3).find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// The host in the name of a share or an internet port that the plug-in connects to by itself.
+std::optional<std::string_view> DirectHost(std::string_view name) {
+    constexpr std::string_view kInternet = "http://";
+    if (EndsWithIgnoringCase(name, "SMB_PRI1")) {
+        name.remove_prefix(std::min(name.find_first_not_of('\\'), name.size()));
+        return name.substr(0, name.find('\\'));
+    }
+    const bool isInternet =
+        EqualIgnoringAsciiCase(name.substr(0, kInternet.size()), kInternet) &&
+        (EndsWithIgnoringCase(name, "/ipp") || EndsWithIgnoringCase(name, "/ipp.cgi"));
+    if (!isInternet) return std::nullopt;
+    name.remove_prefix(kInternet.size());
+    return name.substr(0, name.find_first_of("/:"));
+}
+
+bool IsLoopback(std::string_view host) {
+    const bool isAddress = host.find_first_not_of("0123456789.") == std::string_view::npos;
+    return !isAddress || host.starts_with("127.");
+}
+
+// Of an address in network byte order; one of a host that is not known is none.
+bool IsLoopback(ULONG address) {
+    return (address & 0xFF) == 127;
+}
+
+constexpr const char* kElsewhere = "its address is not one of 127.0.0.0/8";
+
 }  // namespace
+
+std::string WhyNeverAsked(const std::string& portName, bool bidirectional) {
+    if (const auto host = DirectHost(portName)) return IsLoopback(*host) ? "" : kElsewhere;
+    if (!IsUsbPort(portName)) {
+        const auto address = platform::spooler::FindPortAddress(platform::Utf16(portName));
+        if (!address) return "its port is of no kind that is asked";
+        if (!IsLoopback(*address)) return kElsewhere;
+    }
+    return bidirectional ? "" : "its port is asked with --bidi on only";
+}
 
 PortSpec ParsePort(const std::string& name, const std::string& kind, const std::string& address) {
     PortSpec port = ReadName(name);

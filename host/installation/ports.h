@@ -25,6 +25,11 @@ struct PortSpec {
 [[nodiscard]] PortSpec ParsePort(const std::string& name, const std::string& kind = "",
                                  const std::string& address = "");
 
+/// Why the plug-in never asks the printer behind a port, for a person; empty when it does. Shares,
+/// internet ports and registered ports of an address are asked over the network; others only over
+/// bidirectional communication.
+[[nodiscard]] std::string WhyNeverAsked(const std::string& portName, bool bidirectional);
+
 /// Registers the port with its monitor.
 void RegisterPort(const PortSpec& port);
 

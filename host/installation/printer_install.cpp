@@ -58,7 +58,7 @@ void SendPrinterEvent(const DriverModule& module, std::u16string name, INT event
 [[noreturn]] void RefuseName(const std::string& name) {
     throw UsageFailure(Quoted(name) + " is no name for a printer (1 to " +
                        std::to_string(kLongestName) +
-                       " characters without commas and backslashes)");
+                       " characters without commas, backslashes and control characters)");
 }
 
 // What follows the server of `\\server\name`, or the whole.
@@ -72,7 +72,7 @@ std::string ShortName(const std::string& name) {
 std::u16string CheckedShortName(const std::string& name) {
     std::u16string shortName = platform::Utf16(ShortName(name));
     if (shortName.empty() || shortName.size() > kLongestName ||
-        shortName.find_first_of(u",\\") != std::u16string::npos) {
+        shortName.find_first_of(u",\\") != std::u16string::npos || Escaped(name) != name) {
         RefuseName(name);
     }
     return shortName;
@@ -176,8 +176,11 @@ std::vector<std::string> UninstallDriver(const Model& model) {
     // Out of the spooler, but with its files: an uninstallation that was killed is completed.
     const bool isDone = ::DeletePrinterDriverW(nullptr, nullptr, driver.data()) ||
                         (plugIn && ::GetLastError() == ERROR_UNKNOWN_PRINTER_DRIVER);
-    if (!isDone) FailWithLastError("the driver cannot be removed");
-    return removed;
+    if (isDone) return removed;
+    if (::GetLastError() == ERROR_UNKNOWN_PRINTER_DRIVER) {
+        throw Failure("model " + std::string(1, model.letter) + " is not installed");
+    }
+    FailWithLastError("the driver cannot be removed");
 }
 
 ColorProfile QueryProfile(const std::string& printerName) {

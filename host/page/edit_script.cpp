@@ -20,26 +20,32 @@ namespace host {
 namespace {
 
 // Lists and edits by the labels before them, buttons by their own.
-constexpr auto kControls = std::to_array<NamedNumber>({
+constexpr auto kLists = std::to_array<NamedNumber>({
     {"Watermark List", IDC_WATERMARK_LIST},
-    {"Name", IDC_NAME},
-    {"String", IDC_TEXT},
     {"Typeface", IDC_TYPEFACE},
-    {"Size", IDC_POINT_SIZE},
-    {"Bold", IDC_BOLD},
-    {"Italic", IDC_ITALIC},
     {"Color", IDC_COLOR},
     {"Angle", IDC_ANGLE},
+});
+
+constexpr auto kEdits = std::to_array<NamedNumber>({
+    {"Name", IDC_NAME},
+    {"String", IDC_TEXT},
+    {"Size", IDC_POINT_SIZE},
     {"User Angle", IDC_USER_ANGLE},
-    {"Center", IDC_CENTER},
-    {"User Setting", IDC_USER_POSITION},
     {"Horizontal", IDC_HORIZONTAL},
     {"Vertical", IDC_VERTICAL},
+});
+
+constexpr auto kButtons = std::to_array<NamedNumber>({
     {"New", IDC_NEW},
     {"Delete", IDC_DELETE},
     {"OK", IDOK},
     {"Cancel", IDC_CANCEL},
     {"Help", IDC_HELP_BUTTON},
+    {"Bold", IDC_BOLD},
+    {"Italic", IDC_ITALIC},
+    {"Center", IDC_CENTER},
+    {"User Setting", IDC_USER_POSITION},
 });
 
 // An up-down is told by the edit that it belongs to.
@@ -75,7 +81,7 @@ std::string Unquoted(const std::string& text) {
 }
 
 std::string AtLine(int line, const std::string& what) {
-    return "line " + std::to_string(line) + ": " + what;
+    return line == 0 ? what : "script line " + std::to_string(line) + ": " + what;
 }
 
 std::optional<int> ParseInteger(const std::string& text) {
@@ -111,7 +117,7 @@ Operands SplitEdit(const std::string& rest) {
          blank = rest.rfind(' ', blank - 1)) {
         const std::string label = rest.substr(0, blank);
         const bool known = std::ranges::any_of(
-            kControls, [&](const char* name) { return EqualIgnoringAsciiCase(name, label); },
+            kEdits, [&](const char* name) { return EqualIgnoringAsciiCase(name, label); },
             &NamedNumber::name);
         if (known || ParseInteger(label)) return {label, Trimmed(rest.substr(blank))};
     }
@@ -134,6 +140,34 @@ Operands SplitSteps(const std::string& rest) {
     return operands;
 }
 
+std::vector<std::string> ItemsOf(HWND dialog, int listId) {
+    std::vector<std::string> items;
+    for (const std::u16string& item : platform::hands::ItemsOf(dialog, listId)) {
+        items.push_back(platform::Utf8(item));
+    }
+    return items;
+}
+
+// The item as it is written, or but for the case.
+const std::string* ItemNamed(const std::vector<std::string>& items, std::string_view wanted) {
+    auto found = std::ranges::find(items, wanted);
+    if (found == items.end()) {
+        found = std::ranges::find_if(
+            items, [&](const auto& item) { return EqualIgnoringAsciiCase(item, wanted); });
+    }
+    return found == items.end() ? nullptr : &*found;
+}
+
+std::string Objection(bool isDone, const std::string& object) {
+    return isDone ? "" : Quoted(object) + " cannot be used now";
+}
+
+void RequireUtf8(std::string_view text) {
+    if (platform::Utf8(platform::Utf16(text)) != text) {
+        throw UsageFailure("the script is not in UTF-8");
+    }
+}
+
 }  // namespace
 
 struct EditScript::Verb {
@@ -141,29 +175,41 @@ struct EditScript::Verb {
     const char* kind;                      ///< of the objects
     std::span<const NamedNumber> objects;  ///< none: it stands alone
     Operands (*split)(const std::string& rest);
-    bool (*carryOut)(HWND, const Action&);  ///< null: an answer, for which no dialog waits
+    /// Answers why it cannot be done, or nothing. Null: an answer, for which no dialog waits.
+    std::string (*carryOut)(HWND, const Action&);
 };
 
 std::span<const EditScript::Verb> EditScript::Verbs() {
     namespace hands = platform::hands;
     static constexpr auto kVerbs = std::to_array<Verb>({
-        {"choose", "control", kControls, SplitAtEquals,
+        {"choose", "list", kLists, SplitAtEquals,
          [](HWND dialog, const Action& action) {
-             return hands::Choose(dialog, action.number, platform::Utf16(action.value));
+             const std::vector<std::string> items = ItemsOf(dialog, action.number);
+             const std::string* item = ItemNamed(items, action.value);
+             if (item == nullptr) {
+                 return UnknownName("item of " + Quoted(action.object), action.value, items);
+             }
+             return Objection(hands::Choose(dialog, action.number, platform::Utf16(*item)),
+                              action.object);
          }},
-        {"type", "control", kControls, SplitEdit,
+        {"type", "edit", kEdits, SplitEdit,
          [](HWND dialog, const Action& action) {
-             return hands::TypeText(dialog, action.number, platform::Utf16(action.value));
+             return Objection(hands::TypeText(dialog, action.number, platform::Utf16(action.value)),
+                              action.object);
          }},
-        {"press", "control", kControls, TakeWhole,
-         [](HWND dialog, const Action& action) { return hands::Click(dialog, action.number); }},
+        {"press", "button", kButtons, TakeWhole,
+         [](HWND dialog, const Action& action) {
+             return Objection(hands::Click(dialog, action.number), action.object);
+         }},
         {"step", "up-down", kUpDowns, SplitSteps,
          [](HWND dialog, const Action& action) {
              const int steps = ParseInteger(action.value).value_or(0);
-             return hands::StepUpDown(dialog, action.number, steps);
+             return Objection(hands::StepUpDown(dialog, action.number, steps), action.object);
          }},
         {"key", "key", kKeys, TakeWhole,
-         [](HWND dialog, const Action& action) { return hands::PressKey(dialog, action.number); }},
+         [](HWND dialog, const Action& action) {
+             return Objection(hands::PressKey(dialog, action.number), action.object);
+         }},
         {"answer", "answer", kMessageButtons, TakeWhole, nullptr},
         {"close",
          "",
@@ -171,30 +217,35 @@ std::span<const EditScript::Verb> EditScript::Verbs() {
          TakeWhole,
          [](HWND dialog, const Action&) {
              hands::Close(dialog);
-             return true;
+             return std::string();
          }},
     });
     return kVerbs;
 }
 
-EditScript::Action EditScript::ParseLine(const std::string& line, int number) {
-    const std::size_t blank = std::min(line.find(' '), line.size());
-    const std::string name = line.substr(0, blank);
-    const std::string rest = Trimmed(line.substr(blank));
-    const auto verb = std::ranges::find(Verbs(), name, &Verb::name);
-    const bool known = verb != Verbs().end();
-    if (known && verb->objects.empty()) return {&*verb, number, 0, "", ""};
-    if (rest.empty()) throw UsageFailure(Quoted(name) + " says not what");
-    if (!known) throw UsageFailure(UnknownName("action", name, NamesOf(Verbs())));
-    const auto [object, value] = verb->split(rest);
-    const std::optional<int> id = ParseInteger(object);
-    const int found = id ? *id : RowNamed(verb->objects, verb->kind, object).number;
-    return {&*verb, number, found, object, value};
+const EditScript::Verb& EditScript::VerbNamed(std::string_view name) {
+    return RowNamed(Verbs(), "action", name);
 }
 
-EditScript EditScript::Parse(const std::string& text) {
+EditScript::Action EditScript::ParseLine(const std::string& line, int number) {
+    const std::size_t blank = std::min(line.find_first_of(" \t"), line.size());
+    const std::string rest = Trimmed(line.substr(blank));
+    const Verb& verb = VerbNamed(line.substr(0, blank));
+    if (verb.objects.empty()) return {&verb, number, 0, "", ""};
+    if (rest.empty()) throw UsageFailure(Quoted(verb.name) + " says not what");
+    const auto [object, value] = verb.split(rest);
+    const std::optional<int> id = ParseInteger(object);
+    const bool isNumber = id && std::ranges::count(verb.objects, *id, &NamedNumber::number) != 0;
+    const int found = isNumber ? *id : RowNamed(verb.objects, verb.kind, object).number;
+    return {&verb, number, found, object, value};
+}
+
+EditScript EditScript::Parse(std::string_view text) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+    RequireUtf8(text);
     EditScript script;
-    std::istringstream lines(text);
+    std::istringstream lines{std::string(text)};
     std::string line;
     for (int number = 1; std::getline(lines, line); ++number) {
         const std::string trimmed = Trimmed(line);
@@ -221,31 +272,59 @@ EditScript EditScript::Read(const std::filesystem::path& file) {
     return Parse(text);
 }
 
+EditScript EditScript::Selecting(const std::string& watermark) {
+    EditScript script;
+    script.actions_ = {{&VerbNamed("choose"), 0, IDC_WATERMARK_LIST, "Watermark List", watermark},
+                       {&VerbNamed("press"), 0, IDOK, "OK", ""}};
+    script.consents_ = true;
+    return script;
+}
+
+void EditScript::Stop(const std::string& why) {
+    if (error_.empty()) error_ = AtLine(next_ > 0 ? actions_[next_ - 1].line : 0, why);
+}
+
 void EditScript::Work(HWND dialog) {
+    dialog_ = dialog;
     while (next_ < actions_.size() && error_.empty()) {
         const Action& action = actions_[next_++];
-        if (action.verb->carryOut == nullptr) {
-            error_ = AtLine(action.line, "there is no message to answer");
-        } else if (!action.verb->carryOut(dialog, action) && error_.empty()) {
-            error_ = AtLine(action.line, Quoted(action.object) + " cannot be used now");
-            if (action.verb->name == "choose") {
-                error_ += ", or has no choice " + Quoted(action.value);
-            }
+        if (!platform::hands::IsOpen(dialog)) {
+            Stop("the editor is closed already");
+        } else if (action.verb->carryOut == nullptr) {
+            Stop("there is no message to answer");
+        } else if (const std::string why = action.verb->carryOut(dialog, action); !why.empty()) {
+            Stop(why);
         }
     }
+    dialog_ = nullptr;
+    leavesOpen_ = platform::hands::IsOpen(dialog);
 }
 
-int EditScript::TakeAnswer(UINT type) {
-    if (next_ >= actions_.size() || actions_[next_].verb->carryOut != nullptr) return 0;
-    const Action& action = actions_[next_++];
-    if (AnswersOf(type).Has(action.number)) return action.number;
-    error_ = AtLine(action.line, "the message has no button " + Quoted(action.object));
-    return 0;
+bool EditScript::AtAnswer() const {
+    return next_ < actions_.size() && actions_[next_].verb->carryOut == nullptr;
 }
 
-std::string EditScript::Error() const {
-    if (!error_.empty() || next_ >= actions_.size()) return error_;
-    return AtLine(actions_[next_].line, "not reached");
+// Why the editor cannot go on behind the box; empty when it can.
+std::string EditScript::ObjectionTo(const platform::MessageBoxRequest& box) const {
+    const std::string message = Quoted(platform::Utf8(box.text));
+    if (box.caption == errorCaption_) return "the editor says " + message;
+    if (consents_) return "";
+    if (!AtAnswer()) return "the message " + message + " is not answered";
+    const Action& action = actions_[next_];
+    return AnswersOf(box.type).Has(action.number)
+               ? ""
+               : "the message " + message + " has no button " + Quoted(action.object);
+}
+
+int EditScript::Answer(const platform::MessageBoxRequest& box) {
+    const BoxAnswers answers = AnswersOf(box.type);
+    if (dialog_ == nullptr) return answers.safe;
+    const std::string objection = ObjectionTo(box);
+    if (objection.empty()) return consents_ ? answers.consent : actions_[next_++].number;
+    Stop(objection + "; nothing was stored");
+    // Closed under its question the editor stores nothing, whatever the answer.
+    platform::hands::Close(dialog_);
+    return answers.safe;
 }
 
 }  // namespace host

@@ -1,9 +1,14 @@
 #include "host/page/item.h"
 
+#include "host/errors/failure.h"
+#include "host/page/stored_records.h"
 #include "platform/text/text_encoding.h"
 
 namespace host {
 namespace {
+
+// Of the item with the button, as the plug-in builds it.
+constexpr LONG kWatermarkEnabled = 0;
 
 std::string TextOf(const WCHAR* text) {
     return text != nullptr ? platform::Utf8(text) : std::string();
@@ -95,6 +100,12 @@ std::string PageItem::SelectionText() const {
         return std::to_string(record_->Sel) + (Unit().empty() ? "" : " " + Unit());
     }
     return SelectedChoice().value_or(PageChoice{}).text;
+}
+
+std::string PageItem::Detail() const {
+    if (!HasButton() || record_->Sel != kWatermarkEnabled) return "";
+    const std::string name = WatermarkNameIn(block_);
+    return name.empty() ? "" : Quoted(name);
 }
 
 bool PageItem::SelectionStopped() const {

@@ -34,7 +34,8 @@ struct PageChoice {
 class PageItem {
 public:
     /// One of the plug-in's, whose keywords come from the texts.
-    explicit PageItem(OPTITEM& record) : record_(&record) {}
+    /// \param block  the plug-in's of the page's devmode, which must live as long.
+    PageItem(OPTITEM& record, std::span<const BYTE> block) : record_(&record), block_(block) {}
     /// One of the driver's, which must live as long.
     PageItem(OPTITEM& record, const std::string& keyword, const std::vector<ChoiceSpec>& choices)
         : record_(&record), driverKeyword_(&keyword), driverChoices_(&choices) {}
@@ -65,6 +66,9 @@ public:
 
     /// The selection for a person: a choice's text, or the number with its unit.
     [[nodiscard]] std::string SelectionText() const;
+    /// What belongs to the selection and is set by the item's button: the name of the watermark
+    /// that is printed, in quotation marks. Empty for other items, and when none is printed.
+    [[nodiscard]] std::string Detail() const;
     /// Whether the selected choice of a list carries a stop mark.
     [[nodiscard]] bool SelectionStopped() const;
 
@@ -75,6 +79,7 @@ private:
     [[nodiscard]] std::optional<PageChoice> SelectedChoice() const;  ///< of a list
 
     OPTITEM* record_;
+    std::span<const BYTE> block_;
     const std::string* driverKeyword_ = nullptr;
     const std::vector<ChoiceSpec>* driverChoices_ = nullptr;
 };

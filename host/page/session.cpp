@@ -1,7 +1,7 @@
 #include "host/page/session.h"
 
-#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "host/driver/page_items.h"
 #include "host/errors/failure.h"
@@ -15,7 +15,6 @@ namespace {
 constexpr DWORD kMostPlugInItems = 256;
 
 constexpr int kMostTextCharacters = 260;
-constexpr auto kLostListTexts = std::to_array<UINT>({IDS_PRINTER_NOT_OPENED, IDS_LIST_NOT_STORED});
 
 // A user who may not administer the printer can still look at its pages.
 oemui::UniquePrinter OpenForPage(const std::string& name) {
@@ -102,7 +101,8 @@ void PageSession::CollectItems() {
         items_.emplace_back(records[i], driverItems_.Keyword(i), driverItems_.Choices(i));
     }
     for (OPTITEM& record : plugInItems_) {
-        if (record.pName != nullptr || record.pOptType != nullptr) items_.emplace_back(record);
+        if (record.pName == nullptr && record.pOptType == nullptr) continue;
+        items_.emplace_back(record, std::as_const(devmode_).PlugIn());
     }
 }
 
@@ -149,12 +149,10 @@ LONG PageSession::PressButton(PageItem& item) {
     return Report(CPSUICB_REASON_EXTPUSH, &item.Record(), item.Record().Sel);
 }
 
-bool PageSession::TellsLostList(const std::u16string& message) const {
+std::u16string PageSession::ErrorCaption() const {
     std::array<WCHAR, kMostTextCharacters> text{};
-    return std::ranges::any_of(kLostListTexts, [&](UINT id) {
-        const int length = ::LoadStringW(module_.Handle(), id, text.data(), kMostTextCharacters);
-        return length > 0 && message == text.data();
-    });
+    ::LoadStringW(module_.Handle(), IDS_CAPTION_ERROR, text.data(), kMostTextCharacters);
+    return text.data();
 }
 
 bool PageSession::Apply() {

@@ -53,8 +53,8 @@ public:
     void SetNumber(PageItem& item, LONG number);
     /// Presses the button beside an item. \return how the callback answered: CPSUICB_ACTION_*.
     LONG PressButton(PageItem& item);
-    /// Whether a message of the plug-in says that the list of watermarks could not be stored.
-    [[nodiscard]] bool TellsLostList(const std::u16string& message) const;
+    /// The caption of the plug-in's message boxes that tell an error.
+    [[nodiscard]] std::u16string ErrorCaption() const;
     /// Applies the page and keeps its settings. \return false when the plug-in refused; nothing is
     /// kept then and the page stays.
     [[nodiscard]] bool Apply();

@@ -10,9 +10,7 @@
 namespace host {
 
 int TerminalUser::AnswerMessageBox(const platform::MessageBoxRequest& request) {
-    messages_.emplace_back(request.text);
-    const int scripted = script_ != nullptr ? script_->TakeAnswer(request.type) : 0;
-    const int answer = scripted != 0 ? scripted : AnswersOf(request.type).safe;
+    const int answer = script_ != nullptr ? script_->Answer(request) : AnswersOf(request.type).safe;
     out_ << "driverhost: [" << Escaped(platform::Utf8(request.caption)) << "] "
          << Escaped(platform::Utf8(request.text));
     if (request.type != MB_OK) {

@@ -3,8 +3,6 @@
 #pragma once
 
 #include <iosfwd>
-#include <string>
-#include <vector>
 
 #include "host/page/edit_script.h"
 #include "platform/user/user.h"
@@ -13,11 +11,11 @@ namespace host {
 
 class TerminalUser final : public platform::User {
 public:
-    /// Both must live as long as the user.
-    /// \param out  for the messages.
-    /// \param script  may be null: dialogs are closed again then.
-    explicit TerminalUser(std::ostream& out, EditScript* script = nullptr)
-        : out_(out), script_(script) {}
+    /// \param out  for the messages; must live as long as the user.
+    explicit TerminalUser(std::ostream& out) : out_(out) {}
+
+    /// Works in dialogs by a script from now on; null: they are closed again.
+    void Follow(EditScript* script) { script_ = script; }
 
     int AnswerMessageBox(const platform::MessageBoxRequest& request) override;
     void WorkInDialog(HWND dialog) override;
@@ -26,14 +24,10 @@ public:
     /// How many dialogs came up.
     [[nodiscard]] int Dialogs() const { return dialogs_; }
 
-    /// The texts of the message boxes that came up, in their order.
-    [[nodiscard]] const std::vector<std::u16string>& Messages() const { return messages_; }
-
 private:
     std::ostream& out_;
-    EditScript* script_;
+    EditScript* script_ = nullptr;
     int dialogs_ = 0;
-    std::vector<std::u16string> messages_;
 };
 
 }  // namespace host

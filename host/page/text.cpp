@@ -28,7 +28,7 @@ void PrintNumber(const PageItem& item, std::ostream& out) {
 }
 
 std::string Notes(const PageItem& item) {
-    std::string notes;
+    std::string notes = item.Detail().empty() ? "" : "  " + item.Detail();
     const WCHAR* title = item.ButtonTitle();
     if (title != nullptr) notes += "  <" + platform::Utf8(title) + ">";
     if (item.SelectionStopped()) notes += "  (stop: not installed)";
@@ -67,6 +67,7 @@ void PrintItemLines(PageSession& page, std::ostream& out) {
         } else {
             PrintChoices(item, out);
         }
+        if (!item.Detail().empty()) out << ' ' << item.Detail();
         if (!item.Enabled()) out << " (disabled)";
         out << '\n';
     }

@@ -11,8 +11,9 @@ namespace host {
 void PrintPage(PageSession& page, std::ostream& out);
 
 /// One line a visible item, for scripts: `Keyword/Text: choice *current choice`, choices by their
-/// keywords, one in brackets when it cannot be chosen; numbers `Keyword/Text: 20..200 % *100`. A
-/// disabled item ends with " (disabled)".
+/// keywords, one in brackets when it cannot be chosen; numbers `Keyword/Text: 20..200 % *100`. The
+/// name of the watermark that is printed follows in quotation marks; a disabled item ends with
+/// " (disabled)".
 void PrintItemLines(PageSession& page, std::ostream& out);
 
 }  // namespace host

@@ -27,10 +27,10 @@ PrinterSummary Summarize(const PRINTER_INFO_2W& record) {
 
 [[noreturn]] void RefuseForm(const std::string& definition) {
     throw UsageFailure(Quoted(definition) +
-                       " is no form: expected Name=WIDTHxHEIGHT in millimetres");
+                       " is no form: expected Name=WIDTHxHEIGHT, each 1 to 100000 millimetres");
 }
 
-// Thousandths of a millimetre; anything but a number from 1 mm to 100 m is refused.
+// Thousandths of a millimetre.
 LONG ParseMillimetres(std::string_view text, const std::string& definition) {
     double millimetres = 0;
     const char* end = text.data() + text.size();
@@ -108,6 +108,19 @@ void AddForm(HANDLE printer, const std::string& definition) {
     }
 }
 
+void RemoveForm(HANDLE printer, const std::string& name) {
+    if (::DeleteFormW(printer, platform::Utf16(name).data())) return;
+    const DWORD error = ::GetLastError();
+    if (error != ERROR_INVALID_FORM_NAME && error != ERROR_INVALID_PARAMETER) {
+        FailWith("form " + Quoted(name) + " cannot be removed", error);
+    }
+    std::vector<std::string> known;
+    for (const Form& form : ListForms(printer)) {
+        if (form.ownToUser) known.push_back(platform::Utf8(form.name));
+    }
+    throw Failure(UnknownName("form of yours", name, known));
+}
+
 std::u16string DriverModulePath(HANDLE printer) {
     const RecordBlock<DRIVER_INFO_2W> block(
         "the printer's driver cannot be read",
@@ -137,6 +150,15 @@ std::optional<DWORD> PrinterDataNumber(HANDLE printer, const char16_t* name) {
                                            reinterpret_cast<LPBYTE>(&value), sizeof(value), &size);
     const bool isNumber = status == ERROR_SUCCESS && type == REG_DWORD && size == sizeof(value);
     return isNumber ? std::optional(value) : std::nullopt;
+}
+
+std::vector<BYTE> PrinterDataBytes(HANDLE printer, const char16_t* name, DWORD mostBytes) {
+    std::vector<BYTE> bytes(mostBytes);
+    DWORD size = 0;
+    const DWORD status = ::GetPrinterDataW(printer, const_cast<LPWSTR>(name), nullptr, bytes.data(),
+                                           mostBytes, &size);
+    bytes.resize(status == ERROR_SUCCESS ? std::min(size, mostBytes) : 0);
+    return bytes;
 }
 
 DWORD PrinterDataSize(HANDLE printer, const char16_t* name) {

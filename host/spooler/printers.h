@@ -43,6 +43,9 @@ struct Form {
 /// The forms of the printer's machine, in the order in which the form item lists them.
 [[nodiscard]] std::vector<Form> ListForms(HANDLE printer);
 
+/// Takes a form of the user's away. Throws `Failure` when there is none of that name.
+void RemoveForm(HANDLE printer, const std::string& name);
+
 /// Adds a form of the user's. \param definition  "Name=WIDTHxHEIGHT" in millimetres, decimals
 /// allowed. Throws `UsageFailure` when it is not understood.
 void AddForm(HANDLE printer, const std::string& definition);
@@ -55,6 +58,10 @@ void AddForm(HANDLE printer, const std::string& definition);
 
 /// A number of the printer's data, if there is one.
 [[nodiscard]] std::optional<DWORD> PrinterDataNumber(HANDLE printer, const char16_t* name);
+
+/// A value of the printer's data as it is, at most so many bytes; empty when there is none or more.
+[[nodiscard]] std::vector<BYTE> PrinterDataBytes(HANDLE printer, const char16_t* name,
+                                                 DWORD mostBytes);
 
 /// The size in bytes of a value of the printer's data; 0 when there is none.
 [[nodiscard]] DWORD PrinterDataSize(HANDLE printer, const char16_t* name);

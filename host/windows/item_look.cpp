@@ -26,7 +26,8 @@ QPixmap EmptyMark(const QWidget& widget) {
 QString RowText(const PageItem& item) {
     QString name = QString::fromStdString(item.Name());
     if (item.Kind() == ItemKind::Group) return name;
-    return name + ": " + QString::fromStdString(item.SelectionText());
+    const std::string detail = item.Detail().empty() ? "" : " " + item.Detail();
+    return name + ": " + QString::fromStdString(item.SelectionText() + detail);
 }
 
 QString WithoutMnemonic(QString text) {

@@ -9,7 +9,8 @@
 
 namespace host {
 
-/// The row of an item in the tree: "Name: selection", or the name alone for a group.
+/// The row of an item in the tree: "Name: selection", with the detail if there is one, or the name
+/// alone for a group.
 [[nodiscard]] QString RowText(const PageItem& item);
 
 /// A text for a place where '&' marks a letter: every '&' of the text stays one.

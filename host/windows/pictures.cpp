@@ -85,7 +85,9 @@ public:
           out_(out),
           scene_(scene),
           script_(EditScript::Parse(scene.script)),
-          terminal_(unheard_, &script_) {}
+          terminal_(unheard_) {
+        terminal_.Follow(&script_);
+    }
 
     int AnswerMessageBox(const platform::MessageBoxRequest& request) override {
         const char* name = boxes_ < scene_.boxes.size() ? scene_.boxes[boxes_++] : nullptr;

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "host/page/json.h"
+#include "host/page/stored_records.h"
 #include "host/spooler/printers.h"
 #include "tests/host/host_fixture.h"
 

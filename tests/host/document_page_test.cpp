@@ -77,31 +77,6 @@ TEST_F(DocumentPage, DriverFollowsWhatThePlugInPutsBack) {
     EXPECT_EQ(ItemNamed(Do({"document", "Studio", "--json"}).Json(), "Paper Size")["selection"], 0);
 }
 
-TEST_F(DocumentPage, RefusesWhatAUserCouldNotChoose) {
-    Install("Office", "T");
-    Do({"printer", "Office", "-o", "Tray2=NOTINSTALLED", "-o", "DuplexUnit=NotInstalled",
-        "--apply"});
-    const struct {
-        const char* setting;
-        int code;
-        const char* message;
-    } rows[] = {
-        {"Scaling=19", 1, "must be 20 to 200"},
-        {"Duplex=LongEdge", 1, "is not available now"},
-        {"N-up=Booklet", 1, "no choice of \"Pages per Sheet\" \"Booklet\""},
-        {"Paper Source=Tray 2", 1, "is not available now"},
-        {"Paper=A4", 1, "no item \"Paper\"; did you mean \"Paper Size\", \"Paper Source\"?"},
-        {"Scaling", 2, "expected Item=Choice"},
-    };
-    for (const auto& row : rows) {
-        const CommandResult result = Run({"document", "Office", "-o", row.setting, "--apply"});
-        EXPECT_EQ(result.code, row.code) << row.setting;
-        EXPECT_THAT(result.err, HasSubstr(row.message));
-        EXPECT_EQ(result.err.find("driverhost: "), 0u);
-        EXPECT_EQ(result.out, "");
-    }
-}
-
 TEST_F(DocumentPage, PrintsOneLineAnItem) {
     Install("Office", "T");
     const std::string lines = Do({"document", "Office", "-l"}).out;

@@ -23,7 +23,7 @@ protected:
 TEST_F(EditorScript, AddsAWatermarkAndTellsIt) {
     Install("Office", "T");
     const CommandResult result = Edit(
-        "# a new one\n\npress New\ntype Name \"Zebra\"\ntype String Black and white\n"
+        "\xEF\xBB\xBF# a new one\n\nPRESS New\ntype Name \"Zebra\"\ntype String Black and white\n"
         "choose Color = Red\nstep Size 2\npress 1\nanswer OK\n",
         {"--apply"});
     EXPECT_EQ(result.code, 0) << result.err;
@@ -35,72 +35,28 @@ TEST_F(EditorScript, AddsAWatermarkAndTellsIt) {
     EXPECT_EQ(settings["Watermark"]["PointSize"], 74);
 }
 
-TEST_F(EditorScript, AnswersMessagesAsWrittenAndSafelyOtherwise) {
-    Install("Office", "T");
-    const std::string remove = "choose Watermark List = Copy\npress Delete\n";
-    const CommandResult unanswered = Edit(remove + "press OK\n");
-    EXPECT_THAT(unanswered.err, HasSubstr("delete the selected watermark? -> Cancel"));
-    const CommandResult answered = Edit(remove + "answer OK\npress OK\n");
-    EXPECT_THAT(answered.err, HasSubstr("delete the selected watermark? -> OK"));
-    EXPECT_EQ(Edit("choose Watermark List = Copy\n").code, 1);
-}
-
-TEST_F(EditorScript, StopsAtTheLineThatCannotBeDone) {
-    Install("Office", "T");
-    const struct {
-        const char* script;
-        const char* error;
-    } rows[] = {
-        {"choose Watermark List = Copyy\n", "line 1: \"Watermark List\" cannot be used now"},
-        {"press New\nanswer OK\n", "line 2: there is no message to answer"},
-        {"close\npress New\n", "line 2: \"New\" cannot be used now"},
-    };
-    for (const auto& row : rows) {
-        const CommandResult result = Edit(row.script, {"--apply"});
-        EXPECT_EQ(result.code, 1) << row.script;
-        EXPECT_THAT(result.err, HasSubstr(row.error));
-    }
-    const nlohmann::json settings = Do({"document", "Office", "--json"}).Json()["privateDevmode"];
-    EXPECT_EQ(settings["WatermarkOn"], 0);
-}
-
 TEST_F(EditorScript, FailsWhenTheListIsNotStored) {
     Install("Office", "T");
     Do({"document", "Office"});
     const platform::FailurePlan full("SetPrinterDataW", 0, ERROR_DISK_FULL);
     const CommandResult result = Edit("press New\npress OK\nanswer OK\n", {"--apply"});
     EXPECT_EQ(result.code, 1);
-    EXPECT_THAT(result.err, HasSubstr("driverhost: the list of watermarks was not stored"));
+    EXPECT_THAT(result.err, HasSubstr("the editor says \"Failed to set data in registry.\""));
 }
 
-TEST_F(EditorScript, NeedsAnEnabledWatermark) {
+TEST_F(EditorScript, SelectsAWatermarkByItsNameAndListsThem) {
     Install("Office", "T");
-    const CommandResult result = Edit("press OK\n", {"-o", "Watermark=Disabled"});
-    EXPECT_EQ(result.code, 1);
-    EXPECT_THAT(result.err, HasSubstr("the editor does not open while"));
-}
-
-TEST(EditScriptLines, ThatAreNotUnderstoodAreToldByTheirNumber) {
-    const struct {
-        const char* script;
-        const char* error;
-    } rows[] = {
-        {"\n# fine\npres New\n", "line 3: no action \"pres\"; did you mean \"press\"?"},
-        {"type Nmae \"x\"\n", "line 1: no control \"Nmae\"; did you mean \"Name\"?"},
-        {"type Name\n", "line 1: expected \"type EDIT"},
-        {"answer Perhaps\n", "line 1: no answer \"Perhaps\""},
-        {"press\n", "line 1: \"press\" says not what"},
-        {"step Size 501\n", "line 1: expected \"step EDIT NUMBER\", a number from -500 to 500"},
-        {"step Size -2147483648\n", "line 1: expected \"step EDIT NUMBER\""},
-    };
-    for (const auto& row : rows) {
-        try {
-            static_cast<void>(EditScript::Parse(row.script));
-            ADD_FAILURE() << row.script;
-        } catch (const UsageFailure& failure) {
-            EXPECT_EQ(std::string(failure.what()).find(row.error), 0u) << failure.what();
-        }
-    }
+    Do({"document", "Office", "--watermark", "draft", "--apply"});
+    EXPECT_THAT(Do({"document", "Office", "-l"}).out,
+                HasSubstr("Watermark/Watermark: *Enabled Disabled \"Draft\"\n"));
+    EXPECT_THAT(
+        Do({"watermarks", "Office"}).out,
+        HasSubstr(
+            "  Copy                  \"COPY\" Arial 96 pt bold, black, diagonal, centred\n"
+            "* Draft                 \"DRAFT\" Arial 96 pt bold, black, diagonal, centred\n"));
+    const nlohmann::json watermarks = Do({"watermarks", "Office", "--json"}).Json();
+    EXPECT_EQ(watermarks.size(), 9u);
+    EXPECT_EQ(watermarks[3]["selected"], true);
 }
 
 }  // namespace

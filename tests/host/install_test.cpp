@@ -84,49 +84,6 @@ TEST_F(Installation, RegistersPortsOfEveryKind) {
     EXPECT_EQ(Do({"list", "--json"}).Json().size(), std::size(rows));
 }
 
-TEST_F(Installation, RefusesWhatCannotBeInstalled) {
-    Install("Office", "T");
-    const struct {
-        std::vector<std::string> command;
-        int code;
-        const char* message;
-    } rows[] = {
-        {{"install", "OFFICE", "--model", "U", "--port", "P"}, 1, "exists"},
-        {{"install", "New", "--model", "X", "--port", "P"}, 2, "no model \"X\""},
-        {{"install", "a,b", "--model", "T", "--port", "P"}, 2, "no name for a printer"},
-        {{"install", "New", "--model", "T", "--port", "P", "--port-kind", "tpcip"},
-         2,
-         "did you mean \"tcpip\"?"},
-        {{"install", "New", "--model", "T", "--port", "P", "--port-kind", "lpr"},
-         2,
-         "needs --address"},
-        {{"install", "New", "--model", "T"}, 2, "--port is required"},
-        {{"install", "..\\..\\x", "--model", "T", "--port", "P"}, 2, "no name for a printer"},
-        {{"install", std::string(1000, 'x'), "--model", "T", "--port", "P"}, 2, "xxx...\" is no"},
-        {{"remove", "\x1B[2J\xC2\x9B"}, 1, "no printer \"\\x1B[2J\\x9B\""},
-        {{"remove", "Offic"}, 1, "did you mean \"Office\"?"},
-        {{"forms", "Office", "--add", "A4=210x297"}, 1, "the name is taken"},
-        {{"forms", "Office", "--add", "Tiny=0x10"}, 2, "expected Name=WIDTHxHEIGHT"},
-        {{"forms", "Office", "--add", "Odd=10xten"}, 2, "expected Name=WIDTHxHEIGHT"},
-        {{"instal", "Office"}, 2, "did you mean \"install\""},
-        {{}, 2, "subcommand is required"},
-    };
-    for (const auto& row : rows) {
-        const CommandResult result = Run(row.command);
-        EXPECT_EQ(result.code, row.code) << row.message;
-        EXPECT_THAT(result.err, HasSubstr(row.message));
-    }
-    EXPECT_EQ(Do({"list", "--json"}).Json().size(), 1u);
-    // Refused before anything was written.
-    EXPECT_FALSE(fs::exists(platform::DriverFolder() / "QVRU__UI.DLL"));
-    EXPECT_FALSE(platform::spooler::FindPortAddress(u"P").has_value());
-    source_.packages = Folder() / "nowhere";
-    EXPECT_EQ(Run({"install", "New", "--model", "T", "--port", "P"}).code, 1);
-    std::ostringstream out;
-    std::ostringstream err;
-    EXPECT_EQ(RunHost({"list", "--machine", ""}, out, err, source_), 2);
-}
-
 TEST_F(Installation, CompletesWhatAKilledOneLeft) {
     Install("Office", "T");
     {
@@ -227,6 +184,8 @@ TEST_F(Installation, FormsAreListedAsTheyAreAdded) {
     EXPECT_THAT(forms, HasSubstr("A4=210.0x297.0\n"));
     EXPECT_THAT(forms, HasSubstr("Banner=210.0x900.0 (added)\n"));
     EXPECT_THAT(forms, HasSubstr("Ticket=54.5x86.0 (added)\n"));
+    Do({"forms", "Office", "--remove", "banner"});
+    EXPECT_EQ(Do({"forms", "Office"}).out.find("Banner"), std::string::npos);
 }
 
 TEST_F(Installation, RemovesPrinterAndDriver) {
