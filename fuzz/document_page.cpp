@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "docprops/watermark_button.h"
+#include "fuzz/fuzz_machine.h"
 #include "fuzz/fuzz_text.h"
 #include "platform/faults/live_objects.h"
 #include "tests/support/document_page.h"
@@ -86,7 +87,7 @@ constexpr WORD kReasons[] = {CPSUICB_REASON_SETACTIVE, CPSUICB_REASON_SEL_CHANGE
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
     testing::FLAGS_gtest_break_on_failure = true;
-    static const tests::TestMachine machine;
+    fuzz::UseMachineInMemory();
     tests::LoadPlugin();
     return 0;
 }

@@ -3,13 +3,13 @@
 #include <filesystem>
 #include <fstream>
 
+#include "fuzz/fuzz_machine.h"
 #include "fuzz/fuzz_text.h"
 #include "platform/base/machine.h"
 #include "platform/gui/help/help_file.h"
-#include "tests/support/test_machine.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    static const tests::TestMachine machine;
+    fuzz::UseMachineInMemory();
     return 0;
 }
 

@@ -1,11 +1,16 @@
 // A port's name: it is classified without reading past its end, and a host comes with a kind.
 
+#include "fuzz/fuzz_machine.h"
 #include "fuzz/fuzz_text.h"
 #include "printerprops/port_discovery.h"
-#include "tests/support/test_machine.h"
+#include "tests/support/test_printer.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    static const tests::TestMachine machine;
+    fuzz::UseMachineInMemory();
+    // A machine has its ports; without any the registry is set up anew at each look.
+    tests::WriteRegistryText(TEXT("System\\CurrentControlSet\\Control\\Print\\Monitors\\LPR "
+                                  "Port\\Ports\\Queue"),
+                             TEXT("Server Name"), TEXT("127.0.0.1"));
     return 0;
 }
 

@@ -5,13 +5,14 @@
 #include <fstream>
 
 #include "common/model_identity.h"
+#include "fuzz/fuzz_machine.h"
 #include "fuzz/fuzz_text.h"
 #include "install/uninstaller.h"
 #include "platform/base/machine.h"
 #include "tests/support/plugin_fixture.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    static const tests::TestMachine machine;
+    fuzz::UseMachineInMemory();
     tests::LoadPlugin();
     return 0;
 }

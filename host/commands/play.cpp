@@ -78,10 +78,15 @@ void Play(const PlayOptions& options, const CommandContext& context) {
     }
     std::ostream& log = options.log.empty() ? context.out : file;
     PlayedPrinter printer(options.printer, [&](const std::string& line) {
-        log << line << '\n' << std::flush;
+        // A printer whose log nobody can read plays for nobody.
+        if (!(log << line << '\n' << std::flush)) printer.Stop();
     });
     const SignalScope signals(printer);
     printer.Serve(std::chrono::seconds(options.seconds), options.once);
+    if (!log) {
+        throw Failure((options.log.empty() ? "the log" : options.log) +
+                      " cannot be written any further");
+    }
 }
 
 }  // namespace

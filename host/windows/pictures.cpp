@@ -187,7 +187,7 @@ private:
 
     void Save(const char* name, const QPixmap& picture) {
         const fs::path file = folder_ / name;
-        if (!picture.save(QString::fromStdU16String(file.u16string()), "PNG")) {
+        if (!platform::SavePicture(picture, file)) {
             throw Failure(file.native() + " cannot be written");
         }
         out_ << name << '\n';

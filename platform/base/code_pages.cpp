@@ -11,7 +11,7 @@
 using platform::Fail;
 
 int WINAPI WideCharToMultiByte(UINT codePage, DWORD, LPCWSTR text, int length, LPSTR destination,
-                               int capacity, LPCSTR defaultCharacter, BOOL* usedDefault) {
+                               int capacity, LPCSTR defaultCharacter, BOOL* usedDefault) try {
     if (const auto error = platform::InjectedFailure("WideCharToMultiByte")) {
         return Fail<int>(*error);
     }
@@ -25,4 +25,6 @@ int WINAPI WideCharToMultiByte(UINT codePage, DWORD, LPCWSTR text, int length, L
     }
     std::ranges::copy(converted, destination);
     return static_cast<int>(converted.size());
+} catch (...) {
+    return platform::FailCaught<int>();
 }

@@ -5,7 +5,6 @@
 #include <winerror.h>
 
 #include <concepts>
-#include <exception>
 #include <new>
 
 namespace platform {
@@ -18,16 +17,31 @@ Answer Fail(DWORD error, Answer answer = {}) {
     return answer;
 }
 
-/// Does an operation that answers a result code; what it throws becomes one, since whoever calls
-/// the layer knows no exceptions.
+/// The result code for the exception that is being handled. Whoever calls the layer knows no
+/// exceptions: every public function whose work may throw ends with a handler of all.
+inline DWORD CaughtError() noexcept {
+    try {
+        throw;
+    } catch (const std::bad_alloc&) {
+        return ERROR_NOT_ENOUGH_MEMORY;
+    } catch (...) {
+        return ERROR_GEN_FAILURE;
+    }
+}
+
+/// As `Fail`, in such a handler.
+template <typename Answer = BOOL>
+Answer FailCaught(Answer answer = {}) noexcept {
+    return Fail(CaughtError(), answer);
+}
+
+/// Does an operation that answers a result code; what it throws becomes one.
 template <std::invocable Operation>
 DWORD Contained(Operation operation) noexcept {
     try {
         return operation();
-    } catch (const std::bad_alloc&) {
-        return ERROR_NOT_ENOUGH_MEMORY;
-    } catch (const std::exception&) {
-        return ERROR_GEN_FAILURE;
+    } catch (...) {
+        return CaughtError();
     }
 }
 

@@ -23,6 +23,8 @@ namespace {
 // More than anybody asks for in earnest: answered as memory that is not there.
 constexpr SIZE_T kLargestBlock = SIZE_T{1} << 32;
 
+using Block = std::unique_ptr<void, decltype(&std::free)>;
+
 struct Heap {
     std::mutex mutex;
     std::unordered_map<const void*, std::size_t> blocks;
@@ -47,13 +49,13 @@ std::shared_ptr<Heap> FindHeap(const void* handle) {
 void* Allocate(Heap& heap, SIZE_T size, bool zero) {
     if (size > kLargestBlock) return nullptr;
     const SIZE_T room = std::max<SIZE_T>(size, 1);
-    void* block = zero ? std::calloc(room, 1) : std::malloc(room);
+    Block block(zero ? std::calloc(room, 1) : std::malloc(room), std::free);
     if (block == nullptr) return nullptr;
     const std::lock_guard lock(heap.mutex);
-    heap.blocks.emplace(block, size);
+    heap.blocks.emplace(block.get(), size);
     heap.bytes += size;
     platform::CountObject("heap block", 1);
-    return block;
+    return block.release();
 }
 
 void* Resize(Heap& heap, void* block, SIZE_T size, bool zero) {
@@ -64,8 +66,10 @@ void* Resize(Heap& heap, void* block, SIZE_T size, bool zero) {
     void* moved = std::realloc(block, std::max<SIZE_T>(size, 1));
     if (moved == nullptr) return nullptr;
     if (zero && size > before) std::memset(static_cast<char*>(moved) + before, 0, size - before);
-    heap.blocks.erase(known);
-    heap.blocks.emplace(moved, size);
+    auto entry = heap.blocks.extract(known);  // needs no memory of its own
+    entry.key() = moved;
+    entry.mapped() = size;
+    heap.blocks.insert(std::move(entry));
     heap.bytes = heap.bytes - before + size;
     return moved;
 }
@@ -83,10 +87,12 @@ bool Free(Heap& heap, void* block) {
 
 }  // namespace
 
-HANDLE WINAPI HeapCreate(DWORD options, SIZE_T, SIZE_T maximumSize) {
+HANDLE WINAPI HeapCreate(DWORD options, SIZE_T, SIZE_T maximumSize) try {
     if (const auto error = platform::InjectedFailure("HeapCreate")) return Fail<HANDLE>(*error);
     if (options != 0 || maximumSize != 0) return Fail<HANDLE>(ERROR_INVALID_PARAMETER);
     return CreatedHeaps().Insert(std::make_shared<Heap>());
+} catch (...) {
+    return platform::FailCaught<HANDLE>();
 }
 
 BOOL WINAPI HeapDestroy(HANDLE heap) {
@@ -105,10 +111,12 @@ HANDLE WINAPI GetProcessHeap() {
     return ProcessHeap().get();
 }
 
-LPVOID WINAPI HeapAlloc(HANDLE heap, DWORD flags, SIZE_T size) {
+LPVOID WINAPI HeapAlloc(HANDLE heap, DWORD flags, SIZE_T size) try {
     if (platform::InjectedFailure("HeapAlloc")) return nullptr;
     const std::shared_ptr<Heap> owner = FindHeap(heap);
     return owner ? Allocate(*owner, size, (flags & HEAP_ZERO_MEMORY) != 0) : nullptr;
+} catch (...) {
+    return nullptr;
 }
 
 LPVOID WINAPI HeapReAlloc(HANDLE heap, DWORD flags, LPVOID block, SIZE_T size) {

@@ -1,6 +1,9 @@
 #include "platform/base/paths.h"
 
+#include <dirent.h>
+
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 #include "platform/base/machine.h"
@@ -36,10 +39,11 @@ fs::path FindPart(const fs::path& folder, std::u16string_view part) {
     fs::path spelled = folder / Utf8(part);
     std::error_code error;
     if (fs::exists(spelled, error)) return spelled;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const fs::path name = entry->path().filename();
-        if (EqualIgnoringUnicodeCase(Utf16(name.native()), part)) return entry->path();
+    // The library's own walk ends the process when memory is short.
+    const std::unique_ptr<DIR, int (*)(DIR*)> opened(::opendir(folder.c_str()), ::closedir);
+    while (const dirent* entry = opened ? ::readdir(opened.get()) : nullptr) {
+        const std::string_view name = entry->d_name;
+        if (EqualIgnoringUnicodeCase(Utf16(name), part)) return folder / name;
     }
     return spelled;
 }

@@ -142,7 +142,7 @@ const ModuleImage* FindModule(HINSTANCE module) {
 
 using platform::Fail;
 
-HMODULE WINAPI LoadLibraryW(LPCWSTR fileName) {
+HMODULE WINAPI LoadLibraryW(LPCWSTR fileName) try {
     if (const auto error = platform::InjectedFailure("LoadLibraryW")) return Fail<HMODULE>(*error);
     if (fileName == nullptr || *fileName == 0) return Fail<HMODULE>(ERROR_INVALID_PARAMETER);
     const std::filesystem::path file = platform::FindLibrary(fileName);
@@ -155,6 +155,8 @@ HMODULE WINAPI LoadLibraryW(LPCWSTR fileName) {
     if (module != nullptr) return module;
     dlclose(library);
     return Fail<HMODULE>(error);
+} catch (...) {
+    return platform::FailCaught<HMODULE>();
 }
 
 BOOL WINAPI FreeLibrary(HMODULE module) {
@@ -176,7 +178,7 @@ BOOL WINAPI FreeLibrary(HMODULE module) {
     return TRUE;
 }
 
-FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
+FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) try {
     if (const auto error = platform::InjectedFailure("GetProcAddress")) {
         return Fail<FARPROC>(*error);
     }
@@ -194,9 +196,11 @@ FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
         return Fail<FARPROC>(ERROR_PROC_NOT_FOUND);
     }
     return reinterpret_cast<FARPROC>(address);
+} catch (...) {
+    return platform::FailCaught<FARPROC>();
 }
 
-DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR fileName, DWORD size) {
+DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR fileName, DWORD size) try {
     if (const auto error = platform::InjectedFailure("GetModuleFileNameW")) {
         return Fail<DWORD>(*error);
     }
@@ -215,6 +219,8 @@ DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR fileName, DWORD size) {
     fileName[copied] = 0;
     if (copied == path.size()) return static_cast<DWORD>(copied);
     return Fail(ERROR_INSUFFICIENT_BUFFER, size);
+} catch (...) {
+    return platform::FailCaught<DWORD>();
 }
 
 HMODULE WINAPI GetModuleHandleW(LPCWSTR moduleName) {

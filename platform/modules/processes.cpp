@@ -11,8 +11,10 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <exception>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
 #include <system_error>
 #include <thread>
@@ -32,9 +34,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Process {
-    pid_t id;
-};
+/// A program that runs on whether it is known here or not.
+struct Process {};
+using OpenHandle = std::unique_ptr<void, BOOL (*)(HANDLE)>;
 
 platform::HandleTable<Process>& Processes() {
     static platform::HandleTable<Process> processes("process");
@@ -214,7 +216,7 @@ void ReapWhenEnded(pid_t id) {
             while (waitpid(id, nullptr, 0) < 0 && errno == EINTR) {
             }
         }).detach();
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {
         // Without a thread the program's entry stays until this process ends; it runs all the same.
     }
 }
@@ -252,7 +254,7 @@ DWORD Start(const Command& command, std::u16string_view commandLine, pid_t* id) 
 BOOL WINAPI CreateProcessW(LPCWSTR applicationName, LPWSTR commandLine, LPSECURITY_ATTRIBUTES,
                            LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID environment,
                            LPCWSTR currentDirectory, LPSTARTUPINFOW startup,
-                           LPPROCESS_INFORMATION process) {
+                           LPPROCESS_INFORMATION process) try {
     if (const auto error = platform::InjectedFailure("CreateProcessW")) return Fail(*error);
     if (applicationName != nullptr || environment != nullptr || currentDirectory != nullptr ||
         commandLine == nullptr || startup == nullptr || process == nullptr) {
@@ -261,13 +263,18 @@ BOOL WINAPI CreateProcessW(LPCWSTR applicationName, LPWSTR commandLine, LPSECURI
     if (platform::MachineFolder().empty()) return Fail(ERROR_PATH_NOT_FOUND);
     Command command = ParseCommand(commandLine);
     if (const DWORD error = CheckInside(&command)) return Fail(error);
+    // Before the program starts, which cannot be taken back.
+    const auto started = std::make_shared<Process>();
+    OpenHandle processHandle(Processes().Insert(started), CloseHandle);
+    OpenHandle threadHandle(Threads().Insert(started), CloseHandle);
     pid_t id = 0;
     if (const DWORD error = Start(command, commandLine, &id)) return Fail(error);
     ReapWhenEnded(id);
-    const auto started = std::make_shared<Process>(Process{id});
-    *process = {Processes().Insert(started), Threads().Insert(started), static_cast<DWORD>(id),
+    *process = {processHandle.release(), threadHandle.release(), static_cast<DWORD>(id),
                 static_cast<DWORD>(id)};
     return TRUE;
+} catch (...) {
+    return platform::FailCaught();
 }
 
 BOOL WINAPI CloseHandle(HANDLE handle) {

@@ -28,7 +28,7 @@ constexpr WORD kVersion = 0x0101;
 constexpr int kConnectMilliseconds = 21000;
 
 struct OpenSocket {
-    int descriptor;
+    int descriptor = -1;
     bool waits = true;
 };
 
@@ -58,10 +58,12 @@ DWORD CheckKind(int family, int type, int protocol) {
 DWORD AddSocket(SOCKET* number) {
     const std::lock_guard lock(mutex);
     if (starts == 0) return WSANOTINITIALISED;
-    OpenSocket open = {};
-    if (const DWORD error = net::OpenStream(&open.descriptor)) return error;
-    *number = platform::NextHandleValue();
-    sockets.emplace(*number, open);
+    const auto added = sockets.emplace(platform::NextHandleValue(), OpenSocket{}).first;
+    if (const DWORD error = net::OpenStream(&added->second.descriptor)) {
+        sockets.erase(added);
+        return error;
+    }
+    *number = added->first;
     platform::CountObject("socket", 1);
     return 0;
 }
@@ -134,12 +136,14 @@ int WINAPI WSAGetLastError() {
     return static_cast<int>(GetLastError());
 }
 
-SOCKET WINAPI socket(int family, int type, int protocol) {
+SOCKET WINAPI socket(int family, int type, int protocol) try {
     if (const auto error = InjectedFailure("socket")) return Fail(*error, INVALID_SOCKET);
     SOCKET number = INVALID_SOCKET;
     DWORD error = CheckKind(family, type, protocol);
     if (error == 0) error = AddSocket(&number);
     return error == 0 ? number : Fail(error, INVALID_SOCKET);
+} catch (...) {
+    return platform::FailCaught(INVALID_SOCKET);
 }
 
 int WINAPI connect(SOCKET socket, const sockaddr* address, int addressSize) {
@@ -211,16 +215,20 @@ USHORT WINAPI htons(USHORT value) {
     return __builtin_bswap16(value);
 }
 
-ULONG WINAPI inet_addr(const CHAR* text) {
+ULONG WINAPI inet_addr(const CHAR* text) try {
     if (text == nullptr) return INADDR_NONE;
     return net::ParseAddress(text).value_or(INADDR_NONE);
+} catch (...) {
+    return platform::FailCaught(INADDR_NONE);
 }
 
-hostent* WINAPI gethostbyname(const CHAR* name) {
+hostent* WINAPI gethostbyname(const CHAR* name) try {
     if (const auto error = InjectedFailure("gethostbyname")) return Fail<hostent*>(*error);
     if (!LibraryStarted()) return Fail<hostent*>(WSANOTINITIALISED);
     std::vector<ULONG> addresses;
     if (name != nullptr) addresses = net::LookUpHost(name);
     if (addresses.empty()) return Fail<hostent*>(WSAHOST_NOT_FOUND);
     return FillHostAnswer(name, std::move(addresses));
+} catch (...) {
+    return platform::FailCaught<hostent*>();
 }

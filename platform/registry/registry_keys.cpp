@@ -10,6 +10,7 @@
 #include <optional>
 #include <string_view>
 
+#include "platform/base/fail.h"
 #include "platform/base/handles.h"
 #include "platform/faults/failure_points.h"
 #include "platform/registry/registry_store.h"
@@ -109,14 +110,16 @@ LSTATUS Deliver(const platform::RegistryValue& value, LPBYTE bytes, LPDWORD size
 
 }  // namespace
 
-LSTATUS WINAPI RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD, REGSAM access, PHKEY result) {
+LSTATUS WINAPI RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD, REGSAM access, PHKEY result) try {
     KeyPointer parent;
     const LSTATUS error = Begin("RegOpenKeyExW", key, 0, &parent);
     if (error != ERROR_SUCCESS) return error;
     return result == nullptr ? ERROR_INVALID_PARAMETER : Open(parent, path, access, result);
+} catch (...) {
+    return static_cast<LSTATUS>(platform::CaughtError());
 }
 
-LSTATUS WINAPI RegOpenKeyW(HKEY key, LPCWSTR path, PHKEY result) {
+LSTATUS WINAPI RegOpenKeyW(HKEY key, LPCWSTR path, PHKEY result) try {
     KeyPointer parent;
     const LSTATUS error = Begin("RegOpenKeyW", key, 0, &parent);
     if (error != ERROR_SUCCESS) return error;
@@ -124,11 +127,13 @@ LSTATUS WINAPI RegOpenKeyW(HKEY key, LPCWSTR path, PHKEY result) {
     if (!Name(path).empty()) return Open(parent, path, KEY_ALL_ACCESS, result);
     *result = key;
     return ERROR_SUCCESS;
+} catch (...) {
+    return static_cast<LSTATUS>(platform::CaughtError());
 }
 
 LSTATUS WINAPI RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR, DWORD options,
                                REGSAM access, const SECURITY_ATTRIBUTES*, PHKEY result,
-                               DWORD* disposition) {
+                               DWORD* disposition) try {
     KeyPointer parent;
     LSTATUS error = Begin("RegCreateKeyExW", key, 0, &parent);
     if (error != ERROR_SUCCESS) return error;
@@ -150,10 +155,12 @@ LSTATUS WINAPI RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR, D
         *disposition = created ? REG_CREATED_NEW_KEY : REG_OPENED_EXISTING_KEY;
     }
     return ERROR_SUCCESS;
+} catch (...) {
+    return static_cast<LSTATUS>(platform::CaughtError());
 }
 
 LSTATUS WINAPI RegEnumKeyExW(HKEY handle, DWORD index, LPWSTR name, LPDWORD size, LPDWORD reserved,
-                             LPWSTR className, LPDWORD classSize, FILETIME* lastWritten) {
+                             LPWSTR className, LPDWORD classSize, FILETIME* lastWritten) try {
     KeyPointer key;
     const LSTATUS error = Begin("RegEnumKeyExW", handle, KEY_ENUMERATE_SUB_KEYS, &key);
     if (error != ERROR_SUCCESS) return error;
@@ -170,10 +177,12 @@ LSTATUS WINAPI RegEnumKeyExW(HKEY handle, DWORD index, LPWSTR name, LPDWORD size
     if (classSize != nullptr) *classSize = 0;
     if (lastWritten != nullptr) *lastWritten = {};
     return ERROR_SUCCESS;
+} catch (...) {
+    return static_cast<LSTATUS>(platform::CaughtError());
 }
 
 LSTATUS WINAPI RegQueryValueExW(HKEY handle, LPCWSTR name, LPDWORD reserved, LPDWORD type,
-                                LPBYTE bytes, LPDWORD size) {
+                                LPBYTE bytes, LPDWORD size) try {
     KeyPointer key;
     const LSTATUS error = Begin("RegQueryValueExW", handle, KEY_QUERY_VALUE, &key);
     if (error != ERROR_SUCCESS) return error;
@@ -185,10 +194,12 @@ LSTATUS WINAPI RegQueryValueExW(HKEY handle, LPCWSTR name, LPDWORD reserved, LPD
     if (failure != ERROR_SUCCESS) return static_cast<LSTATUS>(failure);
     if (type != nullptr) *type = value.type;
     return size == nullptr ? ERROR_SUCCESS : Deliver(value, bytes, size);
+} catch (...) {
+    return static_cast<LSTATUS>(platform::CaughtError());
 }
 
 LSTATUS WINAPI RegSetValueExW(HKEY handle, LPCWSTR name, DWORD reserved, DWORD type,
-                              const BYTE* bytes, DWORD size) {
+                              const BYTE* bytes, DWORD size) try {
     KeyPointer key;
     const LSTATUS error = Begin("RegSetValueExW", handle, KEY_SET_VALUE, &key);
     if (error != ERROR_SUCCESS) return error;
@@ -196,9 +207,11 @@ LSTATUS WINAPI RegSetValueExW(HKEY handle, LPCWSTR name, DWORD reserved, DWORD t
         return ERROR_INVALID_PARAMETER;
     }
     return static_cast<LSTATUS>(platform::WriteValue(key->id, Name(name), type, {bytes, size}));
+} catch (...) {
+    return static_cast<LSTATUS>(platform::CaughtError());
 }
 
-LSTATUS WINAPI RegDeleteTreeW(HKEY handle, LPCWSTR path) {
+LSTATUS WINAPI RegDeleteTreeW(HKEY handle, LPCWSTR path) try {
     constexpr REGSAM kNeeded = DELETE | KEY_ENUMERATE_SUB_KEYS | KEY_QUERY_VALUE;
     KeyPointer key;
     const LSTATUS error = Begin("RegDeleteTreeW", handle, kNeeded, &key);
@@ -210,6 +223,8 @@ LSTATUS WINAPI RegDeleteTreeW(HKEY handle, LPCWSTR path) {
     if (failure == ERROR_SUCCESS && id == key->id) failure = ERROR_BAD_PATHNAME;
     if (failure == ERROR_SUCCESS) failure = platform::DeleteKey(id);
     return static_cast<LSTATUS>(failure);
+} catch (...) {
+    return static_cast<LSTATUS>(platform::CaughtError());
 }
 
 LSTATUS WINAPI RegCloseKey(HKEY key) {

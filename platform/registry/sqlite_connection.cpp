@@ -138,10 +138,12 @@ std::unique_ptr<Connection> Connection::Open(const std::filesystem::path& file, 
 
 std::unique_ptr<Connection> Connection::OpenUnshared(const std::filesystem::path& file,
                                                      DWORD* error) {
-    // With a log beside it the file alone is not the latest that was stored.
-    if (HasLog(file)) return nullptr;
-    const std::string uri = AsUri(file) + "?immutable=1";
+    // With a log beside it the file alone is not the latest that was stored. Nobody adds to the log
+    // now: a writer would have made its index beside it, which could have been shared.
+    const bool hasLog = HasLog(file);
+    const std::string uri = AsUri(file) + (hasLog ? "?vfs=unix-none" : "?immutable=1");
     auto connection = OpenFile(uri.c_str(), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, error);
+    if (*error == ERROR_SUCCESS && hasLog) *error = connection->KeepLogIndexToItself();
     bool isEmpty = false;
     if (*error == ERROR_SUCCESS) *error = connection->Check(file, &isEmpty);
     if (*error == ERROR_SUCCESS && isEmpty) *error = ERROR_FILE_NOT_FOUND;
@@ -211,6 +213,12 @@ DWORD Connection::SetUp() {
     if (InTransaction()) Execute("ROLLBACK");
     if (result == SQLITE_OK && format > kFormat) return ERROR_UNKNOWN_REVISION;
     return ErrorFromSqlite(result);
+}
+
+// The log is then indexed in memory, and left where it is.
+DWORD Connection::KeepLogIndexToItself() {
+    sqlite3_db_config(database_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    return ErrorFromSqlite(Execute("PRAGMA locking_mode = EXCLUSIVE"));
 }
 
 // With a log, readers go on while a change is stored, and a change costs little. The file is turned

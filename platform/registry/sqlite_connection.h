@@ -61,6 +61,7 @@ public:
 private:
     explicit Connection(sqlite3* database) : database_(database) {}
     static std::unique_ptr<Connection> OpenFile(const char* file, int flags, DWORD* error);
+    DWORD KeepLogIndexToItself();
     void ShareWithReaders();
     DWORD Check(const std::filesystem::path& file, bool* isEmpty);
     DWORD Examine(const std::filesystem::path& file, bool* isEmpty);

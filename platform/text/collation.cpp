@@ -73,13 +73,18 @@ bool OneIsNull(LPCWSTR left, LPCWSTR right, int* order) {
 
 }  // namespace
 
-int WINAPI lstrcmpW(LPCWSTR left, LPCWSTR right) {
+// Without memory the order of the codes takes the place of the collation's.
+int WINAPI lstrcmpW(LPCWSTR left, LPCWSTR right) try {
     int order;
     return OneIsNull(left, right, &order) ? order : Compare(left, right);
+} catch (...) {
+    return std::u16string_view(left).compare(right);
 }
 
-int WINAPI lstrcmpiW(LPCWSTR left, LPCWSTR right) {
+int WINAPI lstrcmpiW(LPCWSTR left, LPCWSTR right) try {
     int order;
     if (OneIsNull(left, right, &order)) return order;
     return Compare(platform::Lowercase(left), platform::Lowercase(right));
+} catch (...) {
+    return std::u16string_view(left).compare(right);
 }

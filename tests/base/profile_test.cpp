@@ -1,6 +1,3 @@
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <windows.h>
 
 #include <vector>
@@ -117,21 +114,5 @@ TEST_F(ProfileTest, WildFilesAreRead) {
     EXPECT_EQ(Read(u"num"), u"default");
     EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
 }
-
-#ifdef TRY_LITTLE_MEMORY
-TEST_F(ProfileTest, WithoutMemoryThereIsTheDefaultAndNoException) {
-    WriteFile("Windows/large.ini", "[WatermarkInfo]\nk=1\n" + std::string(15 << 20, ';'));
-    const pid_t reader = fork();
-    if (reader == 0) {
-        const rlimit little = {8 << 20, 8 << 20};
-        setrlimit(RLIMIT_AS, &little);
-        const UINT number = GetPrivateProfileIntW(u"WatermarkInfo", u"k", 77, u"large.ini");
-        _exit(number == 77 && GetLastError() == ERROR_NOT_ENOUGH_MEMORY ? 0 : 1);
-    }
-    int status = -1;
-    waitpid(reader, &status, 0);
-    EXPECT_EQ(status, 0);
-}
-#endif
 
 }  // namespace

@@ -1,7 +1,6 @@
 // The registry's file under other processes, sudden death, damage and locks.
 
 #include <sqlite3.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <windows.h>
@@ -14,10 +13,17 @@
 #include "platform/base/machine.h"
 #include "platform/registry/registry_store.h"
 #include "tests/support/machine_fixture.h"
+#include "tests/support/no_space.h"
 
 namespace {
 
 constexpr DWORD kValueSize = 200'000;
+
+int ExitCode(pid_t process) {
+    int status = -1;
+    waitpid(process, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
 
 class StoreTest : public tests::MachineTest {
 protected:
@@ -46,6 +52,24 @@ protected:
         return bytes == std::vector<BYTE>(kValueSize, bytes[0]) ? bytes[0] : -1;
     }
     void CloseStore() const { platform::UseMachine(Folder()); }
+    /// Whether a process that may only look finds the value filled so, and cannot change it.
+    bool IsReadWithoutTheRightToWrite(int fill) const {
+        const std::filesystem::path folder = Folder();
+        for (const auto& file : std::filesystem::directory_iterator(folder)) {
+            if (file.is_regular_file()) permissions(file, std::filesystem::perms(0444));
+        }
+        permissions(folder, std::filesystem::perms(0555));
+        const pid_t reader = fork();
+        if (reader == 0) {
+            // Rights mean nothing to a process of the administrator.
+            const bool isOther = getuid() != 0 || setuid(65534) == 0;
+            HKEY key = nullptr;
+            _exit(isOther && Open(&key) == 0 && Read(key) == fill && Write(key, 9) != 0 ? 0 : 1);
+        }
+        const int code = ExitCode(reader);
+        permissions(folder, std::filesystem::perms(0755));
+        return code == 0;
+    }
 };
 
 /// A process that writes 1, 2, 3... up to 250 and tells each through a pipe when it is stored.
@@ -194,30 +218,10 @@ TEST_F(StoreTest, ALockKeepsOnlyWritersOut) {
     RegCloseKey(key);
 }
 
-/// While it lives no file of this process can grow.
-class NoSpace {
-public:
-    NoSpace() : before_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &limit_);
-        const rlimit none = {0, limit_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &none);
-    }
-    ~NoSpace() {
-        setrlimit(RLIMIT_FSIZE, &limit_);
-        std::signal(SIGXFSZ, before_);
-    }
-    NoSpace(const NoSpace&) = delete;
-    NoSpace& operator=(const NoSpace&) = delete;
-
-private:
-    rlimit limit_{};
-    void (*before_)(int);
-};
-
 TEST_F(StoreTest, ReadingNeedsNeitherSpaceNorTheRightToWrite) {
     HKEY key = nullptr;
     {
-        const NoSpace none;
+        const tests::NoSpace none;
         EXPECT_EQ(RegOpenKeyW(HKEY_LOCAL_MACHINE, u"Printers", &key), ERROR_FILE_NOT_FOUND)
             << "nothing has been written yet";
         EXPECT_NE(Open(&key), ERROR_SUCCESS);
@@ -225,7 +229,7 @@ TEST_F(StoreTest, ReadingNeedsNeitherSpaceNorTheRightToWrite) {
     RegCloseKey(OpenWith(7));
     CloseStore();
     {
-        const NoSpace none;
+        const tests::NoSpace none;
         ASSERT_EQ(Open(&key), ERROR_SUCCESS);
         EXPECT_EQ(Read(key), 7);
         EXPECT_NE(Write(key, 8), ERROR_SUCCESS);
@@ -234,19 +238,13 @@ TEST_F(StoreTest, ReadingNeedsNeitherSpaceNorTheRightToWrite) {
     EXPECT_EQ(Write(key, 8), ERROR_SUCCESS) << "space again";
     RegCloseKey(key);
     CloseStore();
-    std::filesystem::permissions(Folder() / "registry.sqlite", std::filesystem::perms(0444));
-    std::filesystem::permissions(Folder(), std::filesystem::perms(0555));
-    const pid_t reader = fork();
-    if (reader == 0) {
-        // Rights mean nothing to a process of the administrator.
-        const bool isOther = getuid() != 0 || setuid(65534) == 0;
-        _exit(isOther && Open(&key) == ERROR_SUCCESS && Read(key) == 8 && Write(key, 9) != 0 ? 0
-                                                                                             : 1);
-    }
-    int status = -1;
-    waitpid(reader, &status, 0);
-    EXPECT_EQ(status, 0);
-    std::filesystem::permissions(Folder(), std::filesystem::perms(0755));
+    EXPECT_TRUE(IsReadWithoutTheRightToWrite(8));
+    // What a process that died left in the log is read too, also where no index can be made of it.
+    const pid_t writer = fork();
+    if (writer == 0) _exit(Open(&key) == ERROR_SUCCESS && Write(key, 6) == ERROR_SUCCESS ? 0 : 1);
+    EXPECT_EQ(ExitCode(writer), 0);
+    EXPECT_TRUE(std::filesystem::remove(Folder() / "registry.sqlite-shm"));
+    EXPECT_TRUE(IsReadWithoutTheRightToWrite(6));
 }
 
 TEST_F(StoreTest, ManyProcessesMayUseANewMachineAtOnce) {
@@ -262,11 +260,7 @@ TEST_F(StoreTest, ManyProcessesMayUseANewMachineAtOnce) {
                       ? 0
                       : 1);
         }
-        for (const pid_t user : users) {
-            int status = -1;
-            waitpid(user, &status, 0);
-            EXPECT_EQ(status, 0);
-        }
+        for (const pid_t user : users) EXPECT_EQ(ExitCode(user), 0);
     }
     CloseStore();
 }

@@ -2,7 +2,9 @@
 
 #include <cstring>
 #include <fstream>
+#include <stdexcept>
 
+#include "platform/base/heap.h"
 #include "platform/base/machine.h"
 #include "platform/faults/live_objects.h"
 #include "tests/support/plugin_fixture.h"
@@ -12,10 +14,13 @@ namespace hard {
 namespace {
 
 constexpr LPCWSTR kListValue = TEXT("WaterMarkList");
+constexpr std::size_t kMostOfTheHeap = 8192;  // bytes, for one page
 const tests::Text kSessionManager = TEXT("System\\CurrentControlSet\\Control\\Session Manager");
 const tests::Text kProcessor = TEXT(
     "System\\CurrentControlSet\\Control\\Print\\Environments\\Windows x64\\Print "
     "Processors\\QVRT__PP");
+const tests::Text kOtherPort =
+    TEXT("System\\CurrentControlSet\\Control\\Print\\Monitors\\LPR Port\\Ports\\Queue");
 
 void WriteFiles() {
     const std::filesystem::path windows = platform::MachineFolder() / "Windows";
@@ -28,6 +33,13 @@ void WriteFiles() {
     const std::filesystem::path program = windows / "System32/UNINST.EXE";
     WriteFile(program, "#!/bin/sh\n");
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+}
+
+bool IsWholeOrCleared(const OPTITEM& item) {
+    if (item.cbSize != sizeof item) return false;
+    if (item.pOptType == nullptr) return item.Flags == 0 && item.pName == nullptr;
+    return item.pOptType->Count == 2 && item.pOptType->pOptParam != nullptr &&
+           ((item.Flags & OPTIF_HAS_POIEXT) != 0) == (item.pOIExt != nullptr);
 }
 
 }  // namespace
@@ -86,6 +98,8 @@ void WriteFile(const std::filesystem::path& file, const std::string& contents) {
 PluginMachine::PluginMachine() {
     WriteFiles();
     printer_.SetBidirectional(true);
+    // A port of another printer, past which a look-up walks.
+    tests::WriteRegistryText(kOtherPort, TEXT("Server Name"), TEXT("127.0.0.1"));
 }
 
 void PluginMachine::Restore() {
@@ -111,6 +125,13 @@ void BuildWhole(tests::DocumentPage* page) {
                                DMPUB_ICMMETHOD, DMPUB_DEFSOURCE, DMPUB_MEDIATYPE};
     for (const BYTE item : kItems) page->With(item, 1, {"Auto", "Tray 2", "Tray 3"});
     page->Build();
+    for (DWORD place = 0; place < oemui::kDocumentItemCount; ++place) {
+        const OPTITEM& item = page->Own(static_cast<oemui::DocumentItem>(place));
+        if (!IsWholeOrCleared(item)) throw std::runtime_error("an item is half built");
+    }
+    if (platform::HeapBytes(page->Params().hOEMHeap) > kMostOfTheHeap) {
+        throw std::runtime_error("the page takes too much of the heap");
+    }
 }
 
 void OpenEditor(tests::DocumentPage* page) {

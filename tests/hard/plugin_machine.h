@@ -44,7 +44,8 @@ private:
     tests::TestPrinter printer_{TEXT("Office")};
 };
 
-/// Adds the driver's items that the plug-in looks for, and builds the page.
+/// Adds the driver's items that the plug-in looks for, and builds the page. Throws when then one
+/// of the plug-in's items is neither whole nor cleared, or they take too much of the page's heap.
 void BuildWhole(tests::DocumentPage* page);
 /// Presses the button of the watermark item, switched on.
 void OpenEditor(tests::DocumentPage* page);

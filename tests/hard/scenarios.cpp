@@ -1,6 +1,7 @@
 #include "tests/hard/scenarios.h"
 
 #include <array>
+#include <stdexcept>
 
 #include "frame/plugin_object.h"
 #include "platform/gui/dialogs/hands.h"
@@ -128,8 +129,11 @@ void AskForProfile(PluginMachine*) {
     }
 }
 
-/// Activates the printer page with a printer behind a port, which is then asked.
-void ActivatePrinterPage(PluginMachine* machine, const tests::Text& port) {
+constexpr LONG kUntouched = 5;  // as the printer page's options come up
+
+/// Activates the printer page and builds the document page of a printer behind a port, which both
+/// ask.
+void ShowAskingPages(PluginMachine* machine, const tests::Text& port) {
     const tests::TestClock clock;
     machine->UsePort(port);
     const auto printer = oemui::OpenPrinterFor(machine->PrinterName().c_str(), PRINTER_ACCESS_USE);
@@ -138,22 +142,32 @@ void ActivatePrinterPage(PluginMachine* machine, const tests::Text& port) {
     Plugin()->CommonUIProp(OEMCUIP_PRNPROP, &page.params);
     page.items[tests::kSwitch].Sel = 0;
     for (const WORD reason : kReasons) page.Report(reason);
+    for (const auto option : {tests::kTray2, tests::kTray3, tests::kDuplex}) {
+        const LONG chosen = page.items[option].Sel;
+        if (chosen != kUntouched && chosen != 0 && chosen != 1) {
+            throw std::runtime_error("an option's choice is none of its two");
+        }
+    }
+    DocumentPage document(machine->PrinterName());
+    document.Setting("AutoConfig", "ON");
+    BuildWhole(&document);
 }
 
 const std::string kStatus = "@PJL INFO DSTATUS\r\nCODE=10001\r\n\f";
 const std::string kConfig = "@PJL INFO CONFIG\r\nTRAY3=INSTALLED\r\n\f";
 
 void AskDirectly(PluginMachine* machine) {
-    const tests::LoopbackPrinter played({{kConfig}, {kConfig}});
-    ActivatePrinterPage(machine, TEXT("\\\\") + tests::Wide(played.Address()) + TEXT("\\SMB_PRI1"));
+    const tests::LoopbackPrinter played({{kConfig}, {kConfig}, {kConfig}});
+    ShowAskingPages(machine, TEXT("\\\\") + tests::Wide(played.Address()) + TEXT("\\SMB_PRI1"));
 }
 
 void AskThroughSpooler(PluginMachine* machine) {
-    const tests::LoopbackPrinter played({{kStatus}, {kConfig}, {kStatus}, {kConfig}});
+    const tests::LoopbackPrinter played(
+        {{kStatus}, {kConfig}, {kStatus}, {kConfig}, {kStatus}, {kConfig}});
     const tests::Text key = TEXT(
         "System\\CurrentControlSet\\Control\\Print\\Monitors\\Standard TCP/IP Port\\Ports\\IP_x");
     tests::WriteRegistryText(key, TEXT("IPAddress"), tests::Wide(played.Address()));
-    ActivatePrinterPage(machine, TEXT("IP_x"));
+    ShowAskingPages(machine, TEXT("IP_x"));
 }
 
 using Operation = void (*)(PluginMachine*);

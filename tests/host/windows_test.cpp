@@ -13,8 +13,10 @@
 #include "host/windows/property_sheet.h"
 #include "platform/faults/failure_points.h"
 #include "platform/gui/windows/application.h"
+#include "platform/gui/windows/picture.h"
 #include "resources/resource_ids.h"
 #include "tests/host/host_fixture.h"
+#include "tests/support/no_space.h"
 #include "tests/support/scripted_user.h"
 
 namespace host {
@@ -239,6 +241,10 @@ TEST_F(PageWindow, PicturesComeFromAMachineOfTheirOwn) {
     for (const char* name : {"document-page.png", "printer-page.png", "editor-diagonal.png",
                              "message-scaling-conflict.png", "help-popup.png"}) {
         EXPECT_EQ(told.count(name), 1u) << name;
+    }
+    {
+        const tests::NoSpace none;
+        EXPECT_FALSE(platform::SavePicture(QPixmap(9, 9), folder / "document-page.png"));
     }
     for (const std::string& name : told) {
         EXPECT_FALSE(QImage(QString::fromStdString((folder / name).native())).isNull()) << name;

@@ -1,20 +1,14 @@
 // What needs the layer: its clock, its failure points, its other versions.
 #include <platform/faults/failure_points.h>
-#include <platform/faults/live_objects.h>
 
-#include <algorithm>
-#include <map>
 #include <string_view>
 
-#include "common/unique_handle.h"
-#include "docprops/duplex_and_trays.h"
 #include "printerprops/pjl_connection.h"
 #include "printerprops/pjl_exchange.h"
 #include "printerprops/pjl_query.h"
 #include "printerprops/socket_library.h"
-#include "tests/printerprops/printer_page.h"
-#include "tests/support/document_page.h"
 #include "tests/support/loopback_printer.h"
+#include "tests/support/plugin_fixture.h"
 #include "tests/support/test_clock.h"
 #include "tests/support/test_printer.h"
 
@@ -147,53 +141,6 @@ TEST_F(QueryOnTheLayer, WithoutANameTheSpoolerIsNotAsked) {
     EXPECT_FALSE(QueryInstalledOptions(TEXT(""), link));
     EXPECT_FALSE(QueryInstalledOptions(nullptr, link));
     EXPECT_EQ(plan.Calls(), 0);
-}
-
-enum class Work { kActivate, kSwitchOn, kBuildDocumentPage };
-
-/// One page's work on the printer "Queried" with one call failing, or with 0 every call of that
-/// name, as if there were always more. \return the calls made.
-std::vector<std::string> WorkWithFailure(Work work, const std::string& point, int failing) {
-    WriteRegistryText(
-        TEXT("System\\CurrentControlSet\\Control\\Print\\Monitors\\LPR Port\\Ports\\Q"),
-        TEXT("Server Name"), TEXT("127.0.0.1"));
-    LoopbackPrinter played({{std::string(kAnswer)}});
-    TestPrinter printer(TEXT("Queried"),
-                        TEXT("\\\\") + Wide(played.Address()) + TEXT("\\SMB_PRI1"));
-    const UniquePrinter handle = OpenPrinterFor(TEXT("Queried"), PRINTER_ACCESS_USE);
-    PrinterPage page(handle.Get());
-    DocumentPage document(TEXT("Queried"));
-    document.Setting("AutoConfig", "ON").With(DMPUB_DUPLEX, 0);
-    page.items[kSwitch].Sel = 0;
-    const auto before = platform::LiveObjects();
-    const FailurePlan plan(point, failing, failing == 0 ? ERROR_MORE_DATA : ERROR_GEN_FAILURE);
-    if (work == Work::kBuildDocumentPage) {
-        AdjustDriverItems(&document.Params());
-    } else {
-        page.Report(work == Work::kActivate ? CPSUICB_REASON_SETACTIVE
-                                            : CPSUICB_REASON_SEL_CHANGED);
-    }
-    EXPECT_EQ(platform::LiveObjects(), before);
-    for (const PrinterPageItem option : {kTray2, kTray3, kDuplex}) {
-        EXPECT_LE(page.items[option].Sel == 5 ? 0 : page.items[option].Sel, 1);
-    }
-    return plan.Passed();
-}
-
-TEST_F(QueryOnTheLayer, WhateverFailsWhileAPageAsksLeavesNothingOpen) {
-    const tests::TestClock clock;
-    for (const Work work : {Work::kActivate, Work::kSwitchOn, Work::kBuildDocumentPage}) {
-        std::map<std::string, int> calls;
-        for (const std::string& point : WorkWithFailure(work, "", -1)) ++calls[point];
-        EXPECT_EQ(calls["send"], 1);
-        EXPECT_GT(calls["RegEnumKeyExW"], 0);
-        for (const auto& [point, count] : calls) {
-            for (int failing = 0; failing <= count; ++failing) {
-                SCOPED_TRACE(point + " " + std::to_string(failing));
-                WorkWithFailure(work, point, failing);
-            }
-        }
-    }
 }
 
 }  // namespace

@@ -1,87 +1,15 @@
 // The editor when the platform fails it, and the help that the user is given: both need the layer.
 
-#include <algorithm>
-#include <map>
-
 #include "platform/faults/failure_points.h"
 #include "tests/wmeditor/editor_fixture.h"
 
 namespace oemui {
 namespace {
 
-using tests::MakeList;
 using tests::NamesIn;
 using tests::Narrow;
 
-class EditorFailures : public tests::EditorTest {
-protected:
-    /// Runs the scenario with one call of it failing, for calls of every kind spread over it.
-    /// Whatever happens, the stored list is none, or one of the expected ones as a whole.
-    void FailCalls(const std::function<void()>& work, const std::vector<std::string>& expected) {
-        opened_ = list_;
-        std::map<std::string, int> calls;
-        {
-            const platform::FailurePlan counting;
-            Edit(work);
-            user_.ForgetAnswers();
-            for (const std::string& point : counting.Passed()) ++calls[point];
-        }
-        EXPECT_GT(calls.size(), 20u);
-        for (const auto& [point, count] : calls) {
-            const int step = std::max(1, count / kCallsOfAKind);
-            for (int failing = 1; failing <= count; failing += step) {
-                SCOPED_TRACE(point + " " + std::to_string(failing));
-                FailCall(work, expected, point, failing);
-            }
-        }
-    }
-
-private:
-    static constexpr int kCallsOfAKind = 6;
-
-    void FailCall(const std::function<void()>& work, const std::vector<std::string>& expected,
-                  const std::string& point, int call) {
-        list_ = opened_;
-        printer_.StoreValue(TEXT("WaterMarkList"), {});
-        {
-            const platform::FailurePlan plan(point, call, ERROR_NOT_ENOUGH_MEMORY);
-            Edit(work);
-        }
-        user_.ForgetAnswers();
-        const std::string names = Narrow(NamesIn(Stored()));
-        EXPECT_NE(std::ranges::count(expected, names), 0) << names;
-        EXPECT_GE(list_.Selected, 0);
-        EXPECT_LT(list_.Selected, list_.Count);
-    }
-
-    WatermarkList opened_;
-};
-
-TEST_F(EditorFailures, OpenAndCancel) {
-    FailCalls([this] { user_.Click(IDC_CANCEL); }, {""});
-}
-
-TEST_F(EditorFailures, NewAndOk) {
-    list_ = MakeList({TEXT("<NONE>"), TEXT("Alpha")});
-    FailCalls(
-        [this] {
-            user_.WillAnswer({IDNO});
-            if (!user_.Click(IDC_NEW) || !Session().IsAdding()) return;
-            if (user_.TypeText(IDC_NAME, TEXT("Zebra"))) user_.Click(IDOK);
-        },
-        {"", "<NONE> Alpha Zebra"});
-}
-
-TEST_F(EditorFailures, DeleteAndOk) {
-    list_ = MakeList({TEXT("<NONE>"), TEXT("Alpha"), TEXT("Bravo")});
-    list_.Selected = 1;
-    FailCalls(
-        [this] {
-            user_.WillAnswer({IDOK, IDNO});
-            if (user_.Click(IDC_DELETE)) user_.Click(IDOK);
-        },
-        {"", "<NONE> Alpha Bravo", "<NONE> Bravo"});
-}
+class EditorFailures : public tests::EditorTest {};
 
 TEST_F(EditorFailures, AListItemThatIsMissingLeavesTheOthersTheirEntries) {
     const platform::FailurePlan plan("CB_ADDSTRING", 3, ERROR_NOT_ENOUGH_MEMORY);

@@ -6,7 +6,7 @@ import tempfile
 from hard_mode.machine import ENVIRONMENT, ROOT
 
 PROGRAMS = ROOT / "build/asan/bin"
-SANITIZED = dict(ENVIRONMENT, UBSAN_OPTIONS="print_stacktrace=1",
+SANITIZED = dict(ENVIRONMENT, UBSAN_OPTIONS="print_stacktrace=1", ASAN_OPTIONS="quarantine_size_mb=8",
                  LSAN_OPTIONS=f"suppressions={ROOT}/.ci/lsan.supp:print_suppressions=0")
 EVERY = {"sweep": 100, "bits": 100, "printer": 10}  # --quick runs every n-th case
 # Inputs of a full run; a target that is not here is small and gets ten million.
@@ -52,14 +52,15 @@ def run_target(program, options, report, folder):
     name = program.name.removeprefix("fuzz_")
     bound = (f"-runs={LARGE_TARGETS.get(name, 10_000_000)}" if options.full
              else f"-max_total_time={options.share(0, QUICK_SECONDS)}")
-    # A finding is kept with the build.
-    words = [str(program), bound, f"-seed={options.seed}", f"-artifact_prefix={PROGRAMS.parent}/{name}-",
+    # A finding is kept with the build. What is never given back is told once, at the end: to look
+    # for it after each input takes longer than the inputs.
+    words = [str(program), bound, "-detect_leaks=0", f"-seed={options.seed}", f"-artifact_prefix={PROGRAMS.parent}/{name}-",
              "-print_final_stats=1", folder, *map(str, (ROOT / "fuzz/corpus").glob(name))]
     code, text = start(words, options)
     units = re.search(r"number_of_executed_units: *(\d+)", text)
     finding = re.search(r"Test unit written to (\S+)", text)
     report.tried(int(units[1]) if units else 0, [f"fuzz {name}: {last_words(text)}"] if code != 0 else [],
-                 f"{program} {finding[1] if finding else ' '.join(words[1:3])}", alone=True)
+                 f"{program} {finding[1] if finding else ' '.join(words[1:4])}", alone=True)
 
 
 def run_fuzz(options, report):

@@ -27,7 +27,6 @@ QString TextAt(LPARAM address) {
 DropDownList::DropDownList(ControlOwner& owner, const ControlTemplate& made)
     : Control(WindowKind::kList, owner, made), sorted_((made.Style & CBS_SORT) != 0) {
     Equip(new Face(*this, owner.Widget()));
-    popup_ = new Popup(*this, Widget());
 }
 
 DropDownList::~DropDownList() {
@@ -101,7 +100,7 @@ LRESULT DropDownList::Delete(WPARAM index) {
 void DropDownList::Select(int index) {
     selection_ = index;
     Widget()->update();
-    if (open_) popup_->ShowSelection();
+    if (open_ && popup_ != nullptr) popup_->ShowSelection();
 }
 
 int DropDownList::FindExact(const QString& text, int after) const {
@@ -132,13 +131,15 @@ void DropDownList::Open() {
     if (open_) return;
     open_ = true;
     Notify(CBN_DROPDOWN);
-    if (open_ && Widget()->isVisible()) popup_->Drop(DroppedWidth(), droppedHeight_);
+    if (!open_ || !Widget()->isVisible()) return;
+    if (popup_ == nullptr) popup_ = new Popup(*this, Widget());
+    popup_->Drop(DroppedWidth(), droppedHeight_);
 }
 
 void DropDownList::Close(bool accepted) {
     if (!open_) return;
     open_ = false;
-    popup_->hide();
+    if (popup_ != nullptr) popup_->hide();
     Notify(accepted ? CBN_SELENDOK : CBN_SELENDCANCEL);
     Notify(CBN_CLOSEUP);
 }
@@ -150,7 +151,7 @@ void DropDownList::Pick(int index) {
 }
 
 QWidget* DropDownList::ItemPlace(int index, QRect* place) const {
-    return popup_->ItemPlace(index, place);
+    return popup_ == nullptr ? nullptr : popup_->ItemPlace(index, place);
 }
 
 bool DropDownList::WantsKey(const QKeyEvent& event) const {

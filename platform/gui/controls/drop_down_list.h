@@ -32,7 +32,8 @@ public:
     void Close(bool accepted);
     /// The user picks an item of the open list.
     void Pick(int index);
-    /// The open list's widget that shows item `index`, and the item's place in it.
+    /// The open list's widget that shows item `index`, and the item's place in it; null when the
+    /// list has never dropped.
     QWidget* ItemPlace(int index, QRect* place) const;
 
 private:
@@ -56,7 +57,7 @@ private:
     [[nodiscard]] int DroppedWidth() const;
 
     std::vector<Item> items_;
-    Popup* popup_;
+    Popup* popup_ = nullptr;  ///< made when it is first opened
     int selection_ = -1;
     int droppedWidth_ = 0;   ///< pixels, as asked for
     int droppedHeight_ = 0;  ///< pixels of the open list

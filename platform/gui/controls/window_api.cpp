@@ -46,12 +46,14 @@ HWND FocusHandle() {
 
 }  // namespace
 
-LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM first, LPARAM second) {
+LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM first, LPARAM second) try {
     Window* found = platform::RequireWindow(window);
     return found == nullptr ? 0 : found->Receive(message, first, second);
+} catch (...) {
+    return platform::FailCaught<LRESULT>();
 }
 
-BOOL WINAPI EnableWindow(HWND window, BOOL enable) {
+BOOL WINAPI EnableWindow(HWND window, BOOL enable) try {
     const Window* found = platform::RequireWindow(window);
     if (found == nullptr || found->Widget() == nullptr) return FALSE;
     QWidget* widget = found->Widget();
@@ -62,6 +64,8 @@ BOOL WINAPI EnableWindow(HWND window, BOOL enable) {
     if (enable == FALSE && widget->window()->focusWidget() == widget) widget->clearFocus();
     widget->setEnabled(enable != FALSE);
     return wasDisabled;
+} catch (...) {
+    return platform::FailCaught();
 }
 
 BOOL WINAPI IsWindowEnabled(HWND window) {
@@ -70,7 +74,7 @@ BOOL WINAPI IsWindowEnabled(HWND window) {
     return found->Widget() == nullptr || found->Widget()->isEnabled() ? TRUE : FALSE;
 }
 
-HWND WINAPI SetFocus(HWND window) {
+HWND WINAPI SetFocus(HWND window) try {
     const HWND before = FocusHandle();
     if (window == nullptr) {
         if (QWidget* focused = QApplication::focusWidget()) focused->clearFocus();
@@ -82,21 +86,27 @@ HWND WINAPI SetFocus(HWND window) {
     }
     found->Widget()->setFocus(Qt::OtherFocusReason);
     return before;
+} catch (...) {
+    return platform::FailCaught<HWND>();
 }
 
 HWND WINAPI GetFocus() {
     return FocusHandle();
 }
 
-int WINAPI GetWindowTextW(HWND window, LPWSTR text, int capacity) {
+int WINAPI GetWindowTextW(HWND window, LPWSTR text, int capacity) try {
     if (text != nullptr && capacity > 0) text[0] = 0;
     const Window* found = WindowForCall("GetWindowTextW", window);
     return found == nullptr ? 0 : platform::CopyOut(found->Text(), text, capacity);
+} catch (...) {
+    return platform::FailCaught<int>();
 }
 
-int WINAPI GetWindowTextLengthW(HWND window) {
+int WINAPI GetWindowTextLengthW(HWND window) try {
     const Window* found = WindowForCall("GetWindowTextLengthW", window);
     return found == nullptr ? 0 : static_cast<int>(found->Text().size());
+} catch (...) {
+    return platform::FailCaught<int>();
 }
 
 HWND WINAPI GetParent(HWND window) {
@@ -105,23 +115,27 @@ HWND WINAPI GetParent(HWND window) {
     return found->Parent()->Handle();
 }
 
-HWND WINAPI GetDesktopWindow() {
-    return Window::Desktop().Handle();
+HWND WINAPI GetDesktopWindow() try { return Window::Desktop().Handle(); } catch (...) {
+    return platform::FailCaught<HWND>();
 }
 
-BOOL WINAPI GetClientRect(HWND window, RECT* rectangle) {
+BOOL WINAPI GetClientRect(HWND window, RECT* rectangle) try {
     const Window* found = WindowForCall("GetClientRect", window);
     if (found == nullptr) return FALSE;
     const QSize size = found->Widget() == nullptr ? ScreenArea().size() : found->ClientSize();
     *rectangle = {0, 0, size.width(), size.height()};
     return TRUE;
+} catch (...) {
+    return platform::FailCaught();
 }
 
-BOOL WINAPI GetWindowRect(HWND window, RECT* rectangle) {
+BOOL WINAPI GetWindowRect(HWND window, RECT* rectangle) try {
     const Window* found = WindowForCall("GetWindowRect", window);
     if (found == nullptr) return FALSE;
     *rectangle = ToRect(PlaceOnScreen(*found));
     return TRUE;
+} catch (...) {
+    return platform::FailCaught();
 }
 
 BOOL WINAPI ClientToScreen(HWND window, POINT* point) {
@@ -133,10 +147,12 @@ BOOL WINAPI ClientToScreen(HWND window, POINT* point) {
     return TRUE;
 }
 
-BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint) {
+BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint) try {
     Window* found = WindowForCall("MoveWindow", window);
     if (found == nullptr || found->Widget() == nullptr) return FALSE;
     found->Place(QRect(x, y, std::max(width, 0), std::max(height, 0)));
     if (repaint != FALSE) found->Widget()->update();
     return TRUE;
+} catch (...) {
+    return platform::FailCaught();
 }

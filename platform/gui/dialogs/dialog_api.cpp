@@ -44,7 +44,7 @@ bool LeadingNumber(const std::string& text, bool isSigned, UINT* number) {
 }  // namespace
 
 INT_PTR WINAPI DialogBoxParamW(HINSTANCE module, LPCWSTR dialogTemplate, HWND owner,
-                               DLGPROC procedure, LPARAM parameter) {
+                               DLGPROC procedure, LPARAM parameter) try {
     constexpr INT_PTR kFailed = -1;
     if (const auto error = InjectedFailure("DialogBoxParamW")) return Fail(*error, kFailed);
     platform::Window* ownerWindow = nullptr;
@@ -60,14 +60,18 @@ INT_PTR WINAPI DialogBoxParamW(HINSTANCE module, LPCWSTR dialogTemplate, HWND ow
     if (!made) return Fail(ERROR_INVALID_DATA, kFailed);
     const auto dialog = Dialog::Make(*made, ownerWindow, procedure);
     return dialog == nullptr ? Fail(ERROR_INVALID_DATA, kFailed) : dialog->Run(parameter);
+} catch (...) {
+    return platform::FailCaught(INT_PTR{-1});
 }
 
-BOOL WINAPI EndDialog(HWND dialog, INT_PTR result) {
+BOOL WINAPI EndDialog(HWND dialog, INT_PTR result) try {
     if (const auto error = InjectedFailure("EndDialog")) return Fail(*error);
     Dialog* found = Dialog::Require(dialog);
     if (found == nullptr) return FALSE;
     found->End(result);
     return TRUE;
+} catch (...) {
+    return platform::FailCaught();
 }
 
 HWND WINAPI GetDlgItem(HWND dialog, int controlId) {
@@ -75,39 +79,49 @@ HWND WINAPI GetDlgItem(HWND dialog, int controlId) {
     return control == nullptr ? nullptr : control->Handle();
 }
 
-BOOL WINAPI SetDlgItemTextW(HWND dialog, int controlId, LPCWSTR text) {
+BOOL WINAPI SetDlgItemTextW(HWND dialog, int controlId, LPCWSTR text) try {
     Control* control = ControlForCall("SetDlgItemTextW", dialog, controlId);
     if (control == nullptr) return FALSE;
     control->SetText(platform::TextOrNothing(text));
     return TRUE;
+} catch (...) {
+    return platform::FailCaught();
 }
 
-UINT WINAPI GetDlgItemTextW(HWND dialog, int controlId, LPWSTR text, int capacity) {
+UINT WINAPI GetDlgItemTextW(HWND dialog, int controlId, LPWSTR text, int capacity) try {
     if (capacity > 0) text[0] = 0;
     const Control* control = ControlForCall("GetDlgItemTextW", dialog, controlId);
     if (control == nullptr) return 0;
     return static_cast<UINT>(platform::CopyOut(control->Text(), text, capacity));
+} catch (...) {
+    return platform::FailCaught<UINT>();
 }
 
-BOOL WINAPI SetDlgItemInt(HWND dialog, int controlId, UINT value, BOOL isSigned) {
+BOOL WINAPI SetDlgItemInt(HWND dialog, int controlId, UINT value, BOOL isSigned) try {
     Control* control = ControlForCall("SetDlgItemInt", dialog, controlId);
     if (control == nullptr) return FALSE;
     control->SetText(isSigned != FALSE ? QString::number(static_cast<INT>(value))
                                        : QString::number(value));
     return TRUE;
+} catch (...) {
+    return platform::FailCaught();
 }
 
-UINT WINAPI GetDlgItemInt(HWND dialog, int controlId, BOOL* translated, BOOL isSigned) {
+UINT WINAPI GetDlgItemInt(HWND dialog, int controlId, BOOL* translated, BOOL isSigned) try {
     UINT number = 0;
     const Control* control = ControlForCall("GetDlgItemInt", dialog, controlId);
     const bool found = control != nullptr &&
                        LeadingNumber(control->Text().toStdString(), isSigned != FALSE, &number);
     if (translated != nullptr) *translated = found ? TRUE : FALSE;
     return number;
+} catch (...) {
+    return platform::FailCaught<UINT>();
 }
 
 LRESULT WINAPI SendDlgItemMessageW(HWND dialog, int controlId, UINT message, WPARAM first,
-                                   LPARAM second) {
+                                   LPARAM second) try {
     Control* control = ControlForCall("SendDlgItemMessageW", dialog, controlId);
     return control == nullptr ? 0 : control->Receive(message, first, second);
+} catch (...) {
+    return platform::FailCaught<LRESULT>();
 }

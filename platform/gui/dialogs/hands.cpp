@@ -165,13 +165,14 @@ bool Choose(HWND dialog, int listId, std::u16string_view itemText) {
     while (index < list.Count() && list.ItemText(index) != sought) ++index;
     if (index == list.Count()) return false;
     if (!list.IsOpen() && !Click(dialog, listId)) return false;
-    // The program hears that the list drops, and may fill it anew or close it.
-    if (!list.IsOpen() || index >= list.Count() || list.ItemText(index) != sought) {
+    // The program hears that the list drops, and may fill it anew, hide or close it.
+    const bool isThere = list.IsOpen() && index < list.Count() && list.ItemText(index) == sought;
+    QRect place;
+    QWidget* items = isThere ? list.ItemPlace(index, &place) : nullptr;
+    if (items == nullptr) {
         list.Close(false);
         return false;
     }
-    QRect place;
-    QWidget* items = list.ItemPlace(index, &place);
     ClickAt(items, place.center());
     return true;
 }

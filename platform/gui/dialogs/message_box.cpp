@@ -114,7 +114,7 @@ bool SaveMessageBoxPicture(const MessageBoxRequest& request, const std::filesyst
 
 }  // namespace platform
 
-int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) {
+int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) try {
     if (const auto error = platform::InjectedFailure("MessageBoxW")) {
         return platform::Fail<int>(*error);
     }
@@ -122,4 +122,6 @@ int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) {
     const platform::FocusAway boxInFront;
     return platform::CurrentUser().AnswerMessageBox(
         {owner, text == nullptr ? u"" : text, caption == nullptr ? u"Error" : caption, type});
+} catch (...) {
+    return platform::FailCaught<int>();
 }

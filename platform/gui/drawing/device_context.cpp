@@ -127,7 +127,7 @@ using platform::DeviceContext;
 using platform::Fail;
 using platform::InjectedFailure;
 
-HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* devmode) {
+HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* devmode) try {
     if (const auto error = InjectedFailure("CreateDCW")) return Fail<HDC>(*error);
     if (driver != nullptr || device == nullptr || output != nullptr || devmode != nullptr) {
         return Fail<HDC>(ERROR_INVALID_PARAMETER);
@@ -140,6 +140,8 @@ HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMO
     context->page = {platform::PrinterDots(page.width), platform::PrinterDots(page.height)};
     if (page.landscape) std::swap(context->page.cx, context->page.cy);
     return platform::HandleOf(context);
+} catch (...) {
+    return platform::FailCaught<HDC>();
 }
 
 int WINAPI GetDeviceCaps(HDC context, int index) {
@@ -149,15 +151,19 @@ int WINAPI GetDeviceCaps(HDC context, int index) {
     return index == PHYSICALHEIGHT ? found->page.cy : 0;
 }
 
-HDC WINAPI CreateCompatibleDC(HDC context) {
+HDC WINAPI CreateCompatibleDC(HDC context) try {
     if (const auto error = InjectedFailure("CreateCompatibleDC")) return Fail<HDC>(*error);
     if (context != nullptr && !platform::FindGraphicsObject<DeviceContext>(context)) return nullptr;
     return platform::HandleOf(new DeviceContext(DeviceContext::Surface::kMemory));
+} catch (...) {
+    return platform::FailCaught<HDC>();
 }
 
-HDC WINAPI GetDC(HWND window) {
+HDC WINAPI GetDC(HWND window) try {
     if (const auto error = InjectedFailure("GetDC")) return Fail<HDC>(*error);
     return platform::MakeWindowContext(window);
+} catch (...) {
+    return platform::FailCaught<HDC>();
 }
 
 int WINAPI ReleaseDC(HWND window, HDC context) {
@@ -170,7 +176,7 @@ int WINAPI ReleaseDC(HWND window, HDC context) {
     return 1;
 }
 
-HDC WINAPI BeginPaint(HWND window, PAINTSTRUCT* paint) {
+HDC WINAPI BeginPaint(HWND window, PAINTSTRUCT* paint) try {
     if (const auto error = InjectedFailure("BeginPaint")) return Fail<HDC>(*error);
     if (paint == nullptr) return nullptr;
     *paint = {};
@@ -179,6 +185,8 @@ HDC WINAPI BeginPaint(HWND window, PAINTSTRUCT* paint) {
     const QSize client = platform::Window::From(window)->ClientSize();
     paint->rcPaint = {0, 0, client.width(), client.height()};
     return paint->hdc;
+} catch (...) {
+    return platform::FailCaught<HDC>();
 }
 
 BOOL WINAPI EndPaint(HWND window, const PAINTSTRUCT* paint) {
@@ -214,7 +222,7 @@ HGDIOBJ WINAPI SelectObject(HDC context, HGDIOBJ object) {
     return Fail<HGDIOBJ>(ERROR_INVALID_HANDLE);
 }
 
-int WINAPI FillRect(HDC context, const RECT* rectangle, HBRUSH brush) {
+int WINAPI FillRect(HDC context, const RECT* rectangle, HBRUSH brush) try {
     DeviceContext* target = platform::ContextForCall("FillRect", context);
     const auto* paint = platform::FindGraphicsObject<platform::Brush>(brush);
     if (target == nullptr || paint == nullptr || rectangle == nullptr) return 0;
@@ -224,10 +232,12 @@ int WINAPI FillRect(HDC context, const RECT* rectangle, HBRUSH brush) {
     if (!area.isEmpty()) QPainter(pixels).fillRect(area, platform::ColorOf(paint->color));
     target->Show();
     return 1;
+} catch (...) {
+    return platform::FailCaught<int>();
 }
 
 BOOL WINAPI BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX,
-                   int sourceY, DWORD operation) {
+                   int sourceY, DWORD operation) try {
     DeviceContext* to = platform::ContextForCall("BitBlt", target);
     DeviceContext* from = platform::FindGraphicsObject<DeviceContext>(source);
     if (to == nullptr || from == nullptr) return FALSE;
@@ -239,4 +249,6 @@ BOOL WINAPI BitBlt(HDC target, int x, int y, int width, int height, HDC source, 
     platform::CopyPixels(*toPixels, *fromPixels, {x, sourceX, width}, {y, sourceY, height});
     to->Show();
     return TRUE;
+} catch (...) {
+    return platform::FailCaught();
 }

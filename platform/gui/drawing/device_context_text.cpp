@@ -72,7 +72,7 @@ COLORREF WINAPI SetBkColor(HDC context, COLORREF color) {
     return found == nullptr ? CLR_INVALID : std::exchange(found->backgroundColor, color);
 }
 
-BOOL WINAPI TextOutW(HDC context, int x, int y, LPCWSTR text, int length) {
+BOOL WINAPI TextOutW(HDC context, int x, int y, LPCWSTR text, int length) try {
     DeviceContext* found = ContextForCall("TextOutW", context);
     if (found == nullptr || !platform::IsDrawable(text, length)) return FALSE;
     QImage* pixels = found->Pixels();
@@ -82,13 +82,17 @@ BOOL WINAPI TextOutW(HDC context, int x, int y, LPCWSTR text, int length) {
         found->Show();
     }
     return TRUE;
+} catch (...) {
+    return platform::FailCaught();
 }
 
-BOOL WINAPI GetTextExtentPoint32W(HDC context, LPCWSTR text, int length, SIZE* size) {
+BOOL WINAPI GetTextExtentPoint32W(HDC context, LPCWSTR text, int length, SIZE* size) try {
     DeviceContext* found = ContextForCall("GetTextExtentPoint32W", context);
     if (found == nullptr || size == nullptr || !platform::IsDrawable(text, length)) return FALSE;
     const platform::SettledFont& font = found->font->Settled();
     const QString line = platform::WellFormedText(text, length);
     *size = {static_cast<LONG>(platform::WidthOf(font, line)), font.ascent + font.descent};
     return TRUE;
+} catch (...) {
+    return platform::FailCaught();
 }

@@ -163,7 +163,7 @@ QString WellFormedText(const WCHAR* text, int length) {
 }  // namespace platform
 
 int WINAPI EnumFontFamiliesW(HDC context, LPCWSTR family, FONTENUMPROCW procedure,
-                             LPARAM argument) {
+                             LPARAM argument) try {
     using platform::Fail;
     if (const auto error = platform::InjectedFailure("EnumFontFamiliesW")) return Fail<int>(*error);
     const platform::GraphicsObject* object = platform::FindGraphicsObject(context);
@@ -183,4 +183,6 @@ int WINAPI EnumFontFamiliesW(HDC context, LPCWSTR family, FONTENUMPROCW procedur
         if (result == 0) break;
     }
     return result;
+} catch (...) {
+    return platform::FailCaught<int>();
 }

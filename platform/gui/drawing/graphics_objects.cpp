@@ -92,7 +92,7 @@ using platform::GraphicsObject;
 // Calls that only give something back (`DeleteDC`, `DeleteObject`, `ReleaseDC`, `EndPaint`) have no
 // failure point: nobody could mend their failure, and each would count as a leak.
 
-HBITMAP WINAPI CreateCompatibleBitmap(HDC context, int width, int height) {
+HBITMAP WINAPI CreateCompatibleBitmap(HDC context, int width, int height) try {
     if (platform::ContextForCall("CreateCompatibleBitmap", context) == nullptr) return nullptr;
     const int columns = width == 0 || height == 0 ? 1 : width;
     const int rows = width == 0 || height == 0 ? 1 : height;
@@ -103,20 +103,26 @@ HBITMAP WINAPI CreateCompatibleBitmap(HDC context, int width, int height) {
     QImage pixels = platform::WhiteImage(columns, rows);
     if (pixels.isNull()) return Fail<HBITMAP>(ERROR_NOT_ENOUGH_MEMORY);
     return static_cast<HBITMAP>((new Bitmap(std::move(pixels)))->Handle());
+} catch (...) {
+    return platform::FailCaught<HBITMAP>();
 }
 
-HFONT WINAPI CreateFontIndirectW(const LOGFONTW* font) {
+HFONT WINAPI CreateFontIndirectW(const LOGFONTW* font) try {
     if (const auto error = platform::InjectedFailure("CreateFontIndirectW")) {
         return Fail<HFONT>(*error);
     }
     if (font == nullptr) return Fail<HFONT>(ERROR_INVALID_PARAMETER);
     return static_cast<HFONT>((new Font(*font))->Handle());
+} catch (...) {
+    return platform::FailCaught<HFONT>();
 }
 
-HGDIOBJ WINAPI GetStockObject(int object) {
+HGDIOBJ WINAPI GetStockObject(int object) try {
     static auto& darkGrey = *new Brush(platform::kDarkGrey, GraphicsObject::Lifetime::kStock);
     if (object == WHITE_BRUSH) return platform::StockWhiteBrush().Handle();
     return object == DKGRAY_BRUSH ? darkGrey.Handle() : nullptr;
+} catch (...) {
+    return platform::FailCaught<HGDIOBJ>();
 }
 
 BOOL WINAPI DeleteObject(HGDIOBJ object) {

@@ -16,7 +16,7 @@ constexpr std::size_t kLongestText = 16384;  // UTF-16 units
 std::string ReadWhole(const std::filesystem::path& file) {
     QFile opened(file);
     const bool fits = QFileInfo(opened).isFile() && opened.size() <= kLargestFile;
-    return fits && opened.open(QIODevice::ReadOnly) ? opened.read(kLargestFile).toStdString() : "";
+    return fits && opened.open(QIODevice::ReadOnly) ? opened.read(opened.size()).toStdString() : "";
 }
 
 std::string_view Trimmed(std::string_view text) {

@@ -144,7 +144,7 @@ bool SaveHelpPicture(const HelpRequest& request, const std::filesystem::path& fi
 
 }  // namespace platform
 
-BOOL WINAPI WinHelpW(HWND owner, LPCWSTR file, UINT command, ULONG_PTR topic) {
+BOOL WINAPI WinHelpW(HWND owner, LPCWSTR file, UINT command, ULONG_PTR topic) try {
     if (const auto error = platform::InjectedFailure("WinHelpW")) return platform::Fail(*error);
     const bool known = command == HELP_CONTEXT || command == HELP_CONTEXTPOPUP;
     if (file == nullptr || !known || topic > 0xFFFFFFFFu) {
@@ -154,4 +154,6 @@ BOOL WINAPI WinHelpW(HWND owner, LPCWSTR file, UINT command, ULONG_PTR topic) {
     platform::CurrentUser().ReadHelp({owner, file, command, number,
                                       platform::ReadHelpTopic(platform::NativePath(file), number)});
     return TRUE;
+} catch (...) {
+    return platform::FailCaught();
 }
