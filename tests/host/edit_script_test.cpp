@@ -45,6 +45,11 @@ TEST_F(EditorScript, AnswersMessagesAsWrittenAndSafelyOtherwise) {
     EXPECT_EQ(Edit("choose Watermark List = Copy\n").code, 1);
 }
 
+TEST_F(EditorScript, AsksNothingAboutADefaultEntryThatIsOnlyChosen) {
+    Install("Office", "T");
+    EXPECT_EQ(Edit("choose Watermark List = Copy\npress OK\n").err, "");
+}
+
 TEST_F(EditorScript, StopsAtTheLineThatCannotBeDone) {
     Install("Office", "T");
     const struct {
