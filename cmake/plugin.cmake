@@ -8,7 +8,7 @@ function(oemui_plugin_options target)
   target_compile_definitions(${target} PUBLIC UNICODE _UNICODE)
   target_link_libraries(${target} PUBLIC oemui_platform_api PRIVATE oemui_warnings)
   if(MSVC)
-    target_compile_options(${target} PRIVATE /GR-)
+    target_compile_options(${target} PRIVATE /GR- /guard:cf)
   else()
     target_compile_options(${target} PRIVATE
       -fno-exceptions -fno-rtti -fvisibility=hidden -ffunction-sections)

@@ -15,20 +15,20 @@ namespace {
 constexpr LPCWSTR kPendingOperations = TEXT("PendingFileRenameOperations");
 
 /// A value of the registry as it is stored.
-struct StoredValue {
+struct PendingValue {
     DWORD Type = REG_NONE;
     DWORD Size = 0;                       ///< bytes
     std::unique_ptr<WCHAR[]> Characters;  ///< room for the whole value; null when there is none
 
-    bool operator==(const StoredValue& other) const {
+    bool operator==(const PendingValue& other) const {
         return Type == other.Type && Size == other.Size &&
                std::equal(Bytes(), Bytes() + Size, other.Bytes());
     }
     [[nodiscard]] BYTE* Bytes() const { return reinterpret_cast<BYTE*>(Characters.get()); }
 };
 
-StoredValue ReadValue(HKEY key, LPCWSTR name) {
-    StoredValue value;
+PendingValue ReadValue(HKEY key, LPCWSTR name) {
+    PendingValue value;
     if (::RegQueryValueExW(key, name, nullptr, &value.Type, nullptr, &value.Size) !=
             ERROR_SUCCESS ||
         value.Size == 0) {
@@ -44,10 +44,10 @@ StoredValue ReadValue(HKEY key, LPCWSTR name) {
 }
 
 /// The value with every deletion of the file spoilt; empty when there is none.
-StoredValue ReadSpoilt(HKEY key, TextView fileName) {
-    StoredValue value = ReadValue(key, kPendingOperations);
+PendingValue ReadSpoilt(HKEY key, TextView fileName) {
+    PendingValue value = ReadValue(key, kPendingOperations);
     const std::span operations(value.Characters.get(), value.Size / sizeof(WCHAR));
-    return SpoilPendingDeletions(operations, fileName) ? std::move(value) : StoredValue();
+    return SpoilPendingDeletions(operations, fileName) ? std::move(value) : PendingValue();
 }
 
 /// The next text of a list, with `*rest` moved behind its terminator.
@@ -72,9 +72,9 @@ void KeepFromPendingDeletion(TextView fileName) {
     // Other programs add to the value at any time: it is written only when it is still as it was
     // read, and rather not at all than without what somebody else has put in.
     constexpr int kAttempts = 3;
-    StoredValue value = ReadSpoilt(key.Get(), fileName);
+    PendingValue value = ReadSpoilt(key.Get(), fileName);
     for (int attempt = 0; attempt < kAttempts && value.Characters; ++attempt) {
-        StoredValue again = ReadSpoilt(key.Get(), fileName);
+        PendingValue again = ReadSpoilt(key.Get(), fileName);
         if (again == value) {
             ::RegSetValueExW(key.Get(), kPendingOperations, 0, value.Type, value.Bytes(),
                              value.Size);

@@ -17,9 +17,9 @@ constexpr LPCWSTR kConfigQuestion = TEXT("#GET#\n@PJL INFO CONFIG");
 constexpr LPCWSTR kDeviceStatusQuestion = TEXT("#GET#\n@PJL INFO DSTATUS");
 
 constexpr std::string_view kEcho = "@PJL INFO CONFIG";
-constexpr std::string_view kTray2 = "TRAY2=INSTALLED";
-constexpr std::string_view kTray3 = "TRAY3=INSTALLED";
-constexpr std::string_view kDuplex = "DUPLEX=INSTALLED";
+constexpr std::string_view kTray2Installed = "TRAY2=INSTALLED";
+constexpr std::string_view kTray3Installed = "TRAY3=INSTALLED";
+constexpr std::string_view kDuplexInstalled = "DUPLEX=INSTALLED";
 
 /// What a printer sent.
 struct Reply {
@@ -91,7 +91,8 @@ std::optional<InstalledOptions> ParseInstalledOptions(std::string_view reply) {
     const auto names = [configuration](std::string_view option) {
         return configuration.find(option) != std::string_view::npos;
     };
-    return InstalledOptions{names(kTray2), names(kTray3), names(kDuplex)};
+    return InstalledOptions{names(kTray2Installed), names(kTray3Installed),
+                            names(kDuplexInstalled)};
 }
 
 }  // namespace oemui

@@ -12,8 +12,6 @@ constinit WatermarkList WorkingWatermarkList = {};
 
 namespace {
 
-constexpr int kDecimal = 10;
-
 /// One value of the default file, at most 511 characters; empty when it is missing.
 FixedText<512> DefaultFileValue(LPCWSTR key) {
     FixedText<512> value;

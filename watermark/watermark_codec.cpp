@@ -4,7 +4,6 @@ namespace oemui {
 namespace {
 
 constexpr std::size_t kDigitScratch = 255;
-constexpr int kDecimal = 10;
 constexpr int kNoDigit = 36;
 
 /// The digit's value in the largest radix; `kNoDigit` for any other character.

@@ -5,6 +5,9 @@
 
 namespace oemui {
 
+/// The radix of the numbers in files that people write.
+inline constexpr int kDecimal = 10;
+
 /// Reads the digits of a text and skips everything else, signs included.
 /// \param text   read up to its first terminator, at most 255 characters.
 /// \param radix  2..36; letters are digits in either case.

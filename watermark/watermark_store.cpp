@@ -9,14 +9,14 @@ namespace oemui {
 namespace {
 
 // The spooler's declarations take names that they only read as writable.
-WCHAR valueName[] = TEXT("WaterMarkList");
+WCHAR listValueName[] = TEXT("WaterMarkList");
 
 }  // namespace
 
 DWORD ReadPrinterWatermarkList(HANDLE printer, WatermarkList* list) {
     *list = {};
     DWORD needed = 0;
-    const DWORD status = ::GetPrinterDataW(printer, valueName, nullptr,
+    const DWORD status = ::GetPrinterDataW(printer, listValueName, nullptr,
                                            reinterpret_cast<LPBYTE>(list), sizeof *list, &needed);
     if (status != ERROR_SUCCESS) *list = {};
     SanitizeWatermarkList(list);
@@ -31,7 +31,7 @@ void WritePrinterWatermarkList(LPCWSTR printerName, const WatermarkList& list,
         return;
     }
     auto* bytes = reinterpret_cast<LPBYTE>(const_cast<WatermarkList*>(&list));
-    if (::SetPrinterDataW(printer.Get(), valueName, REG_BINARY, bytes, sizeof list) !=
+    if (::SetPrinterDataW(printer.Get(), listValueName, REG_BINARY, bytes, sizeof list) !=
         ERROR_SUCCESS) {
         ShowMessage(writeFailedTextId, IDS_CAPTION_ERROR, MB_OK);
     }
