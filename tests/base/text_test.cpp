@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <bit>
 #include <climits>
 #include <iterator>
 #include <limits>
@@ -59,7 +60,12 @@ String Formatted(const WCHAR* format, Arguments... arguments) {
 TEST(Formatting, AsTheFormatSays) {
     EXPECT_EQ(Formatted(TEXT("%s - #%ld %d%%"), TEXT("Watermark"), LONG{12}, -5),
               TEXT("Watermark - #12 -5%"));
-    EXPECT_EQ(Formatted(TEXT("%ld"), std::numeric_limits<LONG>::min()), TEXT("-2147483648"));
+    EXPECT_EQ(Formatted(TEXT("%ld %u %I64d %x %X"), std::numeric_limits<LONG>::min(), 4000000000u,
+                        -5000000000, 0xABu, 0xABu),
+              TEXT("-2147483648 4000000000 -5000000000 ab AB"));
+    EXPECT_EQ(Formatted(TEXT("%p %S %hs %C %c %q"), std::bit_cast<void*>(0xABCDul), "\x80", "b",
+                        'c', 0x20AC),
+              TEXT("000000000000ABCD \u20AC b c \u20AC q"));
 }
 
 TEST(Formatting, StopsAtTheEndOfThePromisedBuffer) {
