@@ -30,6 +30,7 @@ constexpr int kConnectMilliseconds = 21000;
 struct OpenSocket {
     int descriptor;
     bool waits = true;
+    bool isInherited = true;
 };
 
 // The library of this process: its starts and its sockets. A socket's number is never given twice,
@@ -47,6 +48,13 @@ bool FindSocket(SOCKET socket, OpenSocket* found) {
     if (entry == sockets.end()) return Fail(WSAENOTSOCK, false);
     *found = entry->second;
     return true;
+}
+
+// The same for the calls that take a handle of any kind. With the lock held; null when it is no
+// socket.
+OpenSocket* FindHandle(HANDLE handle) {
+    const auto entry = sockets.find(reinterpret_cast<SOCKET>(handle));
+    return entry == sockets.end() ? nullptr : &entry->second;
 }
 
 DWORD CheckKind(int family, int type, int protocol) {
@@ -223,4 +231,23 @@ hostent* WINAPI gethostbyname(const CHAR* name) {
     if (name != nullptr) addresses = net::LookUpHost(name);
     if (addresses.empty()) return Fail<hostent*>(WSAHOST_NOT_FOUND);
     return FillHostAnswer(name, std::move(addresses));
+}
+
+BOOL WINAPI GetHandleInformation(HANDLE handle, LPDWORD flags) {
+    if (const auto error = InjectedFailure("GetHandleInformation")) return Fail(*error);
+    const std::lock_guard lock(mutex);
+    const OpenSocket* open = FindHandle(handle);
+    if (open == nullptr) return Fail(ERROR_INVALID_HANDLE);
+    *flags = open->isInherited ? HANDLE_FLAG_INHERIT : 0;
+    return TRUE;
+}
+
+BOOL WINAPI SetHandleInformation(HANDLE handle, DWORD mask, DWORD flags) {
+    if (const auto error = InjectedFailure("SetHandleInformation")) return Fail(*error);
+    if ((mask & ~DWORD{HANDLE_FLAG_INHERIT}) != 0) return Fail(ERROR_INVALID_PARAMETER);
+    const std::lock_guard lock(mutex);
+    OpenSocket* open = FindHandle(handle);
+    if (open == nullptr) return Fail(ERROR_INVALID_HANDLE);
+    if (mask != 0) open->isInherited = (flags & HANDLE_FLAG_INHERIT) != 0;
+    return TRUE;
 }
