@@ -34,7 +34,8 @@ protected:
     }
 
     static void InstallDriverStrings() {
-        std::filesystem::copy_file(DRIVER_STRINGS, platform::DriverFolder() / "UNIRES.DLL");
+        std::filesystem::copy_file(DRIVER_STRINGS,
+                                   platform::MachineFolder() / "Windows/UNIRES.DLL");
     }
     /// Makes a paper of this length, in thousandths of a millimetre, and selects it.
     void SelectPaper(LONG length) {
