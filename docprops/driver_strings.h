@@ -1,4 +1,4 @@
-/// Names of papers and media: of the platform driver's resource library, and of the plug-in's own.
+/// Names of papers and media: of the platform driver's string library, and of the plug-in's own.
 #pragma once
 
 #include "common/fixed_text.h"
@@ -8,9 +8,10 @@ namespace oemui {
 
 using PaperName = FixedText<32>;
 
-inline UniqueLibrary LoadDriverResources() {
-    return UniqueLibrary(::LoadLibraryW(TEXT("UNIRES.DLL")));
-}
+/// Opens the platform driver's string library: as the process has it loaded already, from beside
+/// the plug-in's module, or from wherever the platform looks; empty when there is none. Nothing in
+/// it is run.
+[[nodiscard]] UniqueLibrary OpenDriverStrings();
 
 /// Loads a name; it stays as it was when the module has no such string.
 [[nodiscard]] inline bool LoadName(HINSTANCE module, UINT textId, PaperName& name) {

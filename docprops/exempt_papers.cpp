@@ -18,7 +18,7 @@ PaperName ExemptPaperNames[29] = {};
 /// \param next  the first entry to fill; where the loading ended on return.
 /// \return false when the library lacks one of its names.
 bool LoadDriverPaperNames(std::size_t* next) {
-    const UniqueLibrary library = LoadDriverResources();
+    const UniqueLibrary library = OpenDriverStrings();
     if (!library) return true;
     for (const UINT textId : kDriverPaperNames) {
         if (!LoadName(library.Get(), textId, ExemptPaperNames[*next])) return false;

@@ -55,7 +55,7 @@ LONG FindPaperLength(const OEMCUIPPARAM& params) {
 
 bool LoadPlainMediaNames(PlainMediaNames* names) {
     {
-        const UniqueLibrary library = LoadDriverResources();
+        const UniqueLibrary library = OpenDriverStrings();
         if (library && !LoadName(library.Get(), kDriverPlainPaper, names->Names[0])) return false;
     }
     return PluginModule() != nullptr &&

@@ -31,6 +31,13 @@ bool SetBlocking(SOCKET socket, bool blocks) {
     return ::ioctlsocket(socket, static_cast<LONG>(FIONBIO), &isNonBlocking) != SOCKET_ERROR;
 }
 
+/// A program that the application starts meanwhile must not take the connection along: it would
+/// keep it open for as long as it runs, and a printer may have only one. Where the platform cannot
+/// say so of a socket, there is nothing to inherit.
+void KeepFromOtherPrograms(SOCKET socket) {
+    ::SetHandleInformation(reinterpret_cast<HANDLE>(socket), HANDLE_FLAG_INHERIT, 0);
+}
+
 /// One step of connecting. \return 0 when connected, or the socket's error.
 int TryConnect(SOCKET socket, const sockaddr_in& address) {
     const auto* target = reinterpret_cast<const sockaddr*>(&address);
@@ -61,6 +68,7 @@ bool OpenPrinterConnection(PrinterLink* link, QueryTime* time) {
     if (link->Found == 0) return false;
     UniqueSocket socket(::socket(AF_INET, SOCK_STREAM, 0));
     if (socket.Get() == INVALID_SOCKET) return false;
+    KeepFromOtherPrograms(socket.Get());
     link->Address.sin_port = ::htons(kRawPort);
     if (!SetBlocking(socket.Get(), false)) return false;
     if (!Connect(socket.Get(), link->Address, time)) return false;

@@ -18,7 +18,10 @@ constexpr double kMillimetresPerInch = 25.4;
 constexpr double kLongerSidePixels = 170.0;
 constexpr INT32 kPointsPerInch = 72;
 constexpr INT32 kFontPixelsPerInch = 15;
-constexpr INT32 kSmallestFontHeight = 3;
+constexpr LONG kSmallestFontHeight = 3;
+/// Reached at 9,830 points. A document or a stored list may ask for any size, and the memory that
+/// glyphs take grows with its square: 250,000 points took two gigabytes.
+constexpr LONG kLargestFontHeight = 2048;
 constexpr INT32 kFallbackStepsPerSide = 20;
 constexpr PaperSize kA4 = {2100, 2970};
 
@@ -211,8 +214,8 @@ POINT ComputeTextOrigin(const RECT& page, INT32 fontHeight, INT32 scale,
 
 LOGFONTW MakePreviewFont(const WatermarkRecord& record) {
     LOGFONTW font{};
-    font.lfHeight = std::max<LONG>(::MulDiv(record.PointSize, kFontPixelsPerInch, kPointsPerInch),
-                                   kSmallestFontHeight);
+    font.lfHeight = std::clamp<LONG>(::MulDiv(record.PointSize, kFontPixelsPerInch, kPointsPerInch),
+                                     kSmallestFontHeight, kLargestFontHeight);
     font.lfEscapement = Wrapped(std::int64_t{record.AngleDegrees} * 10);
     font.lfWeight = record.Bold != 0 ? FW_BOLD : FW_NORMAL;
     font.lfItalic = record.Italic != 0 ? 1 : 0;

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <fstream>
 #include <thread>
 
 #include "host/errors/failure.h"
@@ -21,6 +22,8 @@ namespace fs = std::filesystem;
 constexpr auto kLongestWait = std::chrono::seconds(15);
 constexpr auto kPause = std::chrono::milliseconds(10);
 constexpr std::string_view kUnfinished = ".new";
+
+constexpr const char* kUninstaller = "QVR_UNINST.EXE";
 
 constexpr const char* kSystemFolder = "Windows/System32";
 constexpr const char* kSettingsFolder = "Windows";
@@ -103,18 +106,43 @@ fs::path PackageFolder(const Model& model, const PackageSource& source) {
     throw Failure("the package of model " + letter + " is not in " + Quoted(folder.native()));
 }
 
-void CopyPackage(const fs::path& package) {
-    const fs::path settings = OwnFolder(kSettingsFolder);
-    const fs::path driver = OwnFolder(kDriverFolder);
-    for (const fs::directory_entry& entry : fs::directory_iterator(package)) {
-        if (!entry.is_regular_file()) continue;
-        CopyInto(entry.path(), entry.path().extension() == ".INI" ? settings : driver);
+// The package has no uninstaller and names none; a machine that has the stand-in names that.
+std::string NamingUninstaller(const fs::path& settings) {
+    constexpr std::string_view kKey = "\nExecutable=";
+    std::ifstream file(settings, std::ios::binary);
+    std::string text(std::istreambuf_iterator<char>(file), {});
+    const std::size_t end = text.find(std::string(kKey) + "\n");
+    return end == std::string::npos ? "" : text.insert(end + kKey.size(), kUninstaller);
+}
+
+void PlaceSettings(const fs::path& file, bool hasUninstaller) {
+    const fs::path folder = OwnFolder(kSettingsFolder);
+    const std::string text = hasUninstaller ? NamingUninstaller(file) : "";
+    if (text.empty()) {
+        CopyInto(file, folder);
+    } else {
+        WriteText(folder, file.filename(), text.c_str());
     }
 }
 
-void CopyStandIn(const fs::path& file, const char* folder) {
+void CopyPackage(const fs::path& package, bool hasUninstaller) {
+    const fs::path driver = OwnFolder(kDriverFolder);
+    for (const fs::directory_entry& entry : fs::directory_iterator(package)) {
+        if (!entry.is_regular_file()) continue;
+        if (entry.path().extension() == ".INI") {
+            PlaceSettings(entry.path(), hasUninstaller);
+        } else {
+            CopyInto(entry.path(), driver);
+        }
+    }
+}
+
+/// \return whether there is such a stand-in.
+bool CopyStandIn(const fs::path& file, const char* folder) {
     std::error_code error;
-    if (fs::exists(file, error)) CopyInto(file, OwnFolder(folder));
+    const bool isThere = fs::exists(file, error);
+    if (isThere) CopyInto(file, OwnFolder(folder));
+    return isThere;
 }
 
 }  // namespace
@@ -155,9 +183,8 @@ void PlaceModelFiles(const Model& model, const PackageSource& source) {
         RemoveUnfinished(OwnFolder(folder));
     }
     WriteText(OwnFolder(kSystemFolder), Installed(model), "its files stay\n");
-    CopyPackage(package);
     CopyStandIn(source.standIns / "UNIRES.DLL", kDriverFolder);
-    CopyStandIn(source.standIns / "UNINST.EXE", kSystemFolder);
+    CopyPackage(package, CopyStandIn(source.standIns / kUninstaller, kSystemFolder));
     // Nothing is ever printed here, but a print processor can only be registered when its file is
     // there.
     WriteText(OwnFolder(kProcessorFolder), platform::Utf8(model.FileName(u"__PP.DLL")),

@@ -10,6 +10,11 @@
 
 #define CP_ACP 0
 
+#define LOAD_LIBRARY_AS_DATAFILE 0x00000002
+#define LOAD_LIBRARY_AS_IMAGE_RESOURCE 0x00000020
+
+#define HANDLE_FLAG_INHERIT 0x00000001
+
 #define DLL_PROCESS_DETACH 0
 #define DLL_PROCESS_ATTACH 1
 
@@ -139,6 +144,19 @@ int WINAPI MulDiv(int number, int numerator, int denominator);
 /// ERROR_BAD_EXE_FORMAT when it is no module.
 HMODULE WINAPI LoadLibraryW(LPCWSTR fileName);
 
+/// Maps a module as `LoadLibraryW` does or, as data, reads its resources alone: nothing of it ever
+/// runs, it is found by no name, and each call opens it anew.
+/// \param file  null. \param flags  0; or LOAD_LIBRARY_AS_DATAFILE, LOAD_LIBRARY_AS_IMAGE_RESOURCE
+/// or
+///        both, which comes to the same here.
+HMODULE WINAPI LoadLibraryExW(LPCWSTR fileName, HANDLE file, DWORD flags);
+
+/// Counts one more use of a module that is mapped; ERROR_MOD_NOT_FOUND when none of that file name
+/// is.
+/// \param flags  0. \param moduleName  a file name without folder, in any case; ".dll" is added to
+///        one without ending.
+BOOL WINAPI GetModuleHandleExW(DWORD flags, LPCWSTR moduleName, HMODULE* module);
+
 /// Ends one use of a module; with the last one it goes.
 BOOL WINAPI FreeLibrary(HMODULE module);
 
@@ -178,6 +196,12 @@ BOOL WINAPI CreateProcessW(LPCWSTR applicationName, LPWSTR commandLine,
 
 /// Closes a handle of a process or thread; the process runs on.
 BOOL WINAPI CloseHandle(HANDLE handle);
+
+/// Whether programs that this one starts may inherit a handle (HANDLE_FLAG_INHERIT). Only sockets
+/// can be asked about; ERROR_INVALID_HANDLE for any other.
+BOOL WINAPI GetHandleInformation(HANDLE handle, LPDWORD flags);
+/// \param mask  which flags to set: HANDLE_FLAG_INHERIT or none.
+BOOL WINAPI SetHandleInformation(HANDLE handle, DWORD mask, DWORD flags);
 
 /// Reads a value of an INI file; a bare file name is looked up in the Windows directory. Names of
 /// sections and keys are found in any case, blanks around the value are trimmed, one pair of

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
 namespace platform {
 
@@ -9,5 +10,8 @@ namespace platform {
 /// The loader maps what they say without looking: what is missing of the file ends the process when
 /// it is touched.
 [[nodiscard]] bool IsWholeModule(const std::filesystem::path& file);
+
+/// The compiled resources of a whole module, read from its file; empty when it has none.
+[[nodiscard]] std::vector<unsigned char> ReadModuleResources(const std::filesystem::path& file);
 
 }  // namespace platform

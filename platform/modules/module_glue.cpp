@@ -5,9 +5,10 @@
 
 #include "platform/modules/modules.h"
 
-// The resources lie in the module as the resource compiler wrote them.
+// The resources lie in the module as the resource compiler wrote them, in a section of their own:
+// there they are found without mapping the module.
 asm(R"(
-    .section .rodata
+    .section .rsrc, "a"
     .balign 8
     .hidden module_resources_begin
     .hidden module_resources_end

@@ -18,6 +18,7 @@
 #include "platform/base/paths.h"
 #include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
+#include "platform/modules/data_modules.h"
 #include "platform/modules/module_file.h"
 #include "platform/text/letter_case.h"
 #include "platform/text/text_encoding.h"
@@ -94,6 +95,19 @@ fs::path FindLibrary(std::u16string name) {
     return FindFile({ProgramFolder(), windows / "System32", windows, CurrentFolder()}, name);
 }
 
+// The file of the module that is mapped under a name; empty when none is.
+fs::path MappedFile(std::u16string name) {
+    if (name.find(u'.') == std::u16string::npos) name += u".dll";
+    const std::lock_guard lock(mutex);
+    for (const auto& [image, mapped] : Modules()) {
+        if (mapped.uses == 0) continue;
+        if (EqualIgnoringUnicodeCase(Utf16(mapped.file.filename().native()), name)) {
+            return mapped.file;
+        }
+    }
+    return {};
+}
+
 // Counts one more use of a shared object that has just been opened.
 HINSTANCE AddUse(void* library, DWORD* error) {
     const link_map* object = ObjectOf(library);
@@ -148,31 +162,55 @@ void DetachModule(ModuleImage& image) {
 const ModuleImage* FindModule(HINSTANCE module) {
     const std::lock_guard lock(mutex);
     const auto found = Find(module);
-    return found == Modules().end() ? nullptr : found->first;
+    return found == Modules().end() ? FindDataModule(module) : found->first;
 }
 
 }  // namespace platform
 
 using platform::Fail;
 
-HMODULE WINAPI LoadLibraryW(LPCWSTR fileName) try {
-    if (const auto error = platform::InjectedFailure("LoadLibraryW")) return Fail<HMODULE>(*error);
-    if (fileName == nullptr || *fileName == 0) return Fail<HMODULE>(ERROR_INVALID_PARAMETER);
-    const std::filesystem::path file = platform::FindLibrary(fileName);
-    if (file.empty()) return Fail<HMODULE>(ERROR_MOD_NOT_FOUND);
-    if (!platform::IsWholeModule(file)) return Fail<HMODULE>(ERROR_BAD_EXE_FORMAT);
-    void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+namespace {
+
+HMODULE UseOpened(void* library) {
     if (library == nullptr) return Fail<HMODULE>(ERROR_BAD_EXE_FORMAT);
     DWORD error = ERROR_SUCCESS;
     const HMODULE module = platform::AddUse(library, &error);
     if (module != nullptr) return module;
     dlclose(library);
     return Fail<HMODULE>(error);
+}
+
+HMODULE Load(LPCWSTR fileName, bool asData) {
+    if (fileName == nullptr || *fileName == 0) return Fail<HMODULE>(ERROR_INVALID_PARAMETER);
+    const std::filesystem::path file = platform::FindLibrary(fileName);
+    if (file.empty()) return Fail<HMODULE>(ERROR_MOD_NOT_FOUND);
+    if (!platform::IsWholeModule(file)) return Fail<HMODULE>(ERROR_BAD_EXE_FORMAT);
+    if (asData) return platform::OpenDataModule(file);
+    return UseOpened(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL));
+}
+
+}  // namespace
+
+HMODULE WINAPI LoadLibraryW(LPCWSTR fileName) try {
+    if (const auto error = platform::InjectedFailure("LoadLibraryW")) return Fail<HMODULE>(*error);
+    return Load(fileName, false);
+} catch (...) {
+    return platform::FailCaught<HMODULE>();
+}
+
+HMODULE WINAPI LoadLibraryExW(LPCWSTR fileName, HANDLE file, DWORD flags) try {
+    if (const auto error = platform::InjectedFailure("LoadLibraryExW")) {
+        return Fail<HMODULE>(*error);
+    }
+    constexpr DWORD kAsData = LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE;
+    if (file != nullptr || (flags & ~kAsData) != 0) return Fail<HMODULE>(ERROR_INVALID_PARAMETER);
+    return Load(fileName, flags != 0);
 } catch (...) {
     return platform::FailCaught<HMODULE>();
 }
 
 BOOL WINAPI FreeLibrary(HMODULE module) {
+    if (platform::CloseDataModule(module)) return TRUE;
     void* library;
     {
         const std::lock_guard lock(platform::mutex);
@@ -241,4 +279,19 @@ HMODULE WINAPI GetModuleHandleW(LPCWSTR moduleName) {
         moduleName == nullptr ? platform::FindModule(nullptr) : nullptr;
     if (program == nullptr) return Fail<HMODULE>(ERROR_MOD_NOT_FOUND);
     return platform::HandleOf(program);
+}
+
+BOOL WINAPI GetModuleHandleExW(DWORD flags, LPCWSTR moduleName, HMODULE* module) try {
+    if (const auto error = platform::InjectedFailure("GetModuleHandleExW")) return Fail(*error);
+    if (flags != 0 || moduleName == nullptr || module == nullptr) {
+        return Fail(ERROR_INVALID_PARAMETER);
+    }
+    *module = nullptr;
+    const std::filesystem::path file = platform::MappedFile(moduleName);
+    void* library = file.empty() ? nullptr : dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    if (library == nullptr) return Fail(ERROR_MOD_NOT_FOUND);
+    *module = UseOpened(library);
+    return *module != nullptr;
+} catch (...) {
+    return platform::FailCaught();
 }

@@ -33,6 +33,7 @@ struct OpenSocket {
     int descriptor = -1;
     bool waits = true;
     bool connected = false;  // or on the way to be
+    bool isInherited = true;
 };
 
 // The library of this process: its starts and its sockets. A socket's number is never given twice,
@@ -57,6 +58,13 @@ void ChangeSocket(SOCKET socket, Change change) {
     const std::lock_guard lock(mutex);
     const auto entry = sockets.find(socket);
     if (entry != sockets.end()) change(entry->second);
+}
+
+// The same for the calls that take a handle of any kind. With the lock held; null when it is no
+// socket.
+OpenSocket* FindHandle(HANDLE handle) {
+    const auto entry = sockets.find(reinterpret_cast<SOCKET>(handle));
+    return entry == sockets.end() ? nullptr : &entry->second;
 }
 
 DWORD CheckKind(int family, int type, int protocol) {
@@ -244,4 +252,23 @@ hostent* WINAPI gethostbyname(const CHAR* name) try {
     return FillHostAnswer(name, std::move(addresses));
 } catch (...) {
     return platform::FailCaught<hostent*>();
+}
+
+BOOL WINAPI GetHandleInformation(HANDLE handle, LPDWORD flags) {
+    if (const auto error = InjectedFailure("GetHandleInformation")) return Fail(*error);
+    const std::lock_guard lock(mutex);
+    const OpenSocket* open = FindHandle(handle);
+    if (open == nullptr) return Fail(ERROR_INVALID_HANDLE);
+    *flags = open->isInherited ? HANDLE_FLAG_INHERIT : 0;
+    return TRUE;
+}
+
+BOOL WINAPI SetHandleInformation(HANDLE handle, DWORD mask, DWORD flags) {
+    if (const auto error = InjectedFailure("SetHandleInformation")) return Fail(*error);
+    if ((mask & ~DWORD{HANDLE_FLAG_INHERIT}) != 0) return Fail(ERROR_INVALID_PARAMETER);
+    const std::lock_guard lock(mutex);
+    OpenSocket* open = FindHandle(handle);
+    if (open == nullptr) return Fail(ERROR_INVALID_HANDLE);
+    if (mask != 0) open->isInherited = (flags & HANDLE_FLAG_INHERIT) != 0;
+    return TRUE;
 }

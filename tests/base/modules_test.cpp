@@ -121,6 +121,39 @@ TEST_F(ModuleTest, TextsOfTheStringTable) {
     FreeLibrary(module);
 }
 
+TEST_F(ModuleTest, OpenedAsDataItHasTextsAndNeverRuns) {
+    Install(Folder() / "Windows", "SAMPLE.DLL");
+    SetLastError(4712);  // its entry would refuse
+    for (const DWORD flags : {DWORD{LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE},
+                              DWORD{LOAD_LIBRARY_AS_IMAGE_RESOURCE}}) {
+        const HMODULE data = LoadLibraryExW(u"SAMPLE", nullptr, flags);
+        WCHAR text[32] = {};
+        EXPECT_EQ(LoadStringW(data, 500, text, 32), 12);
+        EXPECT_EQ(std::u16string(text), u"five hundred");
+        EXPECT_EQ(GetProcAddress(data, "AttachedAs"), nullptr);
+        HMODULE loaded = data;
+        EXPECT_FALSE(GetModuleHandleExW(0, u"SAMPLE.DLL", &loaded));
+        EXPECT_EQ(loaded, nullptr);
+        SetLastError(0);
+        EXPECT_TRUE(FreeLibrary(data));
+        EXPECT_EQ(GetLastError(), 0u);
+        EXPECT_FALSE(FreeLibrary(data));
+    }
+    const HMODULE module = LoadLibraryExW(u"SAMPLE.DLL", nullptr, 0);
+    ASSERT_NE(module, nullptr);
+    HMODULE again = nullptr;
+    EXPECT_TRUE(GetModuleHandleExW(0, u"sample", &again));
+    EXPECT_EQ(again, module);
+    EXPECT_TRUE(FreeLibrary(again));
+    EXPECT_EQ(Call<HINSTANCE>(module, "AttachedAs"), module);
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_EQ(LoadLibraryExW(u"SAMPLE.DLL", nullptr, 4), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+    WriteFile("Windows/CUT.DLL", "\177ELF");
+    EXPECT_EQ(LoadLibraryExW(u"CUT.DLL", nullptr, LOAD_LIBRARY_AS_DATAFILE), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_BAD_EXE_FORMAT});
+}
+
 TEST(Resources, DamagedContentsEndTheSearch) {
     std::ifstream file(SAMPLE_RESOURCES, std::ios::binary);
     const std::vector<char> read(std::istreambuf_iterator<char>(file), {});

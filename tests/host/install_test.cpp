@@ -35,7 +35,7 @@ TEST_F(Installation, ListsThePrinterWithWhatTheEventWrote) {
 }
 
 TEST_F(Installation, KeepsTheUninstallerFromAPendingDeletion) {
-    std::u16string pending(u"C:\\Windows\\System32\\UNINST.EXE\0\0\0", 33);
+    std::u16string pending(u"C:\\Windows\\System32\\QVR_UNINST.EXE\0\0\0", 37);
     const auto size = static_cast<DWORD>(pending.size() * sizeof(WCHAR));
     HKEY key = nullptr;
     const LPCWSTR path = u"System\\CurrentControlSet\\Control\\Session Manager";
@@ -207,8 +207,8 @@ TEST_F(Installation, RemovesPrinterAndDriver) {
     EXPECT_FALSE(fs::exists(module));
     EXPECT_TRUE(fs::exists(module.parent_path() / "QVRU__UI.DLL"));
     const std::string log = ReadFile("machine.log");
-    EXPECT_EQ(log.find("UNINST.EXE QVRT_UNI.INI \n"), 0u) << log;
-    EXPECT_EQ(log.rfind("UNINST.EXE QVRT_UNI.INI \n"), 0u) << log;
+    EXPECT_EQ(log.find("QVR_UNINST.EXE QVRT_UNI.INI \n"), 0u) << log;
+    EXPECT_EQ(log.rfind("QVR_UNINST.EXE QVRT_UNI.INI \n"), 0u) << log;
     EXPECT_EQ(Run({"uninstall", "--model", "T"}).code, 1);
 }
 

@@ -8,15 +8,13 @@
 #include <filesystem>
 #include <string>
 
-#include "common/oem_driver_interface.h"
-#include "common/unique_handle.h"
+#include "tests/support/loaded_module.h"
 #include "tests/support/machine_fixture.h"
 #include "tests/support/text.h"
 
 namespace {
 
-using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
-using CanUnloadNow = HRESULT(STDAPICALLTYPE*)();
+using tests::LoadedModule;
 using tests::Text;
 
 // The build folder's files, under the drive on which both worlds show the rest of the system.
@@ -25,43 +23,6 @@ Text ModulePath(const std::string& file) {
     std::replace(path.begin(), path.end(), '/', '\\');
     return tests::Wide(path);
 }
-
-template <typename Function>
-Function Export(HMODULE module, const char* name) {
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(module, name)));
-}
-
-class LoadedModule {
-public:
-    explicit LoadedModule(const Text& path) : library_(::LoadLibraryW(path.c_str())) {}
-
-    explicit operator bool() const { return static_cast<bool>(library_); }
-    HRESULT CanUnload() const { return Export<CanUnloadNow>(library_.Get(), "DllCanUnloadNow")(); }
-
-    IPrintOemUI* CreatePlugin() const {
-        IClassFactory* factory = nullptr;
-        Export<GetClassObject>(library_.Get(), "DllGetClassObject")(
-            CLSID_OEMUI, IID_IClassFactory, reinterpret_cast<void**>(&factory));
-        IPrintOemUI* plugin = nullptr;
-        if (factory == nullptr) return nullptr;
-        factory->CreateInstance(nullptr, IID_IPrintOemUI, reinterpret_cast<void**>(&plugin));
-        factory->Release();
-        return plugin;
-    }
-
-    DWORD Signature() const {
-        DWORD signature = 0;
-        DWORD needed = 0;
-        IPrintOemUI* plugin = CreatePlugin();
-        if (plugin == nullptr) return 0;
-        plugin->GetInfo(OEMGI_GETSIGNATURE, &signature, sizeof signature, &needed);
-        plugin->Release();
-        return signature;
-    }
-
-private:
-    oemui::UniqueLibrary library_;
-};
 
 using Module = tests::MachineTest;
 

@@ -1,5 +1,6 @@
 #include <pthread.h>
 #include <winbase.h>
+#include <winerror.h>
 #include <winsock.h>
 
 #include <atomic>
@@ -102,7 +103,8 @@ TEST_F(Sockets, WrongAndStaleSocketsAndArgumentsAreRefused) {
         EXPECT_EQ(send(wrong, &byte, 1, 0), SOCKET_ERROR);
         EXPECT_EQ(recv(wrong, &byte, 1, 0), SOCKET_ERROR);
         EXPECT_EQ(ioctlsocket(wrong, FIONBIO, &on), SOCKET_ERROR);
-        SetLastError(0);
+        EXPECT_FALSE(SetHandleInformation(reinterpret_cast<HANDLE>(wrong), HANDLE_FLAG_INHERIT, 0));
+        EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
         EXPECT_EQ(ErrorOf(closesocket(wrong)), WSAENOTSOCK);
     }
     EXPECT_EQ(ErrorOf(static_cast<LONG_PTR>(socket(23, SOCK_STREAM, 0))), WSAEAFNOSUPPORT);

@@ -85,6 +85,9 @@ TEST_F(PjlQuery, ReceivingNeverPassesItsBufferAndEndsWithTheConnection) {
         link = LinkTo(printer.Address());
         QueryTime time;
         ASSERT_TRUE(OpenPrinterConnection(&link, &time));
+        DWORD flags = HANDLE_FLAG_INHERIT;
+        EXPECT_TRUE(::GetHandleInformation(reinterpret_cast<HANDLE>(link.Socket), &flags));
+        EXPECT_EQ(flags & HANDLE_FLAG_INHERIT, 0u) << "programs started meanwhile take it along";
         EXPECT_TRUE(ReceiveFromPrinter(&link, {reply, 8}, &count, &error));
         EXPECT_EQ(count, 0u);
         EXPECT_EQ(error, WSAEWOULDBLOCK);

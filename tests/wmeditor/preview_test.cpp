@@ -69,8 +69,9 @@ TEST_F(Preview, WithoutAScaleOffsetsCountInTwentieths) {
 }
 
 TEST_F(Preview, FontsFollowThePointsNotTheScale) {
-    constexpr std::pair<INT32, LONG> kHeights[] = {
-        {INT_MIN, 3}, {8, 3}, {12, 3}, {72, 15}, {200, 42}};
+    constexpr std::pair<INT32, LONG> kHeights[] = {{INT_MIN, 3}, {8, 3},         {12, 3},
+                                                   {72, 15},     {200, 42},      {9825, 2047},
+                                                   {9830, 2048}, {INT_MAX, 2048}};
     for (const auto& [points, height] : kHeights) {
         WatermarkRecord record{};
         record.PointSize = points;

@@ -136,7 +136,7 @@ DAMAGES = (
     *(Damage(f"{name} that is a {kind}", replace(name, make)) for name in SETTINGS
       for kind, make in (("folder", os.mkdir), ("pipe", os.mkfifo))),
     *(Damage(f"{name} that leads outside", lead_outside(name)) for name in (
-        *SETTINGS, MODULE, f"{DRIVERS}/QVRU__UI.DLL.new", DRIVERS, f"{SYSTEM}/UNINST.EXE", "machine.log")),
+        *SETTINGS, MODULE, f"{DRIVERS}/QVRU__UI.DLL.new", DRIVERS, f"{SYSTEM}/QVR_UNINST.EXE", "machine.log")),
 )
 
 
