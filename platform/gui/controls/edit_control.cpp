@@ -55,6 +55,8 @@ protected:
             control_.Type(event->text());
         } else if (control_.upDown_ != nullptr && (up || event->key() == Qt::Key_Down)) {
             control_.upDown_->StepByKey(up ? 1 : -1);
+        } else if (up || event->key() == Qt::Key_Down) {
+            cursorForward(event->modifiers().testFlag(Qt::ShiftModifier), up ? -1 : 1);
         } else {
             QLineEdit::keyPressEvent(event);
         }
@@ -121,6 +123,10 @@ void EditControl::SetText(const QString& text) {
         face_->setCursorPosition(0);
     }
     NotifyChange();
+}
+
+void EditControl::SelectAll() {
+    face_->selectAll();
 }
 
 void EditControl::NotifyChange() {
