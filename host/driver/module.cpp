@@ -91,10 +91,21 @@ const std::u16string& RequireOwnFile(const std::u16string& path) {
     return path;
 }
 
+// The driver has its library of strings loaded before any plug-in, which asks for it by its bare
+// name: the driver's folder is not searched for those. A driver without the library goes on.
+oemui::UniqueLibrary LoadStringsBeside(const std::u16string& module) {
+    const std::u16string strings =
+        module.substr(0, module.find_last_of(u"\\/") + 1) + u"UNIRES.DLL";
+    if (platform::ExistingFile(strings).empty()) return {};
+    return oemui::UniqueLibrary(::LoadLibraryW(RequireOwnFile(strings).c_str()));
+}
+
 }  // namespace
 
 DriverModule::DriverModule(const std::u16string& path)
-    : path_(RequireOwnFile(path)), module_(::LoadLibraryW(path.c_str())) {
+    : path_(RequireOwnFile(path)),
+      strings_(LoadStringsBeside(path)),
+      module_(::LoadLibraryW(path.c_str())) {
     const std::string file = Escaped(platform::Utf8(path));
     if (!module_) FailWithLastError(file + " cannot be loaded");
     plugIn_.reset(CreatePlugIn(module_.Get(), file));

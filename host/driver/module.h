@@ -31,6 +31,7 @@ public:
 
 private:
     std::u16string path_;
+    oemui::UniqueLibrary strings_;
     oemui::UniqueLibrary module_;
     std::unique_ptr<IPrintOemUI, Released> plugIn_;  ///< goes before its module
 };

@@ -111,10 +111,26 @@ fs::path ExistingFile(std::u16string_view platformPath) {
 
 fs::path FindFile(std::initializer_list<fs::path> folders, std::u16string_view name) {
     for (const fs::path& folder : folders) {
+        if (folder.empty()) continue;
         fs::path file = IfFile(ResolveIgnoringCase(folder, name));
         if (!file.empty()) return file;
     }
     return {};
+}
+
+fs::path IfInside(const fs::path& file) {
+    std::error_code error;
+    const fs::path real = fs::canonical(file, error);
+    return error || Below(MachineFolder(), real).empty() ? fs::path{} : real;
+}
+
+fs::path ProgramFolder() {
+    return IfInside(ProgramFile().parent_path());
+}
+
+fs::path CurrentFolder() {
+    std::error_code error;
+    return IfInside(fs::current_path(error));
 }
 
 fs::path ProgramFile() {

@@ -25,11 +25,19 @@ namespace platform {
 [[nodiscard]] std::filesystem::path ResolveIgnoringCase(const std::filesystem::path& folder,
                                                         std::u16string_view relative);
 
-/// The file of this name, so resolved, in the first folder that has it; empty when none has.
+/// The file of this name, so resolved, in the first folder that has it; empty when none has. An
+/// empty folder has none.
 [[nodiscard]] std::filesystem::path FindFile(std::initializer_list<std::filesystem::path> folders,
                                              std::u16string_view name);
 
+/// The file or folder itself, behind all links; empty when it is none of the machine's.
+[[nodiscard]] std::filesystem::path IfInside(const std::filesystem::path& file);
+
 /// The file of the running program.
 [[nodiscard]] std::filesystem::path ProgramFile();
+
+/// The running program's folder and the current one, as far as they are the machine's; else empty.
+[[nodiscard]] std::filesystem::path ProgramFolder();
+[[nodiscard]] std::filesystem::path CurrentFolder();
 
 }  // namespace platform

@@ -82,6 +82,8 @@ struct PROCESS_INFORMATION {
 using LPPROCESS_INFORMATION = PROCESS_INFORMATION*;
 static_assert(sizeof(PROCESS_INFORMATION) == 24);
 
+extern "C" {
+
 DWORD WINAPI GetLastError();
 void WINAPI SetLastError(DWORD error);
 
@@ -131,8 +133,9 @@ int WINAPI WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int len
 /// from zero; -1 when the denominator is 0 or the result does not fit.
 int WINAPI MulDiv(int number, int numerator, int denominator);
 
-/// Maps a module, or counts one more use of it. A bare name is looked for in the driver's
-/// directory, System32 and the Windows directory. ERROR_MOD_NOT_FOUND when there is no such file,
+/// Maps a module, or counts one more use of it. A bare name is that of a module in use, or
+/// looked for in the program's directory, System32, the Windows directory and the current one (the
+/// first and last only below the machine). ERROR_MOD_NOT_FOUND when there is no such file,
 /// ERROR_BAD_EXE_FORMAT when it is no module.
 HMODULE WINAPI LoadLibraryW(LPCWSTR fileName);
 
@@ -162,8 +165,8 @@ void WINAPI Sleep(DWORD milliseconds);
 
 /// Starts a program. What it writes goes to the machine's log, after a line with the command line.
 /// \param applicationName  must be null: the program is the first word of the command line, looked
-///        up without regard to case in the program's directory, the current directory, System32,
-///        the Windows directory and the driver's directory; ".exe" is added to a name without
+///        up without regard to case in the program's directory and the current one (both only below
+///        the machine), System32 and the Windows directory; ".exe" is added to a name without
 ///        ending. Of an unquoted path with blanks the shortest file that exists is started.
 /// \param currentDirectory  must be null, like the environment.
 /// \return false with ERROR_FILE_NOT_FOUND, ERROR_BAD_EXE_FORMAT, ERROR_INVALID_PARAMETER...
@@ -179,8 +182,11 @@ BOOL WINAPI CloseHandle(HANDLE handle);
 /// Reads a value of an INI file; a bare file name is looked up in the Windows directory. Names of
 /// sections and keys are found in any case, blanks around the value are trimmed, one pair of
 /// quotes around it is removed.
+/// \param section, key  null: the names of all sections, or of the section's keys, each terminated.
 /// \param defaultText  what a missing value reads as; null means empty.
-/// \return the characters copied, without terminator: at most `size` - 1.
+/// \return the characters copied, without (the last) terminator: at most `size` - 1; `size` - 2
+/// when
+///         names did not fit, which then end with two terminators.
 DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR defaultText,
                                       LPWSTR value, DWORD size, LPCWSTR fileName);
 
@@ -195,7 +201,10 @@ UINT WINAPI GetPrivateProfileIntW(LPCWSTR section, LPCWSTR key, INT defaultNumbe
 /// \return its length; 0 when there is no such text.
 int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR text, int size);
 
-/// Formats into a buffer of 1024 WCHARs: %s, %d and %ld (both 32 bits wide) and %%, without flags,
-/// width or precision.
+/// Formats into a buffer of 1024 WCHARs: %d, %i, %u, %x, %X (32 bits wide, with or without h or l;
+/// 64 with I64), %p, %s, %c (with h, or as %S and %C, of 8 bits) and %%, without flags, width or
+/// precision. Of any other the letter itself is written.
 /// \return the characters written, without terminator: at most 1023.
 int wsprintfW(LPWSTR text, LPCWSTR format, ...);
+
+}  // extern "C"

@@ -108,7 +108,13 @@ struct RECT {
     LONG right;
     LONG bottom;
 };
-using RECTL = RECT;
+
+struct RECTL {
+    LONG left;
+    LONG top;
+    LONG right;
+    LONG bottom;
+};
 
 struct FILETIME {
     DWORD dwLowDateTime;

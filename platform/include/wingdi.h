@@ -167,6 +167,8 @@ using FONTENUMPROCW = int(CALLBACK*)(const LOGFONTW* font, const TEXTMETRICW* me
 // Everything below is for the user-interface thread. A wrong or stale handle fails with
 // ERROR_INVALID_HANDLE (last error); 0 or null is failure unless told otherwise.
 
+extern "C" {
+
 /// A device context of a printer with its default page, at 600 dots per inch: only its
 /// capabilities are of use. Driver, output and devmode must be null. Null when the printer is
 /// unknown.
@@ -224,3 +226,5 @@ BOOL WINAPI GetTextExtentPoint32W(HDC context, LPCWSTR text, int length, SIZE* s
 /// family. \param family  must be null. \return what the last call back returned, or 1 without one;
 /// 0 on failure.
 int WINAPI EnumFontFamiliesW(HDC context, LPCWSTR family, FONTENUMPROCW procedure, LPARAM argument);
+
+}  // extern "C"

@@ -37,6 +37,8 @@ using PHKEY = HKEY*;
 
 struct SECURITY_ATTRIBUTES;
 
+extern "C" {
+
 /// Opens a key below another; ERROR_FILE_NOT_FOUND when there is none. An empty or null path opens
 /// the key itself once more.
 /// \param access  KEY_*: later calls on the key answer ERROR_ACCESS_DENIED for rights not asked
@@ -49,7 +51,7 @@ LSTATUS WINAPI RegOpenKeyW(HKEY key, LPCWSTR path, PHKEY result);
 /// Opens a key, made with all its parents when missing.
 /// \param disposition  REG_CREATED_NEW_KEY or REG_OPENED_EXISTING_KEY; may be null.
 LSTATUS WINAPI RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR className,
-                               DWORD options, REGSAM access, const SECURITY_ATTRIBUTES* security,
+                               DWORD options, REGSAM access, SECURITY_ATTRIBUTES* security,
                                PHKEY result, DWORD* disposition);
 
 /// The sub-key at a place from 0, in the order of names without regard to case;
@@ -77,3 +79,5 @@ LSTATUS WINAPI RegDeleteTreeW(HKEY key, LPCWSTR path);
 
 /// Closes a key; the root stays open.
 LSTATUS WINAPI RegCloseKey(HKEY key);
+
+}  // extern "C"

@@ -4,6 +4,8 @@
 /// Every call but `WSAStartup`, `htons` and `inet_addr` needs the library started (else
 /// WSANOTINITIALISED). Calls that fail answer SOCKET_ERROR, INVALID_SOCKET or null and set the
 /// thread's socket error, read with `WSAGetLastError`.
+///
+/// Names that the system's own library has too are not C's here: its functions must stay its own.
 #pragma once
 
 #include <windef.h>
@@ -31,6 +33,7 @@ using SOCKET = UINT_PTR;
 #define WSAENETUNREACH 10051
 #define WSAECONNRESET 10054
 #define WSAEISCONN 10056
+#define WSAENOTCONN 10057
 #define WSAECONNREFUSED 10061
 #define WSAVERNOTSUPPORTED 10092
 #define WSANOTINITIALISED 10093
@@ -84,12 +87,12 @@ struct hostent {
 static_assert(sizeof(hostent) == 32 && offsetof(hostent, h_length) == 18);
 
 /// Starts the library; every success is to be paired with a `WSACleanup`. \param version  the
-/// highest version wanted, low byte major; 1.1 (0x0101) is what is there, less fails with
+/// highest version wanted, low byte major; 1.1 (0x0101) is what the calls here do, less fails with
 /// WSAVERNOTSUPPORTED. \return 0 or the error.
-int WINAPI WSAStartup(WORD version, WSADATA* details);
+extern "C" int WINAPI WSAStartup(WORD version, WSADATA* details);
 /// Ends one start; the last one closes all sockets.
-int WINAPI WSACleanup();
-int WINAPI WSAGetLastError();
+extern "C" int WINAPI WSACleanup();
+extern "C" int WINAPI WSAGetLastError();
 
 /// \param family  AF_INET. \param type  SOCK_STREAM. \param protocol  0 or IPPROTO_TCP.
 SOCKET WINAPI socket(int family, int type, int protocol);
@@ -97,16 +100,17 @@ SOCKET WINAPI socket(int family, int type, int protocol);
 /// the outcome is open, asked again with WSAEALREADY, and with WSAEISCONN when it is connected.
 int WINAPI connect(SOCKET socket, const sockaddr* address, int addressSize);
 /// \param command  FIONBIO: a value of 0 makes the socket's calls wait, any other makes them not.
-int WINAPI ioctlsocket(SOCKET socket, LONG command, ULONG* value);
+extern "C" int WINAPI ioctlsocket(SOCKET socket, LONG command, ULONG* value);
 /// \return the number of bytes taken, which may be fewer than given.
 int WINAPI send(SOCKET socket, const CHAR* bytes, int length, int flags);
 /// \return the number of bytes received; 0 when the other side has closed.
 int WINAPI recv(SOCKET socket, CHAR* buffer, int length, int flags);
-int WINAPI closesocket(SOCKET socket);
+extern "C" int WINAPI closesocket(SOCKET socket);
 
 USHORT WINAPI htons(USHORT value);
 /// An IPv4 address written with dots, in network byte order; INADDR_NONE when it is none. Short
-/// forms ("127.1") and octal or hexadecimal numbers count; a blank ends the text.
+/// forms ("127.1") and octal or hexadecimal numbers count; a blank ends the text, and one alone is
+/// 0.
 ULONG WINAPI inet_addr(const CHAR* text);
 /// Looks a name up in the machine's hosts file; "localhost" is always known. Names that map to
 /// addresses outside 127.0.0.0/8, and all others, fail with WSAHOST_NOT_FOUND. The answer belongs

@@ -121,6 +121,8 @@ struct PRINTPROCESSOR_INFO_1W {
 };
 static_assert(sizeof(PRINTPROCESSOR_INFO_1W) == 8);
 
+extern "C" {
+
 /// Opens a printer by its name, in any case; a server part (`\\machine\Name`) and ports behind a
 /// comma (`Name,LPT1:`) are allowed and dropped. A null name opens the machine's print server,
 /// which has the forms. \param defaults  may be null. Fails with ERROR_INVALID_PRINTER_NAME, or
@@ -192,3 +194,5 @@ BOOL WINAPI EnumPrintProcessorsW(LPWSTR server, LPWSTR environment, DWORD level,
 /// Registers a print processor. \param file  its library's bare name; it is not looked for. Fails
 /// with ERROR_PRINT_PROCESSOR_ALREADY_INSTALLED when the name is taken.
 BOOL WINAPI AddPrintProcessorW(LPWSTR server, LPWSTR environment, LPWSTR file, LPWSTR name);
+
+}  // extern "C"

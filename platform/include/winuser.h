@@ -29,9 +29,11 @@ using DLGPROC = INT_PTR(CALLBACK*)(HWND dialog, UINT message, WPARAM first, LPAR
 /// Moves the focus. Second parameter not 0: to the control whose handle is the first; else to the
 /// tab stop after the focused one, or with a first parameter that is not 0 to the one before it.
 #define WM_NEXTDLGCTL 0x0028
-#define WM_HELP 0x0053        ///< second parameter: a `HELPINFO*`
-#define WM_INITDIALOG 0x0110  ///< second parameter: the creation parameter
-#define WM_COMMAND 0x0111     ///< first: control ID low, code high; second: the control
+#define WM_HELP 0x0053  ///< second parameter: a `HELPINFO*`
+/// First parameter: the control that gets the focus when the answer is not 0 or none has it by
+/// then; second: the creation parameter.
+#define WM_INITDIALOG 0x0110
+#define WM_COMMAND 0x0111  ///< first: control ID low, code high; second: the control
 
 // Notifications of controls, the high word of a command.
 #define BN_CLICKED 0
@@ -99,14 +101,16 @@ struct HELPINFO {
 };
 static_assert(sizeof(HELPINFO) == 40 && offsetof(HELPINFO, hItemHandle) == 16);
 
+extern "C" {
+
 /// Shows a message and waits for the answer; the focused control hears of the focus it loses
 /// meanwhile. \param owner, text, caption  may be null. \param type  MB_OK, MB_OKCANCEL, MB_YESNO.
 /// \return IDOK, IDCANCEL, IDYES or IDNO; 0 on failure.
 int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);
 
 /// Runs the dialog of a template until `EndDialog`. \param dialogTemplate  a name or
-/// MAKEINTRESOURCEW(id). \param owner  may be null. \return what `EndDialog` was given; -1 on
-/// failure: no such template, or one that is damaged.
+/// MAKEINTRESOURCEW(id). \param owner  may be null. \return what `EndDialog` was given; 0 when the
+/// owner is no window, -1 when there is no such template, or one that is damaged.
 INT_PTR WINAPI DialogBoxParamW(HINSTANCE module, LPCWSTR dialogTemplate, HWND owner,
                                DLGPROC procedure, LPARAM parameter);
 /// Ends a modal dialog: it is hidden at once and gone when its procedure returns.
@@ -120,7 +124,8 @@ BOOL WINAPI SetDlgItemTextW(HWND dialog, int controlId, LPCWSTR text);
 /// \return the number of WCHARs copied.
 UINT WINAPI GetDlgItemTextW(HWND dialog, int controlId, LPWSTR text, int capacity);
 BOOL WINAPI SetDlgItemInt(HWND dialog, int controlId, UINT value, BOOL isSigned);
-/// The number at the front of a control's text; 0 without one, or when it does not fit 32 bits.
+/// The digits at the front of a control's text, behind blanks and, when signed, a minus; 0 without
+/// any, or when the number does not fit 32 bits.
 /// \param translated  whether there was a number; may be null.
 UINT WINAPI GetDlgItemInt(HWND dialog, int controlId, BOOL* translated, BOOL isSigned);
 LRESULT WINAPI SendDlgItemMessageW(HWND dialog, int controlId, UINT message, WPARAM first,
@@ -180,3 +185,5 @@ int WINAPI FillRect(HDC context, const RECT* rectangle, HBRUSH brush);
 /// and is no failure. \param file  a platform path. \param command  HELP_CONTEXT or
 /// HELP_CONTEXTPOPUP. \param topic  its number.
 BOOL WINAPI WinHelpW(HWND owner, LPCWSTR file, UINT command, ULONG_PTR topic);
+
+}  // extern "C"

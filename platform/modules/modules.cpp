@@ -19,6 +19,8 @@
 #include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
 #include "platform/modules/module_file.h"
+#include "platform/text/letter_case.h"
+#include "platform/text/text_encoding.h"
 
 namespace platform {
 namespace {
@@ -72,13 +74,24 @@ std::map<const ModuleImage*, Mapped>::iterator Find(HINSTANCE handle) {
     return isOpen ? found : modules.end();
 }
 
+// The file of a module in use, by its bare name.
+fs::path FileInUse(std::u16string_view name) {
+    const std::lock_guard lock(mutex);
+    for (const auto& [image, mapped] : Modules()) {
+        const bool isNamed = EqualIgnoringUnicodeCase(Utf16(mapped.file.filename().native()), name);
+        if (isNamed && mapped.uses > 0) return mapped.file;
+    }
+    return {};
+}
+
 fs::path FindLibrary(std::u16string name) {
     const std::size_t lastPart = name.find_last_of(u"\\/:") + 1;
     if (name.find(u'.', lastPart) == std::u16string::npos) name += u".dll";
     if (MachineFolder().empty()) return {};
     if (lastPart != 0) return ExistingFile(name);
+    if (fs::path used = FileInUse(name); !used.empty()) return used;
     const fs::path windows = MachineFolder() / "Windows";
-    return FindFile({DriverFolder(), windows / "System32", windows}, name);
+    return FindFile({ProgramFolder(), windows / "System32", windows, CurrentFolder()}, name);
 }
 
 // Counts one more use of a shared object that has just been opened.

@@ -50,26 +50,17 @@ bool IsBlank(char16_t character) {
     return character == u' ' || character == u'\t';
 }
 
-// The file itself, behind all links; empty when it is not one of the machine's.
-fs::path IfInside(const fs::path& file) {
-    std::error_code error;
-    const fs::path real = fs::canonical(file, error);
-    if (error) return {};
-    const fs::path& machine = platform::MachineFolder();
-    const auto [end, rest] =
-        std::mismatch(machine.begin(), machine.end(), real.begin(), real.end());
-    return end == machine.end() ? real : fs::path{};
-}
-
 // The file that one spelling names: a path on the machine's own drive as it stands, a name without
-// a drive below the machine's folders for programs.
+// a drive below the folders for programs.
 fs::path FindSpelling(std::u16string_view name) {
     if (name.find(u':') != std::u16string_view::npos) {
         const bool isInside = name.starts_with(u"C:") || name.starts_with(u"c:");
         return isInside ? platform::ExistingFile(name) : fs::path{};
     }
     const fs::path windows = platform::MachineFolder() / "Windows";
-    return platform::FindFile({windows / "System32", windows, platform::DriverFolder()}, name);
+    return platform::FindFile(
+        {platform::ProgramFolder(), platform::CurrentFolder(), windows / "System32", windows},
+        name);
 }
 
 fs::path FindProgram(std::u16string_view name) {
@@ -146,7 +137,7 @@ bool IsExecutable(const fs::path& file) {
 // Programs from outside are never started, whatever leads to them. The file so found is what is
 // started, not the name.
 DWORD CheckInside(Command* command) {
-    const fs::path named = std::exchange(command->program, IfInside(command->program));
+    const fs::path named = std::exchange(command->program, platform::IfInside(command->program));
     if (named.empty() || command->program.empty()) return ERROR_FILE_NOT_FOUND;
     return IsExecutable(command->program) ? ERROR_SUCCESS : ERROR_BAD_EXE_FORMAT;
 }

@@ -20,6 +20,7 @@ constexpr DWORD kNetworkUnreachable = 10051;
 constexpr DWORD kTimedOut = 10060;
 constexpr DWORD kWouldBlock = 10035;
 constexpr DWORD kInvalidArgument = 10022;
+constexpr DWORD kIsConnected = 10056;
 
 struct ErrorPair {
     int posix;
@@ -27,19 +28,19 @@ struct ErrorPair {
 };
 
 constexpr auto kErrors =
-    std::to_array<ErrorPair>({{EAGAIN, kWouldBlock},  {EINPROGRESS, kWouldBlock},
-                              {EALREADY, 10037},      {EACCES, 10013},
-                              {EPERM, 10013},         {EFAULT, 10014},
-                              {EBADF, 10038},         {ENOTSOCK, 10038},
-                              {EMFILE, 10024},        {ENFILE, 10024},
-                              {EPROTOTYPE, 10041},    {EPROTONOSUPPORT, 10043},
-                              {EOPNOTSUPP, 10045},    {EAFNOSUPPORT, 10047},
-                              {EADDRINUSE, 10048},    {EADDRNOTAVAIL, 10049},
-                              {ENETDOWN, 10050},      {ENETUNREACH, kNetworkUnreachable},
-                              {ECONNABORTED, 10053},  {ECONNRESET, 10054},
-                              {EPIPE, 10054},         {ENOBUFS, 10055},
-                              {EISCONN, 10056},       {ENOTCONN, 10057},
-                              {ETIMEDOUT, kTimedOut}, {ECONNREFUSED, 10061},
+    std::to_array<ErrorPair>({{EAGAIN, kWouldBlock},   {EINPROGRESS, kWouldBlock},
+                              {EALREADY, 10037},       {EACCES, 10013},
+                              {EPERM, 10013},          {EFAULT, 10014},
+                              {EBADF, 10038},          {ENOTSOCK, 10038},
+                              {EMFILE, 10024},         {ENFILE, 10024},
+                              {EPROTOTYPE, 10041},     {EPROTONOSUPPORT, 10043},
+                              {EOPNOTSUPP, 10045},     {EAFNOSUPPORT, 10047},
+                              {EADDRINUSE, 10048},     {EADDRNOTAVAIL, 10049},
+                              {ENETDOWN, 10050},       {ENETUNREACH, kNetworkUnreachable},
+                              {ECONNABORTED, 10053},   {ECONNRESET, 10054},
+                              {EPIPE, 10054},          {ENOBUFS, 10055},
+                              {EISCONN, kIsConnected}, {ENOTCONN, 10057},
+                              {ETIMEDOUT, kTimedOut},  {ECONNREFUSED, 10061},
                               {EHOSTUNREACH, 10065}});
 
 DWORD PlatformError(int posix) {
@@ -69,6 +70,13 @@ DWORD FinishConnecting(int descriptor, int milliseconds) {
     return error == 0 ? 0 : PlatformError(error);
 }
 
+// Asked for itself: the first new connect after one that did not wait would succeed.
+bool IsConnected(int descriptor) {
+    sockaddr_in peer = {};
+    socklen_t size = sizeof peer;
+    return ::getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) == 0;
+}
+
 bool Waits(int descriptor) {
     return (::fcntl(descriptor, F_GETFL) & O_NONBLOCK) == 0;
 }
@@ -90,6 +98,7 @@ void CloseStream(int descriptor) {
 
 DWORD ConnectStream(int descriptor, ULONG address, USHORT port, int milliseconds) {
     if (!IsLoopback(address)) return kNetworkUnreachable;
+    if (IsConnected(descriptor)) return kIsConnected;
     const bool waits = Waits(descriptor);
     if (const DWORD error = SetWaiting(descriptor, false)) return error;
     sockaddr_in target = {};

@@ -7,6 +7,7 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -25,11 +26,13 @@ namespace {
 namespace net = platform::net;
 
 constexpr WORD kVersion = 0x0101;
+constexpr WORD kHighestVersion = 0x0202;  // of the platform's library, whichever is asked for
 constexpr int kConnectMilliseconds = 21000;
 
 struct OpenSocket {
     int descriptor;
     bool waits = true;
+    bool connected = false;  // or on the way to be
 };
 
 // The library of this process: its starts and its sockets. A socket's number is never given twice,
@@ -47,6 +50,13 @@ bool FindSocket(SOCKET socket, OpenSocket* found) {
     if (entry == sockets.end()) return Fail(WSAENOTSOCK, false);
     *found = entry->second;
     return true;
+}
+
+template <typename Change>
+void ChangeSocket(SOCKET socket, Change change) {
+    const std::lock_guard lock(mutex);
+    const auto entry = sockets.find(socket);
+    if (entry != sockets.end()) change(entry->second);
 }
 
 DWORD CheckKind(int family, int type, int protocol) {
@@ -112,7 +122,7 @@ int WINAPI WSAStartup(WORD version, WSADATA* details) {
     if (major < 1 || (major == 1 && version < kVersion)) return WSAVERNOTSUPPORTED;
     *details = {};
     details->wVersion = kVersion;
-    details->wHighVersion = kVersion;
+    details->wHighVersion = kHighestVersion;
     std::snprintf(details->szDescription, sizeof details->szDescription, "Loopback sockets");
     std::snprintf(details->szSystemStatus, sizeof details->szSystemStatus, "Running");
     const std::lock_guard lock(mutex);
@@ -154,6 +164,9 @@ int WINAPI connect(SOCKET socket, const sockaddr* address, int addressSize) {
     if (target.sin_family != AF_INET) return Fail(WSAEAFNOSUPPORT, SOCKET_ERROR);
     const DWORD error = net::ConnectStream(open.descriptor, target.sin_addr.s_addr, target.sin_port,
                                            open.waits ? kConnectMilliseconds : 0);
+    if (error == 0 || error == WSAEWOULDBLOCK) {
+        ChangeSocket(socket, [](OpenSocket& changed) { changed.connected = true; });
+    }
     return error == 0 ? 0 : Fail(error, SOCKET_ERROR);
 }
 
@@ -166,9 +179,7 @@ int WINAPI ioctlsocket(SOCKET socket, LONG command, ULONG* value) {
     if (const DWORD error = net::SetWaiting(open.descriptor, *value == 0)) {
         return Fail(error, SOCKET_ERROR);
     }
-    const std::lock_guard lock(mutex);
-    const auto entry = sockets.find(socket);
-    if (entry != sockets.end()) entry->second.waits = *value == 0;
+    ChangeSocket(socket, [value](OpenSocket& changed) { changed.waits = *value == 0; });
     return 0;
 }
 
@@ -178,6 +189,7 @@ int WINAPI send(SOCKET socket, const CHAR* bytes, int length, int flags) {
     if (!FindSocket(socket, &open)) return SOCKET_ERROR;
     if (bytes == nullptr || length < 0) return Fail(WSAEFAULT, SOCKET_ERROR);
     if (flags != 0) return Fail(WSAEOPNOTSUPP, SOCKET_ERROR);
+    if (!open.connected) return Fail(WSAENOTCONN, SOCKET_ERROR);
     std::size_t sent = 0;
     const DWORD error =
         net::SendBytes(open.descriptor, {bytes, static_cast<std::size_t>(length)}, &sent);
@@ -213,6 +225,7 @@ USHORT WINAPI htons(USHORT value) {
 
 ULONG WINAPI inet_addr(const CHAR* text) {
     if (text == nullptr) return INADDR_NONE;
+    if (std::string_view(text) == " ") return 0;
     return net::ParseAddress(text).value_or(INADDR_NONE);
 }
 

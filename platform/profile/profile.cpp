@@ -88,6 +88,32 @@ std::optional<TextView> FindValue(TextView file, TextView section, TextView key)
     return {};
 }
 
+// The names of the sections, each terminated.
+std::u16string SectionNames(TextView file) {
+    std::u16string names;
+    while (!file.empty()) {
+        if (const auto name = SectionName(TakeLine(file))) names.append(*name) += u'\0';
+    }
+    return names;
+}
+
+// The names of the keys of the first section of the name, each terminated.
+std::optional<std::u16string> KeyNames(TextView file, TextView section) {
+    std::optional<std::u16string> names;
+    while (!file.empty()) {
+        const TextView line = TakeLine(file);
+        if (const auto name = SectionName(line)) {
+            if (names) break;
+            if (platform::EqualIgnoringUnicodeCase(*name, section)) names.emplace();
+            continue;
+        }
+        const std::size_t equals = line.find(u'=');
+        if (!names || line.starts_with(u';') || equals == TextView::npos) continue;
+        names->append(Trimmed(line.substr(0, equals))) += u'\0';
+    }
+    return names;
+}
+
 TextView WithoutQuotes(TextView value) {
     const bool isQuoted = value.size() >= 2 && value.front() == value.back() &&
                           (value.front() == u'"' || value.front() == u'\'');
@@ -113,28 +139,41 @@ std::optional<std::string> ReadWhole(const std::filesystem::path& name) {
 
 using MaybeText = std::optional<std::u16string>;
 
-DWORD LookUp(TextView section, TextView key, TextView fileName, MaybeText* found) {
+// Without a key the names of keys, without a section those of sections.
+DWORD LookUp(LPCWSTR section, LPCWSTR key, TextView fileName, MaybeText* found) {
     const auto bytes = ReadWhole(platform::NativePath(fileName));
     if (!bytes) return ERROR_FILE_NOT_FOUND;
     const std::u16string text = Decode(*bytes);
-    const auto value = FindValue(text, Trimmed(section), Trimmed(key));
-    if (!value) return ERROR_FILE_NOT_FOUND;
-    *found = std::u16string(WithoutQuotes(*value));
-    return ERROR_SUCCESS;
+    if (section == nullptr) {
+        *found = SectionNames(text);
+    } else if (key == nullptr) {
+        *found = KeyNames(text, Trimmed(section));
+    } else if (const auto value = FindValue(text, Trimmed(section), Trimmed(key))) {
+        *found = std::u16string(WithoutQuotes(*value));
+    }
+    return *found ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
 }
 
-// The value with its quotes removed; nothing, with the last error, when it is missing.
-MaybeText ReadValue(const char* point, LPCWSTR section, LPCWSTR key, LPCWSTR fileName) {
+// The value with its quotes removed, or names; nothing, with the last error, when it is missing.
+MaybeText Read(const char* point, LPCWSTR section, LPCWSTR key, LPCWSTR fileName) {
     if (const auto error = platform::InjectedFailure(point)) {
         return Fail<MaybeText>(*error);
     }
-    if (section == nullptr || key == nullptr || fileName == nullptr) {
-        return Fail<MaybeText>(ERROR_INVALID_PARAMETER);
-    }
+    if (fileName == nullptr) return Fail<MaybeText>(ERROR_INVALID_PARAMETER);
     MaybeText value;
     const DWORD error = platform::Contained([&] { return LookUp(section, key, fileName, &value); });
     if (error != ERROR_SUCCESS) return Fail<MaybeText>(error);
     return value;
+}
+
+// Names that do not fit are cut, with a terminator more.
+DWORD CopyNames(TextView names, LPWSTR buffer, DWORD size) {
+    const bool fits = names.size() < size;
+    if (!fits) names = names.substr(0, std::max<DWORD>(size, 2) - 2);
+    LPWSTR end = std::copy(names.begin(), names.end(), buffer);
+    *end = 0;
+    if (!fits && size > 1) end[1] = 0;
+    return static_cast<DWORD>(names.size());
 }
 
 // Decimal, or hexadecimal after "0x", in 32 bits that wrap; what follows the number is ignored.
@@ -162,7 +201,8 @@ std::uint32_t ParseNumber(TextView text) {
 DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR defaultText,
                                       LPWSTR value, DWORD size, LPCWSTR fileName) {
     if (value == nullptr || size == 0) return 0;
-    const auto found = ReadValue("GetPrivateProfileStringW", section, key, fileName);
+    const auto found = Read("GetPrivateProfileStringW", section, key, fileName);
+    if (found && (section == nullptr || key == nullptr)) return CopyNames(*found, value, size);
     TextView text = defaultText == nullptr ? TextView{} : TextView(defaultText);
     while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
     if (found) text = *found;
@@ -173,6 +213,7 @@ DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR defa
 
 UINT WINAPI GetPrivateProfileIntW(LPCWSTR section, LPCWSTR key, INT defaultNumber,
                                   LPCWSTR fileName) {
-    const auto found = ReadValue("GetPrivateProfileIntW", section, key, fileName);
+    if (section == nullptr || key == nullptr) return static_cast<UINT>(defaultNumber);
+    const auto found = Read("GetPrivateProfileIntW", section, key, fileName);
     return !found || found->empty() ? static_cast<UINT>(defaultNumber) : ParseNumber(*found);
 }

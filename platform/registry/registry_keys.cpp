@@ -127,7 +127,7 @@ LSTATUS WINAPI RegOpenKeyW(HKEY key, LPCWSTR path, PHKEY result) {
 }
 
 LSTATUS WINAPI RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR, DWORD options,
-                               REGSAM access, const SECURITY_ATTRIBUTES*, PHKEY result,
+                               REGSAM access, SECURITY_ATTRIBUTES*, PHKEY result,
                                DWORD* disposition) {
     KeyPointer parent;
     LSTATUS error = Begin("RegCreateKeyExW", key, 0, &parent);

@@ -57,7 +57,8 @@ DWORD ReadValue(HANDLE handle, LPCWSTR name, const ValueBuffer& value) {
         return ERROR_INVALID_PARAMETER;
     }
     OpenPrinter printer;
-    if (const DWORD error = spooler::PrinterOfHandle(handle, 0, &printer)) return error;
+    if (const DWORD error = spooler::FindHandle(handle, 0, &printer)) return error;
+    if (printer.name.empty()) return ERROR_FILE_NOT_FOUND;  // the print server has no values here
     if (const auto request = spooler::ParsePjlName(name)) {
         return ReadAnswer(printer, *request, value);
     }

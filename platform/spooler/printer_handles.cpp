@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/base/handles.h"
+#include "platform/spooler/printer_record.h"
 
 namespace platform::spooler {
 namespace {
@@ -30,7 +31,9 @@ DWORD FindHandle(HANDLE handle, DWORD access, OpenPrinter* opened) {
     if (!found) return ERROR_INVALID_HANDLE;
     if (!found->name.empty() && (found->access & access) != access) return ERROR_ACCESS_DENIED;
     *opened = *found;
-    return ERROR_SUCCESS;
+    if (found->name.empty()) return ERROR_SUCCESS;
+    const DWORD error = RequirePrinter(found->name);
+    return error == ERROR_INVALID_PRINTER_NAME ? ERROR_INVALID_HANDLE : error;  // removed meanwhile
 }
 
 DWORD PrinterOfHandle(HANDLE handle, DWORD access, OpenPrinter* printer) {

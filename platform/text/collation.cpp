@@ -1,8 +1,6 @@
-// The order of texts as the platform sees it in the United States: the Unicode collation's own
-// order, except that hyphen and apostrophe are passed over unless nothing else tells two texts
-// apart. Texts that only characters without any weight tell apart are ordered by their codes, so
-// that only equal texts compare equal.
-
+// The order of texts as the platform sees it in the United States, by its published weights:
+// punctuation, symbols, digits, letters. What hyphen, apostrophe and their like add is passed over
+// unless nothing else tells two texts apart.
 #include <unicode/ucol.h>
 #include <winbase.h>
 
@@ -11,37 +9,37 @@
 #include <utility>
 #include <vector>
 
+#include "platform/text/collation_rules.h"
 #include "platform/text/letter_case.h"
 
 namespace {
 
 const UCollator* Collator() {
     static const UCollator* const collator = [] {
+        const std::u16string rules = platform::CollationRules();
         UErrorCode status = U_ZERO_ERROR;
-        UCollator* opened = ucol_open("en_US", &status);
+        UCollator* opened = ucol_openRules(rules.data(), static_cast<int>(rules.size()), UCOL_ON,
+                                           UCOL_TERTIARY, nullptr, &status);
         return U_SUCCESS(status) ? opened : nullptr;
     }();
     return collator;
 }
 
-// What counts as a last resort, in order.
-constexpr std::u16string_view kLastResort = u"'-";
-
-// A text without its hyphens and apostrophes, and where they stood: the number of other characters
-// before each, and which it is.
+// A text without what counts only as a last resort, and where that stood: the number of other
+// characters before each, and its rank. Of two such places the later one sorts first.
 struct Parted {
     std::u16string weighty;
-    std::vector<std::pair<std::size_t, std::size_t>> lastResort;
+    std::vector<std::pair<int, int>> lastResort;
 };
 
 Parted Part(std::u16string_view text) {
     Parted parted;
     for (const char16_t character : text) {
-        const std::size_t rank = kLastResort.find(character);
-        if (rank == std::u16string_view::npos) {
+        const int rank = platform::LastResortRank(character);
+        if (rank < 0) {
             parted.weighty += character;
         } else {
-            parted.lastResort.emplace_back(parted.weighty.size(), rank);
+            parted.lastResort.emplace_back(-static_cast<int>(parted.weighty.size()), rank);
         }
     }
     return parted;
@@ -58,11 +56,8 @@ int Compare(std::u16string_view left, std::u16string_view right) {
     const Parted first = Part(left);
     const Parted second = Part(right);
     const int order = Collate(first.weighty, second.weighty);
-    if (order != 0) return order;
-    if (first.lastResort != second.lastResort) {
-        return first.lastResort < second.lastResort ? -1 : 1;
-    }
-    return left.compare(right);
+    if (order != 0 || first.lastResort == second.lastResort) return order;
+    return first.lastResort < second.lastResort ? -1 : 1;
 }
 
 // Of null and a text the text is greater, the empty one too.
@@ -75,11 +70,14 @@ bool OneIsNull(LPCWSTR left, LPCWSTR right, int* order) {
 
 int WINAPI lstrcmpW(LPCWSTR left, LPCWSTR right) {
     int order;
-    return OneIsNull(left, right, &order) ? order : Compare(left, right);
+    if (OneIsNull(left, right, &order)) return order;
+    return Compare(platform::Apart(left), platform::Apart(right));
 }
 
 int WINAPI lstrcmpiW(LPCWSTR left, LPCWSTR right) {
     int order;
     if (OneIsNull(left, right, &order)) return order;
-    return Compare(platform::Lowercase(left), platform::Lowercase(right));
+    // Accents are apart from their letters: a capital I with a dot is no small i.
+    return Compare(platform::Lowercase(platform::Apart(left)),
+                   platform::Lowercase(platform::Apart(right)));
 }

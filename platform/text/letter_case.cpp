@@ -1,31 +1,37 @@
 #include "platform/text/letter_case.h"
 
 #include <unicode/uchar.h>
-#include <unicode/utf16.h>
+
+#include <algorithm>
 
 namespace platform {
 namespace {
 
-// A character and its other case lie in the same plane, so each takes the other's place.
-std::u16string WithEach(UChar32 (*otherCase)(UChar32), std::u16string_view text) {
+std::u16string WithEach(char16_t (*otherCase)(char16_t), std::u16string_view text) {
     std::u16string changed(text);
-    for (std::size_t at = 0; at < text.size();) {
-        std::size_t written = at;
-        UChar32 character;
-        U16_NEXT(text.data(), at, text.size(), character);
-        U16_APPEND_UNSAFE(changed.data(), written, otherCase(character));
-    }
+    std::ranges::transform(changed, changed.begin(), otherCase);
     return changed;
+}
+
+// The platform's table of names knows pairs alone: a letter whose capital has another small one
+// (the dotless i, the long s) stays, and so does what takes two characters.
+char16_t CapitalOf(char16_t character) {
+    const UChar32 capital = u_toupper(character);
+    return u_tolower(capital) == character ? static_cast<char16_t>(capital) : character;
+}
+
+char16_t SmallOf(char16_t character) {
+    return static_cast<char16_t>(u_tolower(character));
 }
 
 }  // namespace
 
 std::u16string Uppercase(std::u16string_view text) {
-    return WithEach(u_toupper, text);
+    return WithEach(CapitalOf, text);
 }
 
 std::u16string Lowercase(std::u16string_view text) {
-    return WithEach(u_tolower, text);
+    return WithEach(SmallOf, text);
 }
 
 bool EqualIgnoringUnicodeCase(std::u16string_view left, std::u16string_view right) {

@@ -1,4 +1,4 @@
-/// Capital and small letters without regard to language, character by character: lengths stay.
+/// Capital and small letters without regard to language, WCHAR by WCHAR: lengths stay.
 #pragma once
 
 #include <string>
@@ -6,6 +6,7 @@
 
 namespace platform {
 
+/// As names are kept: with the capitals of the platform's own table.
 [[nodiscard]] std::u16string Uppercase(std::u16string_view text);
 [[nodiscard]] std::u16string Lowercase(std::u16string_view text);
 

@@ -30,6 +30,7 @@ TEST_F(HeapTest, BlocksGrowShrinkAndGoWithTheirHeap) {
 }
 
 TEST_F(HeapTest, ForeignAndStaleBlocksAndHeapsAreRefused) {
+    EXPECT_EQ(HeapCreate(0, 0, 4096), nullptr) << "with a maximum";
     const HANDLE heap = HeapCreate(0, 0, 0);
     void* block = HeapAlloc(GetProcessHeap(), 0, 0);
     ASSERT_NE(block, nullptr);

@@ -27,7 +27,10 @@ protected:
 TEST_F(ModuleTest, FoundInItsPlacesAttachedOnceAndDetachedAtTheLastUse) {
     Install(platform::DriverFolder(), "SAMPLE_A.DLL");
     Install(Folder() / "Windows", "SAMPLE_B.DLL");
-    const HMODULE first = LoadLibraryW(u"sample_a.dll");
+    EXPECT_EQ(LoadLibraryW(u"SAMPLE_A"), nullptr) << "the driver's folder is not searched";
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_MOD_NOT_FOUND});
+    const HMODULE first =
+        LoadLibraryW(u"C:\\Windows\\System32\\spool\\drivers\\x64\\3\\SAMPLE_A.DLL");
     const HMODULE other = LoadLibraryW(u"Sample_B");
     ASSERT_NE(first, nullptr);
     ASSERT_NE(other, nullptr);
@@ -35,7 +38,7 @@ TEST_F(ModuleTest, FoundInItsPlacesAttachedOnceAndDetachedAtTheLastUse) {
     EXPECT_EQ(Call<HINSTANCE>(first, "AttachedAs"), first);
     EXPECT_EQ(Call<HINSTANCE>(other, "AttachedAs"), other);
     EXPECT_EQ(std::u16string(Call<LPCWSTR>(other, "OwnFile")), u"C:\\Windows\\SAMPLE_B.DLL");
-    EXPECT_EQ(LoadLibraryW(u"C:\\Windows\\System32\\spool\\drivers\\x64\\3\\SAMPLE_A.DLL"), first);
+    EXPECT_EQ(LoadLibraryW(u"sample_a"), first) << "in use already";
     SetLastError(0);
     EXPECT_TRUE(FreeLibrary(first));
     EXPECT_EQ(GetLastError(), 0u);
@@ -90,7 +93,7 @@ TEST_F(ModuleTest, FileNameIsCutTerminatedAndReported) {
 }
 
 TEST_F(ModuleTest, TextsOfTheStringTable) {
-    Install(platform::DriverFolder(), "SAMPLE.DLL");
+    Install(Folder() / "Windows", "SAMPLE.DLL");
     const HMODULE module = LoadLibraryW(u"SAMPLE.DLL");
     const struct {
         UINT id;

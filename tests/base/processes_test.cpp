@@ -53,13 +53,18 @@ TEST_F(ProcessTest, FoundAsThePlatformFindsPrograms) {
     InstallScript("Windows/System32/UNINST.EXE");
     InstallScript("Windows/System32/spool/drivers/x64/3/DRIVER.EXE");
     InstallScript("Program Files/Sub Dir/Tool.exe");
+    InstallScript("Temp/HERE.EXE");
+    InstallScript("Temp/UNINST.EXE");  // before System32's
+    const fs::path before = fs::current_path();
+    fs::current_path(Folder() / "Temp");
     const struct {
         const char16_t* line;
         const char* told;
     } rows[] = {
         {u"UNINST.EXE", "UNINST.EXE|"},
         {u"  uninst /a \"b c\" d\\\\\"e f\" g\\\"h\\", "UNINST.EXE|/a|b c|d\\e f|g\"h\\|"},
-        {u"\"driver.exe\" x", "DRIVER.EXE|x|"},
+        {u"\"here.exe\" x", "HERE.EXE|x|"},  // in the current folder
+        {u"driver.exe", "error 2"},
         {u"C:\\Windows\\System32\\uninst.exe /s", "UNINST.EXE|/s|"},
         {u"\"C:\\Program Files\\Sub Dir\\tool\" 1", "Tool.exe|1|"},
         {u"C:\\Program Files\\Sub Dir\\tool 1 2", "Tool.exe|1|2|"},
@@ -71,6 +76,7 @@ TEST_F(ProcessTest, FoundAsThePlatformFindsPrograms) {
         {u"", "error 2"},
     };
     for (const auto& row : rows) EXPECT_EQ(Start(row.line), row.told) << platform::Utf8(row.line);
+    fs::current_path(before);
     InstallScript("Program Files/Sub.exe");
     EXPECT_EQ(Start(u"C:\\Program Files\\Sub Dir\\Tool.exe"), "Sub.exe|Dir\\Tool.exe|");
 }

@@ -61,7 +61,29 @@ TEST_F(ProfileTest, ValuesAsTheyAreRead) {
     EXPECT_EQ(GetLastError(), DWORD{ERROR_FILE_NOT_FOUND});
     WCHAR value[32];
     EXPECT_EQ(GetPrivateProfileStringW(u"Last", u"end", nullptr, value, 32, u"test.ini"), 15u);
-    EXPECT_EQ(GetPrivateProfileStringW(u"Last", nullptr, u"d", value, 32, u"test.ini"), 1u);
+    EXPECT_EQ(GetPrivateProfileStringW(u"None", nullptr, u"d", value, 32, u"test.ini"), 1u);
+}
+
+TEST_F(ProfileTest, NamesOfSectionsAndKeysInTheRoomThereIs) {
+    using namespace std::string_literals;
+    WriteFile("Windows/names.ini", "[ A ]\nx=1\nnoequals\n;c=1\nY = 2\nx=3\n[b]\nz=1\n[a]\nq=1\n");
+    const struct {
+        const WCHAR* section;
+        DWORD size;
+        DWORD length;
+        std::u16string names;
+    } rows[] = {{nullptr, 7, 6, u"A\0b\0a\0\0"s},
+                {u"a", 7, 6, u"x\0Y\0x\0\0"s},
+                {u"a", 6, 4, u"x\0Y\0\0\0"s},
+                {u"a", 5, 3, u"x\0Y\0\0"s},
+                {u"a", 1, 0, u"\0!!!!"s}};
+    for (const auto& row : rows) {
+        std::u16string read(row.names.size(), u'!');
+        EXPECT_EQ(GetPrivateProfileStringW(row.section, nullptr, u"", read.data(), row.size,
+                                           u"names.ini"),
+                  row.length);
+        EXPECT_EQ(read, row.names) << row.size;
+    }
 }
 
 TEST_F(ProfileTest, NumbersAsTheyAreRead) {
@@ -84,7 +106,9 @@ TEST_F(ProfileTest, NeverMoreThanTheBuffer) {
 }
 
 TEST_F(ProfileTest, EncodingsByTheirMarks) {
-    WriteFile("Windows/utf8.ini", "\xEF\xBB\xBF[WatermarkInfo]\nk=\xE2\x82\xAC\xF0\x9F\x98\x80\n");
+    WriteFile("Windows/utf8.ini",
+              "\xEF\xBB\xBF[WatermarkInfo]\nk=\xE2\x82\xAC\xF0\x9F\x98\x80\n\xC4\xB1=i\n");
+    EXPECT_EQ(Read(u"I", u"utf8.ini"), u"default") << "no capital of the dotless letter";
     EXPECT_EQ(Read(u"k", u"utf8.ini"), u"\u20AC\U0001F600");
     const std::u16string text = u"\uFEFF[WatermarkInfo]\r\n\u00C4 = \u4E2D\r\n";
     std::string little(reinterpret_cast<const char*>(text.data()), text.size() * 2);

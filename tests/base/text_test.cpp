@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <bit>
 #include <climits>
 #include <iterator>
 #include <limits>
@@ -14,9 +15,11 @@ int Sign(int order) {
     return (order > 0) - (order < 0);
 }
 
-TEST(Collation, PunctuationThenDigitsThenLettersHyphenOnlyAsALastResort) {
-    const WCHAR* const inOrder[] = {u"",     u"<NONE>", u"10",     u"9", u"A",      u"aB", u"B",
-                                    u"coop", u"co-op",  u"COOPER", u"e", u"\u00E9", u"f"};
+TEST(Collation, PunctuationSymbolsDigitsLettersAndHyphensOnlyAsALastResort) {
+    const WCHAR* const inOrder[] = {
+        u"",     u"\x1",    u"'",     u"-",      u"!",        u"(x)",       u",", u"/",      u"_",
+        u"{",    u"\u00A3", u"+",     u"<NONE>", u"10",       u"9",         u"A", u"aB",     u"B",
+        u"coop", u"co-op",  u"c-oop", u"COOPER", u"Draft #2", u"Draft (2)", u"e", u"\u00E9", u"f"};
     for (std::size_t i = 0; i < std::size(inOrder); ++i) {
         for (std::size_t j = 0; j < std::size(inOrder); ++j) {
             const int expected = (i > j) - (i < j);
@@ -26,14 +29,21 @@ TEST(Collation, PunctuationThenDigitsThenLettersHyphenOnlyAsALastResort) {
     }
 }
 
-TEST(Collation, CaseDecidesLastAndOnlyInOneOfTheTwo) {
-    EXPECT_LT(lstrcmpW(TEXT("a"), TEXT("A")), 0);
-    EXPECT_LT(lstrcmpW(TEXT("a"), TEXT("B")), 0);
-    EXPECT_EQ(lstrcmpiW(TEXT("\u00C4rger"), TEXT("\u00E4RGER")), 0);
-    EXPECT_LT(lstrcmpiW(TEXT("-"), TEXT("a")), 0);
-    EXPECT_NE(lstrcmpiW(TEXT("-"), TEXT("")), 0);
-    EXPECT_NE(lstrcmpW(TEXT("don't"), TEXT("dont")), 0);
-    EXPECT_LT(lstrcmpW(nullptr, TEXT("")), 0);
+TEST(Collation, CaseDecidesLateAndSpellingNever) {
+    const struct {
+        const WCHAR *left, *right;
+        int order, orderWithoutCase;
+    } rows[] = {{u"a", u"A", -1, 0},
+                {u"co-op", u"Coop", -1, 1},
+                {u"\u00C4rger", u"A\u0308RGER", -1, 0},
+                {u"caf\u00E9-1", u"cafe\u0301-1", 0, 0},
+                {u"Stra\u00DFe-1", u"Strasse-1", 0, 0},
+                {u"\u0130", u"i", 1, 1},
+                {nullptr, u"", -1, -1}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(Sign(lstrcmpW(row.left, row.right)), row.order) << &row - rows;
+        EXPECT_EQ(Sign(lstrcmpiW(row.left, row.right)), row.orderWithoutCase) << &row - rows;
+    }
 }
 
 template <typename... Arguments>
@@ -50,7 +60,12 @@ String Formatted(const WCHAR* format, Arguments... arguments) {
 TEST(Formatting, AsTheFormatSays) {
     EXPECT_EQ(Formatted(TEXT("%s - #%ld %d%%"), TEXT("Watermark"), LONG{12}, -5),
               TEXT("Watermark - #12 -5%"));
-    EXPECT_EQ(Formatted(TEXT("%ld"), std::numeric_limits<LONG>::min()), TEXT("-2147483648"));
+    EXPECT_EQ(Formatted(TEXT("%ld %u %I64d %x %X"), std::numeric_limits<LONG>::min(), 4000000000u,
+                        -5000000000, 0xABu, 0xABu),
+              TEXT("-2147483648 4000000000 -5000000000 ab AB"));
+    EXPECT_EQ(Formatted(TEXT("%p %S %hs %C %c %q"), std::bit_cast<void*>(0xABCDul), "\x80", "b",
+                        'c', 0x20AC),
+              TEXT("000000000000ABCD \u20AC b c \u20AC q"));
 }
 
 TEST(Formatting, StopsAtTheEndOfThePromisedBuffer) {

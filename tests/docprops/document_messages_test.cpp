@@ -8,6 +8,7 @@
 #include "docprops/paper_length_limits.h"
 #include "docprops/watermark_button.h"
 #include "platform/base/machine.h"
+#include "platform/base/paths.h"
 #include "platform/faults/failure_points.h"
 #include "resources/resource_ids.h"
 #include "tests/support/document_page.h"
@@ -33,8 +34,11 @@ protected:
             .With(DMPUB_NUP, 0);
     }
 
-    static void InstallDriverStrings() {
-        std::filesystem::copy_file(DRIVER_STRINGS, platform::DriverFolder() / "UNIRES.DLL");
+    /// The driver has its strings loaded before it loads a plug-in.
+    void LoadDriverStrings() {
+        const auto file = platform::DriverFolder() / "UNIRES.DLL";
+        std::filesystem::copy_file(DRIVER_STRINGS, file);
+        driverStrings_ = UniqueLibrary(LoadLibraryW(platform::PlatformPath(file).c_str()));
     }
     /// Makes a paper of this length, in thousandths of a millimetre, and selects it.
     void SelectPaper(LONG length) {
@@ -63,6 +67,7 @@ protected:
         }
         return texts;
     }
+    UniqueLibrary driverStrings_;
 
     tests::TestPrinter printer_{TEXT("Conflict Test")};
     DocumentPage page_{printer_.Name()};
@@ -105,7 +110,7 @@ TEST_F(DocumentMessages, PaperLengthIsLimitedByMediaAndDuplex) {
     EXPECT_EQ(Apply(kPlain, 0), Texts{});
     SelectPaper(300000);
     EXPECT_EQ(Apply(kPlain, 0), Texts{kTooLong});
-    InstallDriverStrings();
+    LoadDriverStrings();
     for (const Row& row : rows) {
         SCOPED_TRACE(row.length);
         SelectPaper(row.length);
@@ -136,7 +141,7 @@ TEST_F(DocumentMessages, APaperListThatGrowsBetweenTwoCallsStaysInItsRoom) {
 }
 
 TEST_F(DocumentMessages, OtherModelsAndExemptPapersAreNotChecked) {
-    InstallDriverStrings();
+    LoadDriverStrings();
     for (LPCWSTR paper : {TEXT("a5"), TEXT("No such paper")}) {
         CopyText(page_.publicDevmode.dmFormName, paper);
         EXPECT_EQ(Apply(0, 1), Texts{});

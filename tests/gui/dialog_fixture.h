@@ -29,10 +29,16 @@ inline Commands seen;
 inline int paints;
 inline std::vector<int> helpAskedOn;
 inline Work onOpening;
+inline INT_PTR openingAnswer;
+inline HWND defaultFocus;  // as the dialog is told when it opens
 inline std::function<void(int control, int code)> onCommand;
 
 inline INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM first, LPARAM second) {
-    if (message == WM_INITDIALOG && onOpening) onOpening(dialog);
+    if (message == WM_INITDIALOG) {
+        defaultFocus = reinterpret_cast<HWND>(first);
+        if (onOpening) onOpening(dialog);
+        return openingAnswer;
+    }
     if (message == WM_PAINT) ++paints;
     if (message == WM_HELP) {
         const auto* request = reinterpret_cast<const HELPINFO*>(second);
@@ -73,6 +79,7 @@ protected:
         helpAskedOn.clear();
         paints = 0;
         onOpening = FillLists;
+        openingAnswer = 0;
         onCommand = nullptr;
     }
 

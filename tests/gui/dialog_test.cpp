@@ -1,3 +1,9 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QWidget>
+#include <climits>
+
 #include "platform/text/text_encoding.h"
 #include "tests/gui/dialog_fixture.h"
 
@@ -11,6 +17,25 @@ TEST_F(DialogTest, OpensOnTheFirstTabStopPaintsAndIsCancelledWhenTheUserLeaves) 
     });
     EXPECT_EQ(Take(), Told(IDCANCEL, 0, LIST, CBN_SELENDCANCEL, LIST, CBN_KILLFOCUS))
         << "ending a dialog takes the focus from its control";
+}
+
+TEST_F(DialogTest, TheFirstTabStopHasTheFocusUnlessTheProgramSaysItChoseAnother) {
+    onOpening = [](HWND dialog) { SetFocus(GetDlgItem(dialog, DIGITS)); };
+    for (const auto& [answer, focused] : {std::pair{0, DIGITS}, {1, LIST}}) {
+        openingAnswer = answer;
+        Open([focused = focused](HWND dialog) {
+            EXPECT_EQ(defaultFocus, GetDlgItem(dialog, LIST));
+            EXPECT_EQ(GetFocus(), GetDlgItem(dialog, focused));
+        });
+    }
+    onOpening = [](HWND dialog) {
+        EnableWindow(GetDlgItem(dialog, LIST), FALSE);
+        SetDlgItemTextW(dialog, EDIT, u"old");
+    };
+    Open([](HWND dialog) {
+        hands::PressKey(dialog, 'X');
+        EXPECT_EQ(TextOf(dialog, EDIT), u"x") << "its text was selected";
+    });
 }
 
 TEST_F(DialogTest, ProgramNotifiesOfEditsAloneAlsoWhenNothingChanges) {
@@ -51,6 +76,13 @@ TEST_F(DialogTest, TypingObeysLimitAndDigitsTheProgramDoesNot) {
         EXPECT_EQ(Take(), Told(DIGITS, EN_UPDATE, DIGITS, EN_CHANGE));
         SetDlgItemTextW(dialog, DIGITS, u"words");
         EXPECT_EQ(TextOf(dialog, DIGITS), u"words");
+        QApplication::clipboard()->setText(QStringLiteral("-12"));
+        hands::Click(dialog, DIGITS);
+        for (const auto key : {Qt::Key_A, Qt::Key_V}) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
+            QApplication::sendEvent(QApplication::focusWidget(), &press);
+        }
+        EXPECT_EQ(TextOf(dialog, DIGITS), u"-12") << "only typing is held to digits";
         Ask(dialog, EDIT, EM_LIMITTEXT, 0);
         hands::TypeText(dialog, EDIT, u"no limit any more");
         EXPECT_EQ(TextOf(dialog, EDIT), u"no limit any more");
@@ -65,10 +97,12 @@ TEST_F(DialogTest, ReadsNumbersAtTheFrontOfATextWithinTheirRange) {
     };
     const Row rows[] = {{u"-", 0, true, false},
                         {u"-5", -5, true, true},
-                        {u"-5", static_cast<INT>(4294967291u), false, true},
+                        {u"-2147483648", INT_MIN, true, true},
+                        {u"-5", 0, false, false},
                         {u"12abc", 12, true, true},
                         {u" 7", 7, true, true},
-                        {u"+3", 3, false, true},
+                        {u"+3", 0, true, false},
+                        {u"4294967295", -1, false, true},
                         {u"2147483648", 0, true, false},
                         {u"99999999999999999999", 0, false, false}};
     Open([&](HWND dialog) {
@@ -192,6 +226,12 @@ TEST_F(DialogTest, UpDownStepsItsBuddyWithinTheRange) {
         SetDlgItemTextW(dialog, DIGITS, u"5000");
         hands::StepUpDown(dialog, SPIN, -1);
         EXPECT_EQ(TextOf(dialog, DIGITS), u"199") << "on from its own last position";
+        Ask(dialog, SPIN, UDM_SETRANGE, 0, MAKELPARAM(2000, 8));
+        for (const auto& [text, next] : {std::pair{u"1,5", u"16"}, {u"999", u"1,000"}}) {
+            SetDlgItemTextW(dialog, DIGITS, text);
+            hands::StepUpDown(dialog, SPIN, 1);
+            EXPECT_EQ(TextOf(dialog, DIGITS), next) << "thousands are set apart";
+        }
     });
 }
 

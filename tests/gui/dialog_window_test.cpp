@@ -110,7 +110,7 @@ TEST_F(DialogTest, RefusesWhatIsNoWindowOrNoTemplate) {
     }
     EXPECT_EQ(DialogBoxParamW(nullptr, MAKEINTRESOURCEW(9), nullptr, Procedure, 0), -1);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_RESOURCE_NAME_NOT_FOUND));
-    EXPECT_EQ(DialogBoxParamW(nullptr, MAKEINTRESOURCEW(IDD_CONTROLS), stale, Procedure, 0), -1);
+    EXPECT_EQ(DialogBoxParamW(nullptr, MAKEINTRESOURCEW(IDD_CONTROLS), stale, Procedure, 0), 0);
     Open([](HWND dialog) {
         EXPECT_EQ(GetDlgItem(dialog, 999), nullptr);
         const platform::FailurePlan plan("GetDlgItem", 1, 8);

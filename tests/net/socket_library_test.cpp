@@ -27,7 +27,7 @@ protected:
     void SetUp() override {
         WSADATA details = {};
         ASSERT_EQ(WSAStartup(0x0101, &details), 0);
-        EXPECT_EQ(details.wVersion, 0x0101);
+        EXPECT_EQ(details.wHighVersion, 0x0202);
     }
     void TearDown() override { EXPECT_EQ(WSACleanup(), 0); }
 
@@ -61,6 +61,7 @@ TEST_F(Sockets, CarryBytesBothWaysWithAndWithoutWaiting) {
     EXPECT_EQ(ioctlsocket(stream, FIONBIO, &on), 0);
     CHAR byte = 0;
     EXPECT_EQ(ErrorOf(recv(stream, &byte, 1, 0)), WSAEWOULDBLOCK);
+    EXPECT_EQ(ErrorOf(Connect(stream, printer.Address())), WSAEISCONN);
     EXPECT_EQ(send(stream, "question", 9, 0), 9);
     on = 0;
     EXPECT_EQ(ioctlsocket(stream, FIONBIO, &on), 0);
@@ -83,6 +84,7 @@ TEST_F(Sockets, ReportResetAndBrokenPipeAsErrorsAndNoSignal) {
 TEST_F(Sockets, RefuseConnectionsWithoutListenerAndLeavingTheMachine) {
     const SOCKET stream = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
     EXPECT_EQ(ErrorOf(Connect(stream, LoopbackPrinter({}).Address())), WSAECONNREFUSED);
+    EXPECT_EQ(ErrorOf(send(stream, "x", 1, 0)), WSAENOTCONN);
     const auto start = std::chrono::steady_clock::now();
     for (const char* outside : {"10.0.0.5", "128.0.0.1", "126.255.255.255", "3printer"}) {
         EXPECT_EQ(ErrorOf(Connect(stream, outside)), WSAENETUNREACH) << outside;
@@ -163,12 +165,16 @@ TEST(InternetAddress, IsReadAsThePlatformReadsIt) {
         const char* text;
         ULONG address;  // first number in the lowest byte
     } rows[] = {
-        {"10.0.0.5", 0x0500000A},   {"1.2.3", 0x03000201},      {"0x7f.1", 0x0100007F},
-        {"0177.0.0.1", 0x0100007F}, {"1.2.3.4 x", 0x04030201},  {"16909060", 0x04030201},
-        {"1.2.65535", 0xFFFF0201},  {"3printer", INADDR_NONE},  {"", INADDR_NONE},
-        {"256.1.1.1", INADDR_NONE}, {"1.2.3.4.5", INADDR_NONE}, {"1..2", INADDR_NONE},
-        {"1.2.3.", INADDR_NONE},    {"1.2.65536", INADDR_NONE}, {"4294967296", INADDR_NONE},
-        {"09.1.1.1", INADDR_NONE},  {"-1.1.1.1", INADDR_NONE},  {"1.2.3.256", INADDR_NONE},
+        {"10.0.0.5", 0x0500000A},   {"1.2.3", 0x03000201},
+        {"0x7f.1", 0x0100007F},     {"0177.0.0.1", 0x0100007F},
+        {"1.2.3.4 x", 0x04030201},  {"16909060", 0x04030201},
+        {"1.2.65535", 0xFFFF0201},  {"3printer", INADDR_NONE},
+        {"", INADDR_NONE},          {" ", 0},
+        {"256.1.1.1", INADDR_NONE}, {"1.2.3.4.5", INADDR_NONE},
+        {"1..2", INADDR_NONE},      {"1.2.3.", INADDR_NONE},
+        {"1.2.65536", INADDR_NONE}, {"4294967296", INADDR_NONE},
+        {"09.1.1.1", INADDR_NONE},  {"-1.1.1.1", INADDR_NONE},
+        {"1.2.3.256", INADDR_NONE},
     };
     for (const auto& [text, address] : rows) EXPECT_EQ(inet_addr(text), address) << text;
     EXPECT_EQ(inet_addr(nullptr), INADDR_NONE);

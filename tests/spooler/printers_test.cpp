@@ -111,7 +111,9 @@ TEST_F(Printers, AreGoneWithTheirDataAndKeepNoHandleAlive) {
     DWORD needed = 0;
     for (const HANDLE wrong : {other, HANDLE{HKEY_LOCAL_MACHINE}})
         EXPECT_EQ(ErrorOf(GetPrinterW(wrong, 2, nullptr, 0, &needed)), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(ErrorOf(EnumFormsW(other, 1, nullptr, 0, &needed, &needed)), ERROR_INVALID_HANDLE);
     EXPECT_EQ(SetValue(other, u"Kept", "back"), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(Value(other, u"Kept"), Failed(ERROR_INVALID_HANDLE));
     EXPECT_EQ(Open(u"Office"), nullptr);
     for (const HANDLE handle : {printer, other}) EXPECT_TRUE(ClosePrinter(handle));
     EXPECT_EQ(ErrorOf(ClosePrinter(printer)), ERROR_INVALID_HANDLE);
@@ -256,6 +258,7 @@ TEST_F(Printers, ListFormsAndPapersInOneOrder) {
         return EnumFormsW(server, 1, bytes, size, needed, &count);
     });
     EXPECT_EQ(ErrorOf(DeletePrinter(server)), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(Value(server, u"List"), Failed(ERROR_FILE_NOT_FOUND));
     EXPECT_TRUE(ClosePrinter(server));
     const auto* forms = reinterpret_cast<const FORM_INFO_1W*>(buffer.data());
     const auto list = [](WORD what, void* to) {

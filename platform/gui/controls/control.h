@@ -22,7 +22,7 @@ public:
     [[nodiscard]] bool StartsGroup() const { return startsGroup_; }
     /// Whether the focus may be given to it.
     [[nodiscard]] bool TakesFocus() const;
-    void GiveFocus();
+    virtual void GiveFocus();
 
     /// Tells the control, and through it the program, that it has got or lost the focus.
     virtual void FocusChanged(bool) {}

@@ -96,7 +96,8 @@ protected:
 
 private:
     void Paste(QClipboard::Mode mode) {
-        control_.Type(FirstLine(QApplication::clipboard()->text(mode)));
+        // Only what is typed is held to digits.
+        control_.Insert(FirstLine(QApplication::clipboard()->text(mode)));
     }
 
     EditControl& control_;
@@ -134,6 +135,11 @@ void EditControl::NotifyChange() {
     Notify(EN_CHANGE);
 }
 
+void EditControl::GiveFocus() {
+    Control::GiveFocus();
+    SelectAll();
+}
+
 LRESULT EditControl::Receive(UINT message, WPARAM first, LPARAM) {
     if (message == EM_LIMITTEXT) {
         limit_ = first == 0 ? kNoLimit : std::min<std::size_t>(first, kNoLimit);
@@ -146,7 +152,10 @@ void EditControl::FocusChanged(bool has) {
 }
 
 void EditControl::Type(const QString& text) {
-    if (digitsOnly_ && !AreDigits(text)) return;
+    if (!digitsOnly_ || AreDigits(text)) Insert(text);
+}
+
+void EditControl::Insert(const QString& text) {
     const auto kept = static_cast<std::size_t>(face_->text().size() - face_->selectedText().size());
     const std::size_t room = limit_ > kept ? limit_ - kept : 0;
     const auto length = static_cast<std::size_t>(text.size());

@@ -21,8 +21,12 @@ public:
     /// The up-down that the arrow keys step.
     void SetUpDown(UpDown* upDown) { upDown_ = upDown; }
     void SelectAll();
-    /// What a user types or pastes: cut to the limit, digits alone where only they are taken.
+    /// What a user types: digits alone where only they are taken.
     void Type(const QString& text);
+    /// What a user types or pastes, cut to the limit.
+    void Insert(const QString& text);
+    /// Selects the whole text as well, as the keys that move the focus do.
+    void GiveFocus() override;
 
 private:
     class Face;

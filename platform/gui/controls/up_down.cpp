@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QLocale>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
@@ -17,9 +18,10 @@
 namespace platform {
 namespace {
 
-constexpr int kWidthInBuddy = 16;    // pixels
-constexpr int kRepeatDelay = 500;    // milliseconds
-constexpr int kRepeatInterval = 50;  // milliseconds
+constexpr QChar kThousandsSeparator = u',';  // of the United States; may stand anywhere when read
+constexpr int kWidthInBuddy = 16;            // pixels
+constexpr int kRepeatDelay = 500;            // milliseconds
+constexpr int kRepeatInterval = 50;          // milliseconds
 
 /// How far one step goes once the arrow has been held for so many milliseconds.
 struct Acceleration {
@@ -130,6 +132,11 @@ LRESULT UpDown::Receive(UINT message, WPARAM, LPARAM second) {
     return 0;
 }
 
+QString UpDown::Written(int number) const {
+    if ((style_ & UDS_NOTHOUSANDS) != 0) return QString::number(number);
+    return QLocale(QLocale::English, QLocale::UnitedStates).toString(number);
+}
+
 void UpDown::StepByKey(int direction) {
     if ((style_ & UDS_ARROWKEYS) != 0 && Widget()->isEnabled()) Step(direction);
 }
@@ -139,12 +146,12 @@ void UpDown::Step(int amount) {
     const int direction = lowest_ <= highest_ ? amount : -amount;
     const auto [low, high] = std::minmax(lowest_, highest_);
     bool isNumber = false;
-    const int number = buddy_->Text().trimmed().toInt(&isNumber);
+    const int number = buddy_->Text().trimmed().remove(kThousandsSeparator).toInt(&isNumber);
     if (isNumber && number >= low && number <= high) position_ = number;
     const int next = std::clamp(position_ + direction, low, high);
     if (next == position_) return;
     position_ = next;
-    buddy_->SetText(QString::number(next));
+    buddy_->SetText(Written(next));
 }
 
 }  // namespace platform

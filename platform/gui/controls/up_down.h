@@ -21,6 +21,7 @@ public:
 private:
     class Face;
     void Step(int amount);
+    [[nodiscard]] QString Written(int number) const;
 
     DWORD style_;
     EditControl* buddy_ = nullptr;

@@ -66,10 +66,17 @@ Dialog* Dialog::Require(HWND handle) {
 }
 
 INT_PTR Dialog::Run(LPARAM parameter) {
-    Receive(WM_INITDIALOG, 0, parameter);
+    const Control* first = FirstTabStop(*this);
+    const HWND defaultFocus = first == nullptr ? nullptr : first->Handle();
+    const bool takesDefaultFocus =
+        Receive(WM_INITDIALOG, reinterpret_cast<WPARAM>(defaultFocus), parameter) != 0;
     if (ended_) return result_;
     const QPointer<QWidget> before = QApplication::activeWindow();
     const FocusAway ownerLosesFocus;
+    // The program's own choice holds only when it says that it made one.
+    if (takesDefaultFocus || frame_->focusWidget() == nullptr) {
+        MoveToTabStop(*this, nullptr, true);
+    }
     Show();
     if (!ended_) CurrentUser().WorkInDialog(Handle());
     if (!ended_) Cancel();
@@ -79,7 +86,6 @@ INT_PTR Dialog::Run(LPARAM parameter) {
 }
 
 void Dialog::Show() {
-    if (frame_->focusWidget() == nullptr) MoveToTabStop(*this, nullptr, true);
     frame_->show();
     paintRequested_ = true;  // below, once
     // Offscreen and in tests nobody else makes a window the active one.

@@ -1,9 +1,7 @@
 #include <windows.h>
 
 #include <QString>
-#include <cerrno>
-#include <cstdlib>
-#include <string>
+#include <algorithm>
 
 #include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"
@@ -28,16 +26,18 @@ Control* ControlForCall(const char* point, HWND dialog, int controlId) {
     return control == nullptr ? Fail<Control*>(ERROR_CONTROL_ID_NOT_FOUND) : control;
 }
 
-/// The number at the front of a text, as the C library reads it, within 32 bits.
-bool LeadingNumber(const std::string& text, bool isSigned, UINT* number) {
-    char* end = nullptr;
-    errno = 0;
-    const std::int64_t value = std::strtoll(text.c_str(), &end, 10);
-    if (end == text.c_str() || errno == ERANGE) return false;
-    const std::int64_t lowest = isSigned ? INT32_MIN : -std::int64_t{UINT32_MAX};
+/// The number behind the blanks of a text, within 32 bits. Only a signed one has a sign, a minus.
+bool LeadingNumber(QStringView text, bool isSigned, UINT* number) {
+    while (text.startsWith(u' ')) text = text.sliced(1);
+    const bool isNegative = isSigned && text.startsWith(u'-');
+    if (isNegative) text = text.sliced(1);
+    const auto end = std::ranges::find_if(
+        text, [](QChar character) { return character < u'0' || character > u'9'; });
+    bool isNumber = false;
+    const std::int64_t size = text.first(end - text.begin()).toLongLong(&isNumber);
     const std::int64_t highest = isSigned ? INT32_MAX : std::int64_t{UINT32_MAX};
-    if (value < lowest || value > highest) return false;
-    *number = static_cast<UINT>(value);  // a negative number wraps, as the platform's does
+    if (!isNumber || size > highest + isNegative) return false;
+    *number = static_cast<UINT>(isNegative ? -size : size);
     return true;
 }
 
@@ -50,7 +50,7 @@ INT_PTR WINAPI DialogBoxParamW(HINSTANCE module, LPCWSTR dialogTemplate, HWND ow
     platform::Window* ownerWindow = nullptr;
     if (owner != nullptr) {
         ownerWindow = platform::RequireWindow(owner);
-        if (ownerWindow == nullptr) return kFailed;
+        if (ownerWindow == nullptr) return 0;  // the one failure that is not -1
     }
     if (!IS_INTRESOURCE(dialogTemplate)) return Fail(ERROR_RESOURCE_NAME_NOT_FOUND, kFailed);
     const auto id = static_cast<WORD>(reinterpret_cast<ULONG_PTR>(dialogTemplate));
@@ -100,8 +100,8 @@ BOOL WINAPI SetDlgItemInt(HWND dialog, int controlId, UINT value, BOOL isSigned)
 UINT WINAPI GetDlgItemInt(HWND dialog, int controlId, BOOL* translated, BOOL isSigned) {
     UINT number = 0;
     const Control* control = ControlForCall("GetDlgItemInt", dialog, controlId);
-    const bool found = control != nullptr &&
-                       LeadingNumber(control->Text().toStdString(), isSigned != FALSE, &number);
+    const bool found =
+        control != nullptr && LeadingNumber(control->Text(), isSigned != FALSE, &number);
     if (translated != nullptr) *translated = found ? TRUE : FALSE;
     return number;
 }

@@ -101,6 +101,10 @@ void AskHelpByKey(Dialog& dialog, const Control* focused, bool withMouse) {
 
 }  // namespace
 
+Control* FirstTabStop(const Dialog& dialog) {
+    return NextAfter(AllControls(dialog), nullptr, IsOpenTabStop);
+}
+
 void MoveToTabStop(Dialog& dialog, const Control* from, bool forward) {
     Controls controls = AllControls(dialog);
     if (!forward) std::ranges::reverse(controls);
