@@ -5,7 +5,7 @@
 
 #include "resources/resource_ids.h"
 #include "tests/sessions/dice.h"
-#include "tests/support/state.h"
+#include "tests/support/states/state.h"
 
 namespace sessions {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/support/dialog_state.h"
+#include "tests/support/states/dialog_state.h"
 
 #include <algorithm>
 #include <array>

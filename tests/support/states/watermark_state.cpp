@@ -1,4 +1,4 @@
-#include "tests/support/watermark_state.h"
+#include "tests/support/states/watermark_state.h"
 
 #include <algorithm>
 #include <cstring>

@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-#include "tests/support/state.h"
+#include "tests/support/states/state.h"
 
 namespace tests {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tests/support/document_page.h"
-#include "tests/support/state.h"
+#include "tests/support/states/state.h"
 
 namespace tests {
 

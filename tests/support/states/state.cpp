@@ -1,4 +1,4 @@
-#include "tests/support/state.h"
+#include "tests/support/states/state.h"
 
 #include <algorithm>
 #include <cstdio>

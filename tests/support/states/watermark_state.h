@@ -4,7 +4,7 @@
 #include <string>
 
 #include "devmode/private_devmode.h"
-#include "tests/support/state.h"
+#include "tests/support/states/state.h"
 #include "watermark/watermark_list.h"
 
 namespace tests {

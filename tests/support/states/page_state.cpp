@@ -1,9 +1,9 @@
-#include "tests/support/page_state.h"
+#include "tests/support/states/page_state.h"
 
 #include <span>
 
 #include "common/page_records.h"
-#include "tests/support/watermark_state.h"
+#include "tests/support/states/watermark_state.h"
 
 namespace tests {
 namespace {
