@@ -31,6 +31,16 @@ TextView TextIn(const WCHAR (&array)[Capacity]) {
                     static_cast<std::size_t>(std::find(array, array + Capacity, WCHAR{0}) - array));
 }
 
+/// Without half of a surrogate pair at its end, as a limit on typing or a cut leaves one.
+constexpr TextView WithoutLoneHalf(TextView text) {
+    constexpr auto isHigh = [](WCHAR unit) { return (unit & 0xFC00) == 0xD800; };
+    constexpr auto isLow = [](WCHAR unit) { return (unit & 0xFC00) == 0xDC00; };
+    if (text.empty()) return text;
+    const bool isPair = text.size() > 1 && isHigh(text[text.size() - 2]) && isLow(text.back());
+    const bool isHalf = isHigh(text.back()) || isLow(text.back());
+    return isHalf && !isPair ? text.substr(0, text.size() - 1) : text;
+}
+
 /// A text of at most `Capacity` - 1 characters, always terminated. What does not fit is cut.
 template <std::size_t Capacity>
 class FixedText {

@@ -11,6 +11,9 @@ namespace {
 
 void RemoveCurrentEntry(EditorSession& session) {
     const HWND dialog = session.Dialog();
+    // Below the first entry all else is disabled. While the entry is still there, for the list
+    // shows its selected one anew as it gets the focus.
+    if (session.CurrentIndex() == 1) Control(dialog, IDC_WATERMARK_LIST).Focus();
     RemoveListedWatermark(dialog, session.CurrentIndex());
     session.RemoveCurrent();
     SelectListedWatermark(dialog, session.CurrentIndex());

@@ -24,11 +24,22 @@ public:
         return ::SendDlgItemMessageW(dialog_, id_, message, first, second);
     }
 
+    /// The focus leaves a control that is disabled for the next one that takes keys.
     void Enable(bool enabled) const {
-        if (const HWND window = Window()) ::EnableWindow(window, enabled ? TRUE : FALSE);
+        const HWND window = Window();
+        if (window == nullptr) return;
+        if (!enabled && HasFocus()) ::SendMessageW(dialog_, WM_NEXTDLGCTL, 0, FALSE);
+        ::EnableWindow(window, enabled ? TRUE : FALSE);
     }
+    /// Gives it the focus in the dialog's own way: the default button follows, and an edit's text
+    /// is selected. It has to be enabled.
     void Focus() const {
-        if (const HWND window = Window()) ::SetFocus(window);
+        if (const HWND window = Window())
+            ::SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window), TRUE);
+    }
+    [[nodiscard]] bool HasFocus() const {
+        const HWND focused = ::GetFocus();
+        return focused != nullptr && focused == Window();
     }
 
     // Buttons
@@ -50,14 +61,16 @@ public:
     void SetRange(INT32 lowest, INT32 highest) const {
         Send(UDM_SETRANGE, 0, MAKELPARAM(highest, lowest));
     }
-    /// Reads the text, cut to the array. One that cannot be read leaves the array as it is.
+    /// Reads the text, cut to the array and to whole characters. One that cannot be read leaves the
+    /// array as it is.
     template <std::size_t Capacity>
     void ReadText(WCHAR (&text)[Capacity]) const {
         const HWND window = Window();
         if (window == nullptr) return;
         FixedText<Capacity> read;
         const int length = ::GetWindowTextW(window, read.Room(), static_cast<int>(Capacity));
-        if (length > 0 || ::GetWindowTextLengthW(window) == 0) CopyText(text, read.View());
+        if (length <= 0 && ::GetWindowTextLengthW(window) != 0) return;
+        CopyText(text, WithoutLoneHalf(read.View()));
     }
 
     // Lists; positions and the numbers that items carry are negative where there is none.
@@ -119,8 +132,15 @@ private:
     int id_;
 };
 
+/// Enables or disables controls together; the focus goes to one that stays enabled.
 inline void EnableControls(HWND dialog, std::span<const int> controlIds, bool enabled) {
-    for (const int controlId : controlIds) Control(dialog, controlId).Enable(enabled);
+    const HWND focused = ::GetFocus();
+    for (const bool withFocus : {false, true}) {  // or it would go through all of them
+        for (const int controlId : controlIds) {
+            const Control control(dialog, controlId);
+            if ((control.Window() == focused) == withFocus) control.Enable(enabled);
+        }
+    }
 }
 
 /// A device context of a window, given back at the end of its scope; none without a window.

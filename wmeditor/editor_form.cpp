@@ -1,5 +1,7 @@
 #include "wmeditor/editor_form.h"
 
+#include <algorithm>
+
 #include "resources/resource_ids.h"
 #include "watermark/watermark_colors.h"
 #include "wmeditor/dialog_controls.h"
@@ -33,6 +35,13 @@ constexpr WPARAM kAngleCharacters = 4;  // "-180"
 /// Selects the item of a number that may be any; none when the list has no such item.
 void SelectNumber(HWND dialog, int listId, UINT32 number, std::size_t count) {
     Control(dialog, listId).Select(number < count ? LRESULT{number} : -1);
+}
+
+/// Before the settings are disabled the focus goes from them to the watermark list.
+void LeaveSettings(HWND dialog) {
+    const bool isThere = std::ranges::any_of(
+        kSettings, [dialog](int controlId) { return Control(dialog, controlId).HasFocus(); });
+    if (isThere) Control(dialog, IDC_WATERMARK_LIST).Focus();
 }
 
 void ShowFont(EditorSession& session, const WatermarkRecord& record) {
@@ -115,6 +124,8 @@ void ShowSelectedEntry(EditorSession& session) {
 }
 
 void ShowEntry(EditorSession& session, INT32 index) {
+    // An edit that loses the focus takes its text into the entry that it belongs to.
+    if (index == 0) LeaveSettings(session.Dialog());
     session.Select(index);
     EnableForCurrentEntry(session);
     ShowEdited(session);

@@ -29,6 +29,8 @@ void ShowNewWatermark(EditorSession& session) {
     ShowEdited(session);
     Control(dialog, IDC_NAME).Show(DefaultWatermarkName(WorkingWatermarkList).c_str());
     Control(dialog, IDC_TEXT).Show(ListText(IDS_NEW_WATERMARK_TEXT).c_str());
+    EnableSettings(dialog, true);
+    // Only now can it take the focus; what is typed replaces the proposed name.
     Control(dialog, IDC_NAME).Focus();
 }
 
@@ -39,13 +41,12 @@ void StartNewWatermark(EditorSession& session) {
     Control(dialog, IDC_NEW).Enable(false);
     if (WorkingWatermarkList.Count >= kWatermarkCapacity) {
         ShowMessage(IDS_LIST_FULL, IDS_CAPTION_ERROR, MB_OK);
-        if (!session.IsOpenIn(dialog)) return;
+        if (session.IsOpenIn(dialog)) EnableSettings(dialog, true);
     } else {
         Control(dialog, IDC_DELETE).Enable(false);
         Control(dialog, IDC_WATERMARK_LIST).Enable(false);
         ShowNewWatermark(session);
     }
-    EnableSettings(dialog, true);
 }
 
 FixedText<kNameCapacity> DefaultWatermarkName(const WatermarkList& list) {

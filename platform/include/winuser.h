@@ -26,6 +26,9 @@ using DLGPROC = INT_PTR(CALLBACK*)(HWND dialog, UINT message, WPARAM first, LPAR
 // Messages of a dialog.
 #define WM_DESTROY 0x0002  ///< the last one that it gets
 #define WM_PAINT 0x000F
+/// Moves the focus. Second parameter not 0: to the control whose handle is the first; else to the
+/// tab stop after the focused one, or with a first parameter that is not 0 to the one before it.
+#define WM_NEXTDLGCTL 0x0028
 #define WM_HELP 0x0053  ///< second parameter: a `HELPINFO*`
 /// First parameter: the control that gets the focus when the answer is not 0 or none has it by
 /// then; second: the creation parameter.

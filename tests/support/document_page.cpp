@@ -108,8 +108,12 @@ OEMCUIPPARAM& DocumentPage::Params() {
 }
 
 OPTITEM& DocumentPage::Driver(BYTE publicId) {
-    return *std::find_if(driverItems_.begin(), driverItems_.end(),
-                         [publicId](const OPTITEM& item) { return item.DMPubID == publicId; });
+    return *FindDriver(publicId);
+}
+
+OPTITEM* DocumentPage::FindDriver(BYTE publicId) {
+    const auto found = std::ranges::find(driverItems_, publicId, &OPTITEM::DMPubID);
+    return found == driverItems_.end() ? nullptr : &*found;
 }
 
 OPTPARAM& DocumentPage::Choice(BYTE publicId, std::size_t place) {

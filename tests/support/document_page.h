@@ -43,6 +43,7 @@ public:
     OEMCUIPPARAM& Params();
     OPTITEM& Own(oemui::DocumentItem place) { return ownItems_[place]; }
     OPTITEM& Driver(BYTE publicId);
+    OPTITEM* FindDriver(BYTE publicId);  ///< null when the driver has no such item
     OPTPARAM& Choice(BYTE publicId, std::size_t place);
 
     DEVMODEW publicDevmode = {};

@@ -48,6 +48,14 @@ void ScriptedUser::WorkIn(HWND dialog) {
     watchdog_.Report("after a dialog");
 }
 
+INT_PTR ScriptedUser::Open(int templateId, DLGPROC procedure, LPARAM parameter, Work work) {
+    works_ = {std::move(work)};
+    const INT_PTR result = ::DialogBoxParamW(
+        ::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(templateId), nullptr, procedure, parameter);
+    works_.clear();
+    return result;
+}
+
 void ScriptedUser::ExpectScriptDone() const {
     EXPECT_EQ(answers_.size(), 0u) << "answers left over";
     EXPECT_EQ(works_.size(), 0u) << "dialogs that did not open";

@@ -40,9 +40,9 @@ struct ShownHelp {
     Text text;
 };
 
-/// The user of a process for as long as it lives, on the thread that opens the dialogs. On the
-/// platform itself only within `Open`. What is shown without being foreseen fails the test, and so
-/// does what is foreseen and not shown. A user who says nothing for a minute ends the run.
+/// The user of a process for as long as it lives, on the thread that opens the dialogs. What is
+/// shown without being foreseen fails the test, and so does what is foreseen and not shown. A user
+/// who says nothing for a minute ends the run.
 class ScriptedUser {
 public:
     using Work = std::function<void()>;
@@ -58,6 +58,7 @@ public:
     /// Asks this about every box instead.
     void WillAnswer(Answerer answerer) { answerer_ = std::move(answerer); }
     void ForgetAnswers() { answers_.clear(); }
+    void ForgetWork() { works_.clear(); }
     /// Works in the next dialog that nobody has work for yet. If it is still open then, its close
     /// box is used.
     void InDialog(Work work) { works_.push_back(std::move(work)); }
@@ -73,10 +74,13 @@ public:
     HWND Dialog() const { return dialog_; }
     bool Click(int controlId);                        ///< a button
     bool TypeText(int editId, const Text& text);      ///< replaces the edit's text key by key
+    bool Type(const Text& text);                      ///< key by key, to whatever has the focus
+    bool Paste(const Text& text);                     ///< into the edit that has the focus
     bool PressKey(int virtualKey, bool alt = false);  ///< to whatever has the focus
     bool Choose(int listId, const Text& itemText);    ///< opens the list and clicks the item
-    bool StepUpDown(int upDownId, int steps);         ///< clicks the up (+) or down (-) arrow
-    void Close();                                     ///< the close box
+    bool ChooseAt(int listId, int position);
+    bool StepUpDown(int upDownId, int steps);  ///< clicks the up (+) or down (-) arrow
+    void Close();                              ///< the close box
 
     // For the implementations: records what is shown, and gives the answer to a box.
     int Answer(const ShownBox& box);

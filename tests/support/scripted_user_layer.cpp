@@ -26,25 +26,26 @@ ScriptedUser::~ScriptedUser() {
     ExpectScriptDone();
 }
 
-INT_PTR ScriptedUser::Open(int templateId, DLGPROC procedure, LPARAM parameter, Work work) {
-    works_ = {std::move(work)};
-    const INT_PTR result = ::DialogBoxParamW(
-        ::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(templateId), nullptr, procedure, parameter);
-    works_.clear();
-    return result;
-}
-
 bool ScriptedUser::Click(int controlId) {
     return platform::hands::Click(dialog_, controlId);
 }
 bool ScriptedUser::TypeText(int editId, const Text& text) {
     return platform::hands::TypeText(dialog_, editId, text);
 }
+bool ScriptedUser::Type(const Text& text) {
+    return platform::hands::Type(dialog_, text);
+}
+bool ScriptedUser::Paste(const Text& text) {
+    return platform::hands::Paste(dialog_, text);
+}
 bool ScriptedUser::PressKey(int virtualKey, bool alt) {
     return platform::hands::PressKey(dialog_, virtualKey, alt);
 }
 bool ScriptedUser::Choose(int listId, const Text& itemText) {
     return platform::hands::Choose(dialog_, listId, itemText);
+}
+bool ScriptedUser::ChooseAt(int listId, int position) {
+    return platform::hands::ChooseAt(dialog_, listId, position);
 }
 bool ScriptedUser::StepUpDown(int upDownId, int steps) {
     return platform::hands::StepUpDown(dialog_, upDownId, steps);

@@ -1,4 +1,5 @@
 #include <cstdlib>
+#include <cstring>
 #include <utility>
 
 #include "tests/support/scripted_user.h"
@@ -7,10 +8,13 @@ namespace tests {
 namespace {
 
 constexpr int kMostPendingMessages = 1000;
+constexpr int kMessageTextId = 0xFFFF;  // of the static control in every message box
 
 ScriptedUser* current = nullptr;
 HHOOK hook = nullptr;
 HWND answered = nullptr;  // the message box that has its answer already
+HWND worked = nullptr;    // the dialog that has its work already
+HWND desk = nullptr;      // where posted work comes in
 
 Text WindowText(HWND window) {
     Text text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, 0);
@@ -49,30 +53,33 @@ void AnswerBox(HWND box) {
     ::EndDialog(box, current->Answer(shown));
 }
 
-/// Every box that becomes active while the user works gets its answer.
+/// A box gets its answer as it becomes active; any other dialog its work once it has nothing else
+/// to do.
 LRESULT CALLBACK OnActivation(int code, WPARAM first, LPARAM second) {
     const auto window = reinterpret_cast<HWND>(first);
-    if (code == HCBT_ACTIVATE && current != nullptr && current->Dialog() != nullptr &&
-        window != current->Dialog() && window != answered && HasClass(window, TEXT("#32770"))) {
-        AnswerBox(window);
+    if (code == HCBT_DESTROYWND) {  // another window may get the same handle
+        if (window == answered) answered = nullptr;
+        if (window == worked) worked = nullptr;
+    } else if (code == HCBT_ACTIVATE && window != answered && window != worked &&
+               HasClass(window, TEXT("#32770"))) {
+        if (::GetDlgItem(window, kMessageTextId) != nullptr) {
+            AnswerBox(window);
+        } else {
+            worked = window;
+            ::PostMessageW(desk, WM_APP, first, 0);
+        }
     }
     return ::CallNextHookEx(hook, code, first, second);
 }
 
-BOOL CALLBACK FindDialog(HWND window, LPARAM found) {
-    if (!HasClass(window, TEXT("#32770")) || !::IsWindowVisible(window)) return TRUE;
-    *reinterpret_cast<HWND*>(found) = window;
-    return FALSE;
-}
-
-/// Fires once the dialog has nothing else to do.
-void CALLBACK OnDialogIdle(HWND, UINT, UINT_PTR timer, DWORD) {
-    HWND dialog = nullptr;
-    ::EnumThreadWindows(::GetCurrentThreadId(), FindDialog, reinterpret_cast<LPARAM>(&dialog));
-    if (dialog == nullptr) return;
-    ::KillTimer(nullptr, timer);
+/// Of the window to which the work in a dialog is posted.
+LRESULT CALLBACK DeskProc(HWND window, UINT message, WPARAM first, LPARAM second) {
+    const auto dialog = reinterpret_cast<HWND>(first);
+    if (message != WM_APP) return ::DefWindowProcW(window, message, first, second);
+    if (!::IsWindowVisible(dialog)) return 0;
     current->WorkIn(dialog);
     if (::IsWindowVisible(dialog)) current->Close();
+    return 0;
 }
 
 void HandlePendingMessages(HWND dialog) {
@@ -83,6 +90,20 @@ void HandlePendingMessages(HWND dialog) {
         ::TranslateMessage(&message);
         ::DispatchMessageW(&message);
     }
+}
+
+/// A key's message to whatever has the focus, and all that follows from it.
+void GiveKey(HWND dialog, UINT kind, int key, LPARAM details) {
+    MSG message{};
+    message.hwnd = ::GetFocus() != nullptr ? ::GetFocus() : dialog;
+    message.message = kind;
+    message.wParam = static_cast<WPARAM>(key);
+    message.lParam = details;
+    if (!::IsDialogMessageW(dialog, &message)) {
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+    HandlePendingMessages(dialog);
 }
 
 void ClickAt(HWND window, LONG x, LONG y) {
@@ -102,24 +123,17 @@ ScriptedUser::ScriptedUser() {
     // The up-down control lives in a library that nothing else of the test program needs.
     const HMODULE controls = ::LoadLibraryW(L"comctl32.dll");
     if (const auto initialise = ::GetProcAddress(controls, "InitCommonControls")) initialise();
+    desk = ::CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
+                             nullptr);
+    ::SetWindowLongPtrW(desk, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(DeskProc));
     hook = ::SetWindowsHookExW(WH_CBT, OnActivation, nullptr, ::GetCurrentThreadId());
 }
 
 ScriptedUser::~ScriptedUser() {
     ::UnhookWindowsHookEx(hook);
+    ::DestroyWindow(desk);
     current = nullptr;
     ExpectScriptDone();
-}
-
-INT_PTR ScriptedUser::Open(int templateId, DLGPROC procedure, LPARAM parameter, Work work) {
-    works_ = {std::move(work)};
-    const UINT_PTR timer = ::SetTimer(nullptr, 0, USER_TIMER_MINIMUM, OnDialogIdle);
-    const INT_PTR result = ::DialogBoxParamW(
-        ::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(templateId), nullptr, procedure, parameter);
-    ::KillTimer(nullptr, timer);
-    works_.clear();
-    dialog_ = nullptr;
-    return result;
 }
 
 bool ScriptedUser::Click(int controlId) {
@@ -140,37 +154,63 @@ bool ScriptedUser::TypeText(int editId, const Text& text) {
     return true;
 }
 
-bool ScriptedUser::PressKey(int virtualKey, bool alt) {
-    MSG message{};
-    message.hwnd = ::GetFocus() != nullptr ? ::GetFocus() : dialog_;
-    message.message = alt ? WM_SYSCHAR : WM_KEYDOWN;
-    message.wParam = static_cast<WPARAM>(virtualKey);
-    message.lParam = alt ? 1 << 29 | 1 : 1;
-    if (!::IsDialogMessageW(dialog_, &message)) {
-        ::TranslateMessage(&message);
-        ::DispatchMessageW(&message);
+bool ScriptedUser::Type(const Text& text) {
+    for (const WCHAR character : text) {
+        if (!::IsWindowVisible(dialog_)) return true;
+        GiveKey(dialog_, WM_CHAR, character, 1);
     }
-    HandlePendingMessages(dialog_);
+    return true;
+}
+
+bool ScriptedUser::Paste(const Text& text) {
+    const HWND focus = ::GetFocus();
+    if (focus == nullptr || !HasClass(focus, TEXT("EDIT"))) return false;
+    const std::size_t size = (text.size() + 1) * sizeof(WCHAR);
+    const HGLOBAL clip = ::GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(::GlobalLock(clip), text.c_str(), size);
+    ::GlobalUnlock(clip);
+    ::OpenClipboard(desk);
+    ::EmptyClipboard();
+    ::SetClipboardData(CF_UNICODETEXT, clip);  // the clipboard's from now on
+    ::CloseClipboard();
+    ::SendMessageW(focus, WM_PASTE, 0, 0);
+    return true;
+}
+
+bool ScriptedUser::PressKey(int virtualKey, bool alt) {
+    if (alt) {
+        GiveKey(dialog_, WM_SYSCHAR, virtualKey, 1 << 29 | 1);
+    } else {
+        GiveKey(dialog_, WM_KEYDOWN, virtualKey, 1);
+        constexpr LPARAM kReleased = static_cast<LPARAM>(0xC0000001);
+        if (::IsWindowVisible(dialog_)) GiveKey(dialog_, WM_KEYUP, virtualKey, kReleased);
+    }
     return true;
 }
 
 bool ScriptedUser::Choose(int listId, const Text& itemText) {
     const HWND list = ::GetDlgItem(dialog_, listId);
     if (!Usable(list)) return false;
-    const LRESULT item = ::SendMessageW(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                        reinterpret_cast<LPARAM>(itemText.c_str()));
-    if (item < 0) return false;
+    return ChooseAt(
+        listId, static_cast<int>(::SendMessageW(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                                reinterpret_cast<LPARAM>(itemText.c_str()))));
+}
+
+bool ScriptedUser::ChooseAt(int listId, int position) {
+    const HWND list = ::GetDlgItem(dialog_, listId);
+    if (!Usable(list)) return false;
+    if (position < 0 || position >= ::SendMessageW(list, CB_GETCOUNT, 0, 0)) return false;
     ::SetFocus(list);
     ::SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
     COMBOBOXINFO parts{};
     parts.cbSize = sizeof parts;
     ::GetComboBoxInfo(list, &parts);
-    ::SendMessageW(parts.hwndList, LB_SETTOPINDEX, static_cast<WPARAM>(item), 0);
+    const auto item = static_cast<WPARAM>(position);
+    ::SendMessageW(parts.hwndList, LB_SETTOPINDEX, item, 0);
     RECT place{};
-    ::SendMessageW(parts.hwndList, LB_GETITEMRECT, static_cast<WPARAM>(item),
-                   reinterpret_cast<LPARAM>(&place));
+    ::SendMessageW(parts.hwndList, LB_GETITEMRECT, item, reinterpret_cast<LPARAM>(&place));
     ClickAt(parts.hwndList, place.left + 2, (place.top + place.bottom) / 2);
-    return ::SendMessageW(list, CB_GETCURSEL, 0, 0) == item;
+    return true;
 }
 
 bool ScriptedUser::StepUpDown(int upDownId, int steps) {

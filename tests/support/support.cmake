@@ -1,7 +1,8 @@
 # What tests, benchmarks and fuzz targets share: one of each stand-in, for whoever refers to it.
 include_guard(GLOBAL)
 
-set(sources document_page loopback_printer plugin_fixture scripted_user test_printer watchdog)
+set(sources document_page loopback_printer plugin_fixture scripted_user test_printer watchdog
+  states/dialog_state states/page_state states/state states/watermark_state)
 if(WIN32)
   list(APPEND sources scripted_user_windows test_machine_windows)
 else()

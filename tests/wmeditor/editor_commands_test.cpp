@@ -181,6 +181,17 @@ TEST_F(EditorCommands, ANewEntryIsSortedInSelectedAndAnnounced) {
     EXPECT_EQ(TextIn(Stored().Entries[2].Text).size(), 63u);
 }
 
+TEST_F(EditorCommands, WhatIsTypedAfterNewReplacesTheNameAndNoCharacterIsHalved) {
+    list_.Selected = 0;
+    EditTo(1, [this] {
+        user_.Click(IDC_NEW);
+        user_.Type(TEXT("hello Internal Only\xD83D\xDE00"));
+        user_.PressKey(VK_RETURN);
+    });
+    ExpectMessages({NewSelected("hello Internal Only")});
+    EXPECT_EQ(list_.Selected, 5);
+}
+
 TEST_F(EditorCommands, ARefusedEntryIsStillBeingAdded) {
     EditTo(0, [this] {
         Add(TEXT("<NONE>"), TEXT(""));
@@ -193,6 +204,20 @@ TEST_F(EditorCommands, ARefusedEntryIsStillBeingAdded) {
         user_.PressKey(VK_ESCAPE);
     });
     ExpectMessages({kNoneNotAdded, kNameEmpty, kTextEmpty});
+}
+
+TEST_F(EditorCommands, NoTakesTheFocusFromSettingsThatItDisablesAndTheirTextWithIt) {
+    list_.Entries[0].PointSize = 33;
+    list_.Selected = 0;
+    user_.WillAnswer({IDNO});
+    EditTo(0, [this] {
+        user_.Choose(IDC_WATERMARK_LIST, TEXT("Alpha"));
+        user_.TypeText(IDC_POINT_SIZE, TEXT("48"));
+        user_.PressKey(VK_RETURN);
+        EXPECT_EQ(::GetFocus(), ::GetDlgItem(user_.Dialog(), IDC_WATERMARK_LIST));
+        EXPECT_EQ(Edited().PointSize, 33);
+    });
+    ExpectMessages({kOverwrite});
 }
 
 TEST_F(EditorCommands, AnExistingNameIsOverwrittenAsAWholeOnYes) {
@@ -242,6 +267,7 @@ TEST_F(EditorCommands, ADeletionShowsTheEntryBeforeAndEscapeTakesItBack) {
         EXPECT_EQ(TextOf(IDC_NAME), "<NONE>");
         EXPECT_FALSE(IsEnabled(IDC_CANCEL));
         EXPECT_TRUE(EnabledAmong({IDC_DELETE, IDC_POINT_SIZE, IDC_NAME}).empty());
+        EXPECT_EQ(::GetFocus(), ::GetDlgItem(user_.Dialog(), IDC_WATERMARK_LIST));
         user_.PressKey(VK_ESCAPE);
     });
     ExpectMessages({kConfirmDelete, kConfirmDelete, kConfirmDelete});

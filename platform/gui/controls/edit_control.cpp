@@ -55,6 +55,8 @@ protected:
             control_.Type(event->text());
         } else if (control_.upDown_ != nullptr && (up || event->key() == Qt::Key_Down)) {
             control_.upDown_->StepByKey(up ? 1 : -1);
+        } else if (up || event->key() == Qt::Key_Down) {
+            cursorForward(event->modifiers().testFlag(Qt::ShiftModifier), up ? -1 : 1);
         } else {
             QLineEdit::keyPressEvent(event);
         }
@@ -124,6 +126,10 @@ void EditControl::SetText(const QString& text) {
     NotifyChange();
 }
 
+void EditControl::SelectAll() {
+    face_->selectAll();
+}
+
 void EditControl::NotifyChange() {
     Notify(EN_UPDATE);
     Notify(EN_CHANGE);
@@ -131,7 +137,7 @@ void EditControl::NotifyChange() {
 
 void EditControl::GiveFocus() {
     Control::GiveFocus();
-    face_->selectAll();
+    SelectAll();
 }
 
 LRESULT EditControl::Receive(UINT message, WPARAM first, LPARAM) {

@@ -20,6 +20,7 @@ public:
 
     /// The up-down that the arrow keys step.
     void SetUpDown(UpDown* upDown) { upDown_ = upDown; }
+    void SelectAll();
     /// What a user types: digits alone where only they are taken.
     void Type(const QString& text);
     /// What a user types or pastes, cut to the limit.

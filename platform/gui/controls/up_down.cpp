@@ -51,6 +51,7 @@ protected:
         }
         timer_.start(kRepeatDelay);
         control_.Step(pressed_);
+        if (control_.buddy_ != nullptr) control_.buddy_->SelectAll();
     }
 
     void mouseReleaseEvent(QMouseEvent*) override { LetGo(); }

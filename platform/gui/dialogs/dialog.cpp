@@ -155,7 +155,17 @@ void Dialog::SetText(const QString& text) {
 }
 
 LRESULT Dialog::Receive(UINT message, WPARAM first, LPARAM second) {
-    return procedure_ == nullptr ? 0 : procedure_(Handle(), message, first, second);
+    const LRESULT answer = procedure_ == nullptr ? 0 : procedure_(Handle(), message, first, second);
+    if (answer == 0 && message == WM_NEXTDLGCTL) MoveFocus(first, LOWORD(second) != 0);
+    return answer;
+}
+
+void Dialog::MoveFocus(WPARAM target, bool isControl) {
+    if (!isControl) return MoveToTabStop(*this, FocusedControl(), target == 0);
+    for (const auto& each : Controls()) {
+        if (reinterpret_cast<WPARAM>(each->Handle()) == target && each->TakesFocus())
+            each->GiveFocus();
+    }
 }
 
 void Dialog::Place(const QRect& place) {

@@ -45,6 +45,7 @@ public:
     [[nodiscard]] QString Text() const override;
     void SetText(const QString& text) override;
     LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
+    void MoveFocus(WPARAM target, bool isControl);
     void Place(const QRect& place) override;
 
 private:

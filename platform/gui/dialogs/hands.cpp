@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
@@ -8,6 +9,7 @@
 #include <cstdlib>
 
 #include "platform/gui/controls/drop_down_list.h"
+#include "platform/gui/controls/focus.h"
 #include "platform/gui/dialogs/dialog.h"
 #include "platform/gui/dialogs/hands.h"
 #include "platform/gui/windows/active_window.h"
@@ -50,6 +52,12 @@ Control* UsableControl(HWND handle, int controlId) {
     Control* control = dialog == nullptr ? nullptr : dialog->Find(controlId);
     if (control == nullptr) return nullptr;
     return control->Widget()->isVisible() && control->Widget()->isEnabled() ? control : nullptr;
+}
+
+DropDownList* UsableList(HWND dialog, int controlId) {
+    Control* control = UsableControl(dialog, controlId);
+    if (control == nullptr || control->Kind() != WindowKind::kList) return nullptr;
+    return static_cast<DropDownList*>(control);
 }
 
 /// A click beside an open list closes it and does no more.
@@ -132,6 +140,25 @@ bool TypeText(HWND dialog, int controlId, std::u16string_view text) {
     return true;
 }
 
+bool Type(HWND dialog, std::u16string_view text) {
+    const Dialog* found = OpenDialog(dialog);
+    if (found == nullptr) return false;
+    TypeUnits(*found, QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())));
+    return true;
+}
+
+bool Paste(HWND dialog, std::u16string_view text) {
+    const Dialog* found = OpenDialog(dialog);
+    const Control* focused = FocusedControl();
+    if (found == nullptr || focused == nullptr || focused->Kind() != WindowKind::kEdit) {
+        return false;
+    }
+    QApplication::clipboard()->setText(
+        QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())));
+    SendKey(*found, Qt::Key_V, Qt::ControlModifier, QStringLiteral("\x16"));
+    return true;
+}
+
 bool PressKey(HWND dialog, int virtualKey, bool alt) {
     const Dialog* found = OpenDialog(dialog);
     if (found == nullptr) return false;
@@ -156,21 +183,27 @@ std::vector<std::u16string> ItemsOf(HWND dialog, int listId) {
 }
 
 bool Choose(HWND dialog, int listId, std::u16string_view itemText) {
-    Control* control = UsableControl(dialog, listId);
-    if (control == nullptr || control->Kind() != WindowKind::kList) return false;
-    auto& list = static_cast<DropDownList&>(*control);
+    const DropDownList* list = UsableList(dialog, listId);
+    if (list == nullptr) return false;
     const auto sought =
         QString::fromUtf16(itemText.data(), static_cast<qsizetype>(itemText.size()));
     int index = 0;
-    while (index < list.Count() && list.ItemText(index) != sought) ++index;
-    if (index == list.Count()) return false;
-    if (!list.IsOpen() && !Click(dialog, listId)) return false;
+    while (index < list->Count() && list->ItemText(index) != sought) ++index;
+    return ChooseAt(dialog, listId, index);
+}
+
+bool ChooseAt(HWND dialog, int listId, int index) {
+    DropDownList* list = UsableList(dialog, listId);
+    if (list == nullptr || index < 0 || index >= list->Count()) return false;
+    const QString sought = list->ItemText(index);
+    if (!list->IsOpen() && !Click(dialog, listId)) return false;
     // The program hears that the list drops, and may fill it anew, hide or close it.
-    const bool isThere = list.IsOpen() && index < list.Count() && list.ItemText(index) == sought;
+    const bool isThere =
+        list->IsOpen() && index < list->Count() && list->ItemText(index) == sought;
     QRect place;
-    QWidget* items = isThere ? list.ItemPlace(index, &place) : nullptr;
+    QWidget* items = isThere ? list->ItemPlace(index, &place) : nullptr;
     if (items == nullptr) {
-        list.Close(false);
+        list->Close(false);
         return false;
     }
     ClickAt(items, place.center());

@@ -15,11 +15,15 @@ namespace platform::hands {
 bool Click(HWND dialog, int controlId);  ///< buttons, edits, lists
 /// Replaces the edit's text, key by key.
 bool TypeText(HWND dialog, int controlId, std::u16string_view text);
+/// Types characters, key by key, to whatever has the focus.
+bool Type(HWND dialog, std::u16string_view text);
+bool Paste(HWND dialog, std::u16string_view text);             ///< into the edit with the focus
 bool PressKey(HWND dialog, int virtualKey, bool alt = false);  ///< to whatever has the focus
 /// What a list offers, from the top; nothing for what is no list.
 [[nodiscard]] std::vector<std::u16string> ItemsOf(HWND dialog, int listId);
 /// Opens the list, picks, closes.
 bool Choose(HWND dialog, int listId, std::u16string_view itemText);
+bool ChooseAt(HWND dialog, int listId, int index);
 bool StepUpDown(HWND dialog, int upDownId, int steps);  ///< clicks the up (+) or down (-) arrow
 /// Clicks the caption's question mark, then the control, which may be disabled.
 bool AskHelp(HWND dialog, int controlId);
