@@ -1,6 +1,7 @@
 #include "host/page/json.h"
 
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 #include "platform/text/text_encoding.h"

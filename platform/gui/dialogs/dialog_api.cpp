@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <cerrno>
+#include <cstdint>
 #include <cstdlib>
 #include <string>
 
