@@ -19,6 +19,7 @@ namespace {
 struct PageOptions {
     std::string name;
     std::vector<std::string> settings;
+    bool defaults = false;
     bool apply = false;
     bool lines = false;
     bool json = false;
@@ -69,12 +70,13 @@ void ShowPage(PageKind kind, const PageOptions& options, const CommandContext& c
     UseChosenMachine(context);
     TerminalUser user(context.err, edits ? &script : nullptr);
     const platform::UserScope scope(user);
-    PageSession page(options.name, kind);
-    for (const std::string& setting : options.settings) SetItem(page, setting);
-    if (edits) Edit(page, user, script);
-    if (options.apply && !page.Apply()) throw Failure("the settings were refused");
+    auto page = std::make_unique<PageSession>(options.name, kind);
+    if (options.defaults) page = page->WithDefaults();
+    for (const std::string& setting : options.settings) SetItem(*page, setting);
+    if (edits) Edit(*page, user, script);
+    if (options.apply && !page->Apply()) throw Failure("the settings were refused");
     // A command that only changes says nothing when all went well.
-    if (!options.apply || options.json || options.lines) PrintResult(page, options, context.out);
+    if (!options.apply || options.json || options.lines) PrintResult(*page, options, context.out);
 }
 
 void AddPage(CLI::App& app, CommandContext& context, const char* name, const char* description,
@@ -82,6 +84,7 @@ void AddPage(CLI::App& app, CommandContext& context, const char* name, const cha
     CLI::App* command = app.add_subcommand(name, description);
     auto options = std::make_shared<PageOptions>();
     command->add_option("name", options->name, "the printer's name")->required();
+    command->add_flag("--defaults", options->defaults, "restore the defaults, before any --set");
     command->add_option("-o,--set", options->settings, "Item=Choice, by displayed text or keyword")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
@@ -89,7 +92,8 @@ void AddPage(CLI::App& app, CommandContext& context, const char* name, const cha
     command->add_flag("-l", options->lines, "a line for each item and its choices");
     command->add_flag("--json", options->json, "as JSON");
     CLI::Option* window = command->add_flag("--window", options->window, "in a window");
-    for (const char* text : {"--set", "--apply", "-l", "--json"}) window->excludes(text);
+    for (const char* text : {"--defaults", "--set", "--apply", "-l", "--json"})
+        window->excludes(text);
     if (kind == PageKind::Document) {
         command->add_option("--edit", options->script, "script to work in the watermark editor")
             ->check(CLI::ExistingFile)
