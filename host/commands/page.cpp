@@ -23,6 +23,7 @@ namespace {
 struct PageOptions {
     std::string name;
     std::vector<std::string> settings;
+    bool defaults = false;
     bool apply = false;
     bool lines = false;
     bool json = false;
@@ -87,14 +88,14 @@ void ShowPage(PageKind kind, const PageOptions& options, const CommandContext& c
     UseChosenMachine(context);
     TerminalUser user(context.err);
     const platform::UserScope scope(user);
-    const std::unique_ptr<PageSession> opened = OpenPage(options.name, kind, context.err);
-    PageSession& page = *opened;
-    for (const std::string& setting : options.settings) SetItem(page, setting);
-    if (!options.watermark.empty()) SelectWatermark(page, user, options.watermark);
-    if (script) Edit(page, user, *script);
-    if (options.apply && !page.Apply()) throw Failure("the settings were refused");
+    std::unique_ptr<PageSession> page = OpenPage(options.name, kind, context.err);
+    if (options.defaults) page = page->WithDefaults();
+    for (const std::string& setting : options.settings) SetItem(*page, setting);
+    if (!options.watermark.empty()) SelectWatermark(*page, user, options.watermark);
+    if (script) Edit(*page, user, *script);
+    if (options.apply && !page->Apply()) throw Failure("the settings were refused");
     // A command that only changes says nothing when all went well.
-    if (!options.apply || options.json || options.lines) PrintResult(page, options, context.out);
+    if (!options.apply || options.json || options.lines) PrintResult(*page, options, context.out);
 }
 
 void AddWatermarkOptions(CLI::App& command, CLI::Option& window, PageOptions& options) {
@@ -112,6 +113,7 @@ void AddPage(CLI::App& app, CommandContext& context, const char* name, const cha
     CLI::App* command = app.add_subcommand(name, description);
     auto options = std::make_shared<PageOptions>();
     command->add_option("name", options->name, "the printer's name")->required();
+    command->add_flag("--defaults", options->defaults, "restore the defaults, before any --set");
     command->add_option("-o,--set", options->settings, "Item=Choice, by displayed text or keyword")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
@@ -120,7 +122,9 @@ void AddPage(CLI::App& app, CommandContext& context, const char* name, const cha
         command->add_flag("-l", options->lines, "a line for each item and its choices");
     command->add_flag("--json", options->json, "as JSON")->excludes(lines);
     CLI::Option* window = command->add_flag("--window", options->window, "in a window");
-    for (const char* text : {"--set", "--apply", "-l", "--json"}) window->excludes(text);
+    for (const char* text : {"--defaults", "--set", "--apply", "-l", "--json"}) {
+        window->excludes(text);
+    }
     if (kind == PageKind::Document) AddWatermarkOptions(*command, *window, *options);
     command->callback([options, kind, &context] { ShowPage(kind, *options, context); });
 }

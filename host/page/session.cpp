@@ -42,21 +42,25 @@ DWORD PropertyMode(PageKind kind) {
 
 }  // namespace
 
-PageSession::PageSession(const std::string& printerName, PageKind kind, HWND owner)
+PageSession::PageSession(const std::string& printerName, PageKind kind, HWND owner,
+                         const PageSession* shown)
     : kind_(kind),
       owner_(owner),
       printerHandle_(OpenForPage(printerName)),
       printer_(SummaryOf(printerHandle_.Get())),
       model_(ModelOf(printer_)),
       module_(LoadPrinterModule(printerHandle_.Get())),
-      devmode_(PrinterDevmode(module_, printerHandle_.Get(), printer_.name)),
-      options_(InstalledOptions::Read(printerHandle_.Get())),
+      devmode_((shown == nullptr ? PrinterDevmode : DefaultDevmode)(module_, printerHandle_.Get(),
+                                                                    printer_.name)),
+      options_(shown == nullptr ? InstalledOptions::Read(printerHandle_.Get())
+                                : InstalledOptions{}),
       driverItems_(MakeDriverItems()),
       heap_(::HeapCreate(0, 0, 0)) {
     if (!heap_) FailWithLastError("the page has no memory");
     MakeParams();
     AddPlugInItems();
     CollectItems();
+    if (shown != nullptr) ReportChangesFrom(*shown);
     Report(CPSUICB_REASON_SETACTIVE, nullptr, 0);
 }
 
@@ -106,6 +110,13 @@ void PageSession::CollectItems() {
     }
 }
 
+void PageSession::ReportChangesFrom(const PageSession& shown) {
+    const std::size_t common = std::min(items_.size(), shown.items_.size());
+    for (std::size_t i = 0; i < common; ++i) {
+        ReportChange(items_[i].Record(), shown.items_[i].Record().Sel);
+    }
+}
+
 void PageSession::Choose(PageItem& item, std::size_t choice) {
     RequireUsable(item);
     const std::vector<PageChoice> choices = item.Choices();
@@ -129,12 +140,14 @@ void PageSession::SetNumber(PageItem& item, LONG number) {
     Select(item, number);
 }
 
-// What was selected already is no change, and nobody hears of it.
 void PageSession::Select(PageItem& item, LONG selection) {
-    OPTITEM& record = item.Record();
-    const LONG oldSelection = record.Sel;
-    if (oldSelection == selection) return;
-    record.Sel = selection;
+    const LONG oldSelection = std::exchange(item.Record().Sel, selection);
+    ReportChange(item.Record(), oldSelection);
+}
+
+// What was selected already is no change, and nobody hears of it.
+void PageSession::ReportChange(OPTITEM& record, LONG oldSelection) {
+    if (record.Sel == oldSelection) return;
     record.Flags |= OPTIF_CHANGED;
     // The driver hears of its items first: the plug-in finds the public devmode in step.
     driverItems_.Take(&record);
@@ -147,6 +160,11 @@ LONG PageSession::PressButton(PageItem& item) {
     RequireUsable(item);
     if (!item.HasButton()) throw Failure(Quoted(item.Name()) + " has no button");
     return Report(CPSUICB_REASON_EXTPUSH, &item.Record(), item.Record().Sel);
+}
+
+std::unique_ptr<PageSession> PageSession::WithDefaults() const {
+    return std::unique_ptr<PageSession>(
+        new PageSession(platform::Utf8(printer_.name), kind_, owner_, this));
 }
 
 std::u16string PageSession::ErrorCaption() const {

@@ -9,6 +9,7 @@
 
 #include <compstui.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -31,7 +32,8 @@ public:
     /// when the printer, its driver or its settings cannot be had. Building may ask the printer and
     /// take seconds.
     /// \param owner  the window that dialogs of the page belong to; may be null.
-    PageSession(const std::string& printerName, PageKind kind, HWND owner = nullptr);
+    PageSession(const std::string& printerName, PageKind kind, HWND owner = nullptr)
+        : PageSession(printerName, kind, owner, nullptr) {}
     PageSession(const PageSession&) = delete;
     PageSession& operator=(const PageSession&) = delete;
 
@@ -53,6 +55,10 @@ public:
     void SetNumber(PageItem& item, LONG number);
     /// Presses the button beside an item. \return how the callback answered: CPSUICB_ACTION_*.
     LONG PressButton(PageItem& item);
+    /// The page as it is with the settings of a new printer, to go on with in place of this one.
+    /// The plug-in hears of what is different from here as of changes that the user made. Nothing
+    /// is kept before `Apply`. As the constructor, it may throw and take seconds.
+    [[nodiscard]] std::unique_ptr<PageSession> WithDefaults() const;
     /// The caption of the plug-in's message boxes that tell an error.
     [[nodiscard]] std::u16string ErrorCaption() const;
     /// Applies the page and keeps its settings. \return false when the plug-in refused; nothing is
@@ -70,11 +76,17 @@ private:
                                           DWORD outputSize, PDWORD needed, PDWORD returned);
     static BOOL APIENTRY UpdateUiSetting(PVOID driver, PVOID optItem, DWORD previous, DWORD mode);
 
+    /// \param shown  the page that this one restores the defaults of; null for the stored settings.
+    PageSession(const std::string& printerName, PageKind kind, HWND owner,
+                const PageSession* shown);
+
     OptionItems MakeDriverItems();
     void MakeParams();
     void AddPlugInItems();
     void CollectItems();
+    void ReportChangesFrom(const PageSession& shown);
     void Select(PageItem& item, LONG selection);
+    void ReportChange(OPTITEM& record, LONG oldSelection);
     LONG Report(WORD reason, OPTITEM* current, LONG oldSelection);
 
     PageKind kind_;

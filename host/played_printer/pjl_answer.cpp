@@ -1,5 +1,7 @@
 // What the played printer says.
 #include "host/errors/suggestions.h"
+
+#include <cstdint>
 #include "host/played_printer/printer.h"
 
 namespace host {

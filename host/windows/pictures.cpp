@@ -234,7 +234,9 @@ QPixmap WithOpenList(PropertySheet& sheet) {
     const QPixmap page = sheet.grab();
     const QPixmap choices = popup->grab();
     const QPoint place = list->mapTo(&sheet, QPoint(0, list->height()));
-    QPixmap both(QRect(QPoint(), sheet.size()).united(QRect(place, popup->size())).size());
+    const QSize size = QRect(QPoint(), sheet.size()).united(QRect(place, popup->size())).size();
+    QPixmap both(size * page.devicePixelRatio());
+    both.setDevicePixelRatio(page.devicePixelRatio());
     both.fill(Qt::white);
     QPainter painter(&both);
     painter.drawPixmap(0, 0, page);

@@ -5,6 +5,7 @@
 #include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "host/errors/failure.h"
 #include "platform/text/text_encoding.h"
@@ -71,18 +72,25 @@ PropertySheet::PropertySheet(std::string printerName, PageKind kind)
 PropertySheet::~PropertySheet() = default;
 
 void PropertySheet::MakeButtons() {
+    defaults_ = new QPushButton("Restore &Defaults", this);
+    auto* above = new QHBoxLayout;
+    above->addWidget(status_, 1);
+    above->addWidget(defaults_);
     auto* row = new QHBoxLayout;
-    row->addWidget(status_, 1);
+    row->addStretch(1);
     ok_ = new QPushButton("OK", this);
     ok_->setDefault(true);
-    ok_->setEnabled(false);
+    for (QPushButton* button : {defaults_, ok_}) button->setEnabled(false);
     auto* cancel = new QPushButton("Cancel", this);
     apply_ = new QPushButton("&Apply", this);
     for (QPushButton* button : {ok_, cancel, apply_}) row->addWidget(button);
+    connect(defaults_, &QPushButton::clicked, this, [this] { RestoreDefaults(); });
     connect(ok_, &QPushButton::clicked, this, [this] { accept(); });
     connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
     connect(apply_, &QPushButton::clicked, this, [this] { static_cast<void>(Apply()); });
-    static_cast<QVBoxLayout*>(layout())->addLayout(row);
+    auto* column = static_cast<QVBoxLayout*>(layout());
+    column->addLayout(above);
+    column->addLayout(row);
     apply_->setEnabled(false);
 }
 
@@ -139,7 +147,7 @@ void PropertySheet::Load() {
     }
     KeepSelections();
     tree_->ShowItems(session_->Items());
-    ok_->setEnabled(true);
+    for (QPushButton* button : {defaults_, ok_}) button->setEnabled(true);
     Refresh();
 }
 
@@ -171,6 +179,21 @@ bool PropertySheet::Apply() {
     }
     Refresh();
     return applied;
+}
+
+// The rows stay bold where the settings that are kept are others.
+void PropertySheet::RestoreDefaults() {
+    Act(true, [&] {
+        const PageItem* chosen = tree_->Chosen();
+        const auto place = chosen != nullptr ? chosen - session_->Items().data() : 0;
+        std::unique_ptr<PageSession> before = std::exchange(session_, session_->WithDefaults());
+        std::vector<PageItem>& items = session_->Items();
+        kept_.resize(items.size());
+        tree_->ShowItems(items);
+        if (std::cmp_less(place, items.size()))
+            tree_->Choose(items[static_cast<std::size_t>(place)]);
+        return true;
+    });
 }
 
 void PropertySheet::accept() {

@@ -1,5 +1,6 @@
-/// A property page in a window: the tree of its items, the control of the chosen one, OK, Cancel
-/// and Apply. For the user-interface thread only; `platform::EnsureApplication` comes first.
+/// A property page in a window: the tree of its items, the control of the chosen one, Restore
+/// Defaults, OK, Cancel and Apply. For the user-interface thread only;
+/// `platform::EnsureApplication` comes first.
 #pragma once
 
 #include <QDialog>
@@ -53,6 +54,7 @@ private:
     /// \param action  answers whether there is something to apply now.
     void Act(bool mayAsk, const std::function<bool()>& action);
     [[nodiscard]] bool Apply();
+    void RestoreDefaults();
     void KeepSelections();
     void Tell(const std::string& text);
 
@@ -64,6 +66,7 @@ private:
     ItemTreeView* tree_;
     ItemPanel* panel_;
     QLabel* status_;
+    QPushButton* defaults_ = nullptr;
     QPushButton* ok_ = nullptr;
     QPushButton* apply_ = nullptr;
     std::vector<LONG> kept_;  ///< the selections at opening or the last apply

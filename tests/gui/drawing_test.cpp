@@ -135,6 +135,49 @@ TEST_F(Drawing, AWindowsContextDrawsIntoItsImageWhileTheWindowLives) {
     EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_WINDOW_HANDLE});
 }
 
+/// What the preview does in small: text in a memory bitmap, copied to the screen, and a fill.
+void DrawInSmall(HDC screen) {
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, 30, 20);
+    const HDC memory = CreateCompatibleDC(screen);
+    const HGDIOBJ before = SelectObject(memory, bitmap);
+    Write(memory, FontNamed(u"Arial", 16, 200), 2, 4, u"Wg");
+    EXPECT_TRUE(BitBlt(screen, 0, 0, 30, 20, memory, 0, 0, SRCCOPY));
+    const RECT right = {25, 0, 30, 20};
+    FillRect(screen, &right, Brush(DKGRAY_BRUSH));
+    SelectObject(memory, before);
+    DeleteDC(memory);
+    DeleteObject(bitmap);
+}
+
+QPointF InkCentre(const QImage& picture) {
+    QPointF sum;
+    double ink = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const int darkness = 255 - qGray(picture.pixel(x, y));
+            sum += QPointF(x + 0.5, y + 0.5) * darkness;
+            ink += darkness;
+        }
+    }
+    return sum / ink;
+}
+
+/// Run at several scales of the screen.
+TEST_F(Drawing, AWindowIsDrawnAsFineAsItsScreenAndNothingMoves) {
+    Pane pane;
+    const Canvas coarse(30, 20);
+    DrawInSmall(coarse);
+    const HDC context = GetDC(pane.Handle());
+    DrawInSmall(context);
+    ReleaseDC(pane.Handle(), context);
+
+    const double fineness = pane.Widget()->devicePixelRatioF();
+    const QImage& fine = pane.Backing();
+    ASSERT_EQ(fine.size(), QSize(30, 20) * fineness);
+    EXPECT_EQ(fine.scaled(30, 20).scaled(fine.size()) == fine, fineness == 1) << "not blown up";
+    EXPECT_LT((InkCentre(fine) / fineness - InkCentre(coarse.Pixels())).manhattanLength(), 0.3);
+}
+
 using PrinterContext = tests::MachineTest;
 
 TEST_F(PrinterContext, MeasuresTheDefaultPageInDotsAndTurnsItForLandscape) {

@@ -2,6 +2,7 @@
 #include "host/driver/devmode.h"
 #include "platform/text/text_encoding.h"
 
+#include <cstdint>
 #include <cstring>
 
 #include "host/page/stored_records.h"

@@ -51,6 +51,31 @@ TEST_F(DocumentPage, KeepsSettingsOnlyWhenApplied) {
     EXPECT_EQ(ItemNamed(kept, "Rendering Intent")["enabled"], false);
 }
 
+TEST_F(DocumentPage, DefaultsAreThoseOfANewPrinterAndOfferedBeforeOtherSettings) {
+    Install("Office", "T");
+    const std::string fresh = Do({"document", "Office", "--json"}).out;
+    const std::string lines = Do({"document", "Office", "-l"}).out;
+    const std::string copies = Do({"document", "Office", "-o", "Copies=3", "-l"}).out;
+    Do({"document", "Office",
+        "-o",       "Orientation=Landscape",
+        "-o",       "PageSize=B5 (ISO)",
+        "-o",       "InputSlot=Tray 2",
+        "-o",       "Copies=9",
+        "-o",       "Duplex=LongEdge",
+        "-o",       "Scaling=150",
+        "-o",       "Watermark=Enabled",
+        "-o",       "TransmitOnce=On",
+        "-o",       "RenderingIntent=Perceptual",
+        "-o",       "ColorModel=Monochrome",
+        "--apply"});
+    const std::string kept = Do({"document", "Office", "--json"}).out;
+    EXPECT_EQ(Do({"document", "Office", "--defaults", "-l"}).out, lines);
+    EXPECT_EQ(Do({"document", "Office", "-o", "Copies=3", "--defaults", "-l"}).out, copies);
+    EXPECT_EQ(Do({"document", "Office", "--json"}).out, kept) << "not applied";
+    Do({"document", "Office", "--defaults", "--apply"});
+    EXPECT_EQ(Do({"document", "Office", "--json"}).out, fresh);
+}
+
 TEST_F(DocumentPage, TellsTheScalingConflictAndResolvesIt) {
     Install("Office", "T");
     const CommandResult result =

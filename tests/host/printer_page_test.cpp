@@ -22,6 +22,8 @@ TEST_F(PrinterPage, KeepsOptionsSetByHandForThePrinter) {
     EXPECT_EQ(ChoiceNamed(source, "Tray 3")["stop"], true);
     EXPECT_EQ(ChoiceNamed(source, "Tray 2")["enabled"], true);
     EXPECT_THAT(Do({"document", "Office", "-l"}).out, HasSubstr("Tray2 [Tray3] ManualFeed"));
+    Do({"printer", "Office", "--defaults", "--apply"});
+    EXPECT_THAT(Do({"document", "Office", "-l"}).out, HasSubstr("Tray2 Tray3 ManualFeed"));
 }
 
 TEST_F(PrinterPage, FollowsThePrintersAnswerOverBothRoutes) {

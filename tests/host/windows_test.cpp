@@ -106,6 +106,21 @@ TEST_F(PageWindow, KeepsATypedNumberWhenAppliedAndDropsALaterOneOnEscape) {
     EXPECT_EQ(user_.Boxes(), tests::ShownBoxes{});
 }
 
+TEST_F(PageWindow, RestoresDefaultsThatOnlyOkKeeps) {
+    Do({"document", "Office", "-o", "Scaling=150", "-o", "RenderingIntent=Perceptual", "--apply"});
+    for (const auto& [end, kept] : {std::pair{"Cancel", 150}, {"OK", 100}}) {
+        Sheet sheet(PageKind::Document);
+        sheet.GoTo("Scaling");
+        sheet.Press(Qt::Key_D, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return sheet.Button("Apply").isEnabled(); }));
+        EXPECT_EQ(sheet.Tree().currentItem()->text(0), "Scaling: 100 %");
+        EXPECT_TRUE(sheet.Row("Rendering Intent: Saturation").font(0).bold());
+        EXPECT_FALSE(sheet.Row("Copies").font(0).bold());
+        QTest::mouseClick(&sheet.Button(end), Qt::LeftButton);
+        EXPECT_EQ(Kept("Scaling"), kept);
+    }
+}
+
 TEST_F(PageWindow, EnterAppliesAndTheConflictIsTold) {
     Sheet sheet(PageKind::Document);
     sheet.GoTo("Scaling");

@@ -2,6 +2,8 @@
 
 #include <QString>
 #include <algorithm>
+#include <cstdint>
+#include <string>
 
 #include "platform/base/fail.h"
 #include "platform/faults/failure_points.h"

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/faults/failure_points.h"
+#include "platform/gui/windows/fine_image.h"
 #include "platform/gui/windows/window.h"
 #include "platform/spooler/printer_page.h"
 
@@ -28,30 +29,39 @@ struct CopySpan {
     }
 };
 
-void CopyPixels(QImage& target, const QImage& source, CopySpan columns, CopySpan rows) {
-    columns.CutTo(target.width(), source.width());
-    rows.CutTo(target.height(), source.height());
+void CopyPixels(QImage& target, QImage& source, CopySpan columns, CopySpan rows) {
+    const QSize targetSize = LogicalSize(target);
+    const QSize sourceSize = LogicalSize(source);
+    columns.CutTo(targetSize.width(), sourceSize.width());
+    rows.CutTo(targetSize.height(), sourceSize.height());
     if (columns.length <= 0 || rows.length <= 0) return;
-    const QRect from(static_cast<int>(columns.from), static_cast<int>(rows.from),
-                     static_cast<int>(columns.length), static_cast<int>(rows.length));
+    const QSize size(static_cast<int>(columns.length), static_cast<int>(rows.length));
+    const QPoint from(static_cast<int>(columns.from), static_cast<int>(rows.from));
     const QPoint to(static_cast<int>(columns.to), static_cast<int>(rows.to));
-    const bool within = &target == &source;
-    const QImage copied = within ? source.copy(from) : QImage();
-    QPainter painter(&target);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    if (within) {
-        painter.drawImage(to, copied);
-    } else {
-        painter.drawImage(to, source, from);
+    QRect part = FinePixels(source, QRect(from, size));
+    QImage copied = PixelView(source);
+    if (&target == &source) {
+        copied = copied.copy(part);
+        part.moveTo(0, 0);
     }
+    QImage pixels = PixelView(target);
+    QPainter painter(&pixels);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(FinePixels(target, QRect(to, size)), copied, part);
 }
 
 /// The part of a rectangle (right and bottom outside) that lies in an image.
 QRect PartInside(const QImage& image, const RECT& rectangle) {
+    const QSize size = LogicalSize(image);
     const QPoint first(std::max(rectangle.left, 0), std::max(rectangle.top, 0));
-    const QPoint outside(std::clamp(rectangle.right, 0, image.width()),
-                         std::clamp(rectangle.bottom, 0, image.height()));
+    const QPoint outside(std::clamp(rectangle.right, 0, size.width()),
+                         std::clamp(rectangle.bottom, 0, size.height()));
     return QRect(first, outside - QPoint(1, 1));
+}
+
+void FillPixels(QImage& image, const QRect& area, const QColor& color) {
+    QImage pixels = PixelView(image);
+    QPainter(&pixels).fillRect(FinePixels(image, area), color);
 }
 
 /// Device units, rounded to nearest, of a length in tenths of a millimetre.
@@ -109,6 +119,11 @@ QImage* DeviceContext::Pixels() {
     if (surface != Surface::kWindow) return nullptr;
     Window* target = Window::From(window);
     return target == nullptr ? nullptr : &target->Backing();
+}
+
+qreal DeviceContext::Fineness() {
+    const QImage* pixels = Pixels();
+    return pixels == nullptr ? 1.0 : pixels->devicePixelRatio();
 }
 
 void DeviceContext::Show() {
@@ -229,7 +244,7 @@ int WINAPI FillRect(HDC context, const RECT* rectangle, HBRUSH brush) try {
     QImage* pixels = target->Pixels();
     if (pixels == nullptr) return 0;
     const QRect area = platform::PartInside(*pixels, *rectangle);
-    if (!area.isEmpty()) QPainter(pixels).fillRect(area, platform::ColorOf(paint->color));
+    if (!area.isEmpty()) platform::FillPixels(*pixels, area, platform::ColorOf(paint->color));
     target->Show();
     return 1;
 } catch (...) {
@@ -242,7 +257,7 @@ BOOL WINAPI BitBlt(HDC target, int x, int y, int width, int height, HDC source, 
     DeviceContext* from = platform::FindGraphicsObject<DeviceContext>(source);
     if (to == nullptr || from == nullptr) return FALSE;
     QImage* toPixels = to->Pixels();
-    const QImage* fromPixels = from->Pixels();
+    QImage* fromPixels = from->Pixels();
     if (operation != SRCCOPY || toPixels == nullptr || fromPixels == nullptr) {
         return Fail(ERROR_INVALID_PARAMETER);
     }

@@ -19,6 +19,8 @@ struct DeviceContext : GraphicsObject {
 
     /// The image that drawing changes; null for a printer and for a window that is gone.
     QImage* Pixels();
+    /// Pixels of that image in a pixel at 96 dots per inch; 1 where there is none.
+    qreal Fineness();
     /// Brings what was drawn into a window's image onto the screen, at once.
     void Show();
 

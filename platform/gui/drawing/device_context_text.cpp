@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/gui/drawing/device_context.h"
+#include "platform/gui/windows/fine_image.h"
 
 namespace platform {
 namespace {
@@ -40,7 +41,7 @@ void DrawLine(QImage& pixels, const DeviceContext& context, int x, int y, const 
     const QRectF cell = LineCell(font, WidthOf(font, text), context.textAlign);
     const QTransform transform = LineTransform(x, y, context.font->asked.lfEscapement);
     // Far away the painter's own arithmetic would be out of its range.
-    if (!transform.mapRect(cell).intersects(QRectF(pixels.rect()))) return;
+    if (!transform.mapRect(cell).intersects(QRectF(QPointF(), LogicalSize(pixels)))) return;
     QPainter painter(&pixels);
     painter.setRenderHint(QPainter::TextAntialiasing);
     painter.setLayoutDirection(Qt::LeftToRight);

@@ -1,12 +1,14 @@
 #include "platform/gui/drawing/graphics_objects.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <unordered_map>
 
 #include "platform/base/handles.h"
 #include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
 #include "platform/gui/drawing/device_context.h"
+#include "platform/gui/windows/fine_image.h"
 
 namespace platform {
 namespace {
@@ -36,8 +38,8 @@ std::unordered_map<const void*, GraphicsObject*>& ObjectsAlive() {
     return alive;
 }
 
-QImage WhiteImage(int width, int height) {
-    QImage image(width, height, QImage::Format_RGB32);
+QImage WhiteImage(int width, int height, qreal fineness) {
+    QImage image = FineImage(QSize(width, height), fineness);
     if (!image.isNull()) image.fill(Qt::white);
     return image;
 }
@@ -67,7 +69,7 @@ GraphicsObject* FindGraphicsObject(const void* handle) {
 }
 
 Bitmap& StockBitmap() {
-    static auto& bitmap = *new Bitmap(WhiteImage(1, 1), GraphicsObject::Lifetime::kStock);
+    static auto& bitmap = *new Bitmap(WhiteImage(1, 1, 1), GraphicsObject::Lifetime::kStock);
     return bitmap;
 }
 
@@ -93,14 +95,15 @@ using platform::GraphicsObject;
 // failure point: nobody could mend their failure, and each would count as a leak.
 
 HBITMAP WINAPI CreateCompatibleBitmap(HDC context, int width, int height) try {
-    if (platform::ContextForCall("CreateCompatibleBitmap", context) == nullptr) return nullptr;
+    platform::DeviceContext* model = platform::ContextForCall("CreateCompatibleBitmap", context);
+    if (model == nullptr) return nullptr;
     const int columns = width == 0 || height == 0 ? 1 : width;
     const int rows = width == 0 || height == 0 ? 1 : height;
     if (columns < 0 || rows < 0 || columns > platform::kLongestSide ||
         rows > platform::kLongestSide || std::int64_t{columns} * rows > platform::kMostPixels) {
         return Fail<HBITMAP>(ERROR_INVALID_PARAMETER);
     }
-    QImage pixels = platform::WhiteImage(columns, rows);
+    QImage pixels = platform::WhiteImage(columns, rows, model->Fineness());
     if (pixels.isNull()) return Fail<HBITMAP>(ERROR_NOT_ENOUGH_MEMORY);
     return static_cast<HBITMAP>((new Bitmap(std::move(pixels)))->Handle());
 } catch (...) {

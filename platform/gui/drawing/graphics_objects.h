@@ -42,7 +42,7 @@ struct Bitmap : GraphicsObject {
     explicit Bitmap(QImage image, Lifetime lifetime = Lifetime::kCounted)
         : GraphicsObject(kKind, lifetime), pixels(std::move(image)) {}
 
-    QImage pixels;  ///< `QImage::Format_RGB32`
+    QImage pixels;  ///< `QImage::Format_RGB32`, as fine as its screen
 };
 
 struct Font : GraphicsObject {

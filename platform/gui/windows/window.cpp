@@ -5,6 +5,7 @@
 #include "platform/base/fail.h"
 #include "platform/base/handles.h"
 #include "platform/faults/live_objects.h"
+#include "platform/gui/windows/fine_image.h"
 
 namespace platform {
 namespace {
@@ -76,10 +77,14 @@ QFont Window::Font() const {
     return widget_ == nullptr ? QFont() : widget_->font();
 }
 
+bool Window::BackingFits() const {
+    return !backing_.isNull() && backing_.devicePixelRatio() == FinenessOf(widget_) &&
+           LogicalSize(backing_) == ClientSize().expandedTo(QSize(1, 1));
+}
+
 QImage& Window::Backing() {
-    const QSize size = ClientSize().expandedTo(QSize(1, 1));
-    if (backing_.size() != size) {
-        backing_ = QImage(size, QImage::Format_RGB32);
+    if (!BackingFits()) {
+        backing_ = FineImage(ClientSize().expandedTo(QSize(1, 1)), FinenessOf(widget_));
         backing_.fill(widget_ == nullptr ? Qt::white : widget_->palette().color(QPalette::Window));
         drawn_ = false;
     }
@@ -94,7 +99,7 @@ void Window::ShowBacking() {
 }
 
 bool Window::HasDrawing() const {
-    return drawn_ && backing_.size() == ClientSize();
+    return drawn_ && BackingFits();
 }
 
 void Window::Place(const QRect& place) {

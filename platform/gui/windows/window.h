@@ -37,9 +37,9 @@ public:
     [[nodiscard]] QPoint ClientOrigin() const;                  ///< on the screen
     [[nodiscard]] QFont Font() const;  ///< the font of the dialog's template
 
-    /// What device contexts of this window draw into: of the client size, at first in the colour
-    /// of the window. A change of the client size begins a new image. An empty client area has an
-    /// image of one pixel.
+    /// What device contexts of this window draw into: of the client size at the resolution of the
+    /// screen, at first in the colour of the window. A change of either begins a new image. An
+    /// empty client area has an image of one pixel.
     QImage& Backing();
     /// Shows the image, at once when the window is on the screen.
     void ShowBacking();
@@ -65,6 +65,8 @@ private:
     int controlId_;
     HWND handle_;
     QWidget* widget_ = nullptr;
+    [[nodiscard]] bool BackingFits() const;
+
     QImage backing_;
     bool drawn_ = false;
 };
