@@ -75,7 +75,12 @@ std::map<const ModuleImage*, Mapped>::iterator Find(HINSTANCE handle) {
     return isOpen ? found : modules.end();
 }
 
-// The file of a module in use, by its bare name.
+std::u16string WithEnding(std::u16string name) {
+    const std::size_t lastPart = name.find_last_of(u"\\/:") + 1;
+    return name.find(u'.', lastPart) == std::u16string::npos ? name + u".dll" : name;
+}
+
+// The file of a module in use, by its bare name with its ending; empty when none is.
 fs::path FileInUse(std::u16string_view name) {
     const std::lock_guard lock(mutex);
     for (const auto& [image, mapped] : Modules()) {
@@ -85,27 +90,13 @@ fs::path FileInUse(std::u16string_view name) {
     return {};
 }
 
-fs::path FindLibrary(std::u16string name) {
-    const std::size_t lastPart = name.find_last_of(u"\\/:") + 1;
-    if (name.find(u'.', lastPart) == std::u16string::npos) name += u".dll";
+fs::path FindLibrary(const std::u16string& fileName) {
+    const std::u16string name = WithEnding(fileName);
     if (MachineFolder().empty()) return {};
-    if (lastPart != 0) return ExistingFile(name);
+    if (name.find_first_of(u"\\/:") != std::u16string::npos) return ExistingFile(name);
     if (fs::path used = FileInUse(name); !used.empty()) return used;
     const fs::path windows = MachineFolder() / "Windows";
     return FindFile({ProgramFolder(), windows / "System32", windows, CurrentFolder()}, name);
-}
-
-// The file of the module that is mapped under a name; empty when none is.
-fs::path MappedFile(std::u16string name) {
-    if (name.find(u'.') == std::u16string::npos) name += u".dll";
-    const std::lock_guard lock(mutex);
-    for (const auto& [image, mapped] : Modules()) {
-        if (mapped.uses == 0) continue;
-        if (EqualIgnoringUnicodeCase(Utf16(mapped.file.filename().native()), name)) {
-            return mapped.file;
-        }
-    }
-    return {};
 }
 
 // Counts one more use of a shared object that has just been opened.
@@ -287,7 +278,7 @@ BOOL WINAPI GetModuleHandleExW(DWORD flags, LPCWSTR moduleName, HMODULE* module)
         return Fail(ERROR_INVALID_PARAMETER);
     }
     *module = nullptr;
-    const std::filesystem::path file = platform::MappedFile(moduleName);
+    const std::filesystem::path file = platform::FileInUse(platform::WithEnding(moduleName));
     void* library = file.empty() ? nullptr : dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD);
     if (library == nullptr) return Fail(ERROR_MOD_NOT_FOUND);
     *module = UseOpened(library);
