@@ -9,7 +9,6 @@
 #include <string>
 #include <thread>
 
-#include "platform/faults/failure_points.h"
 #include "platform/faults/live_objects.h"
 #include "tests/support/loopback_printer.h"
 #include "tests/support/machine_fixture.h"
@@ -149,17 +148,6 @@ TEST_F(Sockets, WaitOverInterruptingSignals) {
     other.join();
     sigaction(SIGUSR1, &before, nullptr);
     EXPECT_EQ(closesocket(stream), 0);
-}
-
-TEST_F(Sockets, AnArmedFailureIsReportedAndDoesNothing) {
-    {
-        const platform::FailurePlan plan("socket", 1, WSAEMFILE);
-        EXPECT_EQ(socket(AF_INET, SOCK_STREAM, 0), INVALID_SOCKET);
-    }
-    EXPECT_EQ(WSAGetLastError(), WSAEMFILE);
-    const platform::FailurePlan plan("WSAStartup", 1, 10091);
-    WSADATA details = {};
-    EXPECT_EQ(WSAStartup(0x0101, &details), 10091);
 }
 
 TEST(InternetAddress, IsReadAsThePlatformReadsIt) {
