@@ -95,12 +95,15 @@ DWORD UseHeapAndText() {
     return outcome.Error();
 }
 
-DWORD UseModulesAndPrograms() {
+DWORD UseModulesProgramsSocketsAndSpooler() {
     Outcome outcome;
     WCHAR name[MAX_PATH];
     WCHAR line[] = u"PROGRAM.EXE with its arguments";
     STARTUPINFOW startup = {};
     PROCESS_INFORMATION process = {};
+    WSADATA details = {};
+    DWORD needed = 0;
+    DWORD count = 0;
     outcome.Do([&] { return ::GetModuleFileNameW(nullptr, name, MAX_PATH); });
     outcome.Do([] {
         return ::LoadLibraryW(u"any") == nullptr && ::GetLastError() == ERROR_MOD_NOT_FOUND;
@@ -111,14 +114,6 @@ DWORD UseModulesAndPrograms() {
     });
     ::CloseHandle(process.hThread);
     ::CloseHandle(process.hProcess);
-    return outcome.Error();
-}
-
-DWORD UseSocketsAndSpooler() {
-    Outcome outcome;
-    WSADATA details = {};
-    DWORD needed = 0;
-    DWORD count = 0;
     ::WSAStartup(0x0101, &details);
     outcome.Do([] { return ::gethostbyname("localhost"); });
     outcome.Do([] { return ::socket(AF_INET, SOCK_STREAM, IPPROTO_TCP) != INVALID_SOCKET; });
@@ -157,7 +152,7 @@ TEST_F(LittleMemory, FailsACallAndNothingElse) {
     std::filesystem::permissions(WriteFile("Windows/PROGRAM.EXE", "#!/bin/sh\n"),
                                  std::filesystem::perms::owner_all);
     for (const auto use :
-         {UseRegistry, UseHeapAndText, UseModulesAndPrograms, UseSocketsAndSpooler, UseWindows}) {
+         {UseRegistry, UseHeapAndText, UseModulesProgramsSocketsAndSpooler, UseWindows}) {
         ASSERT_EQ(use(), 0U) << "with all memory";
         const auto open = platform::LiveObjects();
         for (int place = 0; hasRunOut || place == 0; ++place) {

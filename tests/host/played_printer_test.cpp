@@ -117,10 +117,8 @@ TEST_F(PlayCommand, WritesItsLogAndEndsByItself) {
     Do({"play-printer", "--address", PrinterThread::Address(), "--for", "1", "--log", log});
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
     EXPECT_EQ(std::filesystem::file_size(log), 19 + PrinterThread::Address().size());
-    const CommandResult full =
-        Run({"play-printer", "--address", PrinterThread::Address(), "--log", "/dev/full"});
-    EXPECT_EQ(full.code, 1);
-    EXPECT_NE(full.err.find("/dev/full cannot be written"), std::string::npos) << full.err;
+    EXPECT_EQ(
+        Run({"play-printer", "--address", PrinterThread::Address(), "--log", "/dev/full"}).code, 1);
 }
 
 }  // namespace
