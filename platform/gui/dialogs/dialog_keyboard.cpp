@@ -53,7 +53,8 @@ bool FollowMnemonic(Dialog& dialog, const Control* focused, QChar letter) {
         Control* target = NextAfter(controls, named, IsOpenTabStop);
         if (target == nullptr) return true;
         target->GiveFocus();
-        // Whoever lost the focus may have set an edit's text anew; here it is selected all the same.
+        // Whoever lost the focus may have set an edit's text anew; here it is selected all the
+        // same.
         target->GiveFocus();
     } else {
         named->GiveFocus();
