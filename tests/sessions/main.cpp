@@ -1,7 +1,8 @@
 // Plays sessions made of seeds and writes their traces, for a comparison of two platforms. Exit
 // code 2 when not understood.
 //   sessions FIRST COUNT [--out FILE] [--actions 0,3,7]
-//   sessions --kept FILE [--out FILE]     a seed a line, then perhaps the actions that are played
+//   sessions --kept FILE [--out FILE | --expect FILE]     a seed a line, then perhaps the actions
+//   that are played
 
 #include <cstdlib>
 #include <fstream>
@@ -25,6 +26,7 @@ struct Chosen {
 struct Choice {
     std::vector<Chosen> sessions;
     std::string out;
+    std::string expected;
 };
 
 std::uint64_t Number(const std::string& text) {
@@ -60,6 +62,8 @@ bool Parse(const std::vector<std::string>& words, Choice* choice) {
         const std::string& value = words[i + 1];
         if (words[i] == "--out") {
             choice->out = value;
+        } else if (words[i] == "--expect") {
+            choice->expected = value;
         } else if (words[i] == "--kept") {
             choice->sessions = ReadKept(value);
         } else if (words[i] == "--actions") {
@@ -90,6 +94,22 @@ void PlayAll(const std::vector<Chosen>& chosen, std::ostream* trace) {
     }
 }
 
+/// Tells the first line that is not as it was, and the line that names its session.
+bool IsAsExpected(std::istream* trace, const std::string& name) {
+    std::ifstream file(name);
+    std::string session;
+    std::string line;
+    std::string expected;
+    while (std::getline(file, expected)) {
+        std::getline(*trace, line);
+        if (line.starts_with("===")) session = line;
+        if (line == expected) continue;
+        std::cout << session << "\nexpected: " << expected << "\nnow:      " << line << '\n';
+        return false;
+    }
+    return !std::getline(*trace, line);
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -103,6 +123,11 @@ int main(int count, char** arguments) {
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     ::setenv("QT_LOGGING_RULES", "default.warning=false", 1);  // about what offscreen cannot do
 #endif
+    if (!choice.expected.empty()) {
+        std::stringstream trace;
+        PlayAll(choice.sessions, &trace);
+        return IsAsExpected(&trace, choice.expected) ? 0 : 1;
+    }
     if (choice.out.empty()) {
         PlayAll(choice.sessions, &std::cout);
     } else {

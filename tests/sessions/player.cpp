@@ -1,6 +1,7 @@
 #include "tests/sessions/player.h"
 
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -88,6 +89,7 @@ private:
     bool AtPage(const Action& action);
     bool InEditor(const Action& action);
     [[nodiscard]] bool IsUnsettledKey(int key) const;
+    bool Drop(int steps);
     void WorkInEditor();
     void Edit();
     LONG Report(WORD reason, OPTITEM* current = nullptr);
@@ -220,6 +222,8 @@ bool Player::Performance::InEditor(const Action& action) {
             return user_.Paste(action.text);
         case Verb::kKey:
             return !IsUnsettledKey(action.number) && user_.PressKey(action.number);
+        case Verb::kDrop:
+            return Drop(action.number);
         case Verb::kMnemonic:
             return user_.PressKey(action.number, true);
         default:
@@ -234,6 +238,14 @@ bool Player::Performance::IsUnsettledKey(int key) const {
     if (key < VK_LEFT || key > VK_DOWN) return false;
     const auto kind = editor_->FocusedKind();
     return kind == kButton || kind == kCheck || kind == kUpDown;
+}
+
+/// Opened and closed again at once: what a letter with Alt does to an open list is not documented.
+bool Player::Performance::Drop(int steps) {
+    if (editor_->FocusedKind() != tests::ControlKind::kList) return false;
+    user_.PressKey(VK_F4);
+    for (int i = std::abs(steps); i > 0; --i) user_.PressKey(steps > 0 ? VK_DOWN : VK_UP);
+    return user_.PressKey(agrees_ ? VK_RETURN : VK_ESCAPE);
 }
 
 void Player::Performance::Edit() {

@@ -22,7 +22,7 @@ constexpr auto kUpDowns = std::to_array<int>(
 // Without the page keys: how far they go in a list depends on the height of a line.
 constexpr auto kKeys =
     std::to_array<int>({VK_TAB, VK_TAB, VK_TAB, VK_RETURN, VK_ESCAPE, VK_SPACE, VK_UP, VK_DOWN,
-                        VK_LEFT, VK_RIGHT, VK_HOME, VK_END, VK_BACK, VK_DELETE, VK_F4});
+                        VK_LEFT, VK_RIGHT, VK_HOME, VK_END, VK_BACK, VK_DELETE});
 // Without a plus, and without a minus where it can only be pasted: the third party reads such
 // numbers where the platform reads none.
 constexpr auto kTyped = std::to_array<LPCWSTR>(
@@ -101,7 +101,9 @@ Action MakeHandAction(Dice* dice) {
 }
 
 Action MakeKeyAction(Dice* dice) {
-    switch (dice->Below(6)) {
+    switch (dice->Below(7)) {
+        case 3:
+            return {Verb::kDrop, dice->Between(-3, 3)};
         case 0:
             return {Verb::kType, 0, 0, dice->Pick(kTyped)};
         case 1:
@@ -163,7 +165,7 @@ Opening MakeOpening(Dice* dice) {
 
 constexpr auto kVerbs = std::to_array<const char*>(
     {"report", "select", "driver's item", "copies", "color", "edit", "click", "replace", "choose",
-     "step", "type", "paste", "key", "mnemonic", "close"});
+     "step", "type", "paste", "key", "drop", "mnemonic", "close"});
 
 }  // namespace
 

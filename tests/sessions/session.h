@@ -45,6 +45,7 @@ enum class Verb {
     kType,      ///< types to whatever has the focus
     kPaste,     ///< pastes into the edit that has the focus
     kKey,       ///< `number` is the virtual key
+    kDrop,      ///< opens the list with the focus, goes `number` items on, Enter or Escape
     kMnemonic,  ///< Alt and the letter `number`
     kClose,     ///< the close box
 };

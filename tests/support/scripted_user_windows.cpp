@@ -139,7 +139,8 @@ ScriptedUser::~ScriptedUser() {
 bool ScriptedUser::Click(int controlId) {
     const HWND control = ::GetDlgItem(dialog_, controlId);
     if (!Usable(control)) return false;
-    ::SetFocus(control);
+    // As the dialog does it: a push button that has the focus is the one that Enter presses.
+    ::SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
     ::SendMessageW(control, BM_CLICK, 0, 0);
     return true;
 }
@@ -157,7 +158,11 @@ bool ScriptedUser::TypeText(int editId, const Text& text) {
 bool ScriptedUser::Type(const Text& text) {
     for (const WCHAR character : text) {
         if (!::IsWindowVisible(dialog_)) return true;
-        GiveKey(dialog_, WM_CHAR, character, 1);
+        if (character == TEXT(' ')) {  // a button takes the key, not the character
+            PressKey(VK_SPACE);
+        } else {
+            GiveKey(dialog_, WM_CHAR, character, 1);
+        }
     }
     return true;
 }

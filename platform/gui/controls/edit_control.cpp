@@ -136,8 +136,9 @@ void EditControl::NotifyChange() {
 }
 
 void EditControl::GiveFocus() {
-    Control::GiveFocus();
+    // First: who loses the focus may make the program set this text anew, and nothing is selected.
     SelectAll();
+    Control::GiveFocus();
 }
 
 LRESULT EditControl::Receive(UINT message, WPARAM first, LPARAM) {

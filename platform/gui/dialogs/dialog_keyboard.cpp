@@ -51,7 +51,11 @@ bool FollowMnemonic(Dialog& dialog, const Control* focused, QChar letter) {
     if (named == nullptr) return false;
     if (named->Kind() == WindowKind::kStatic) {
         Control* target = NextAfter(controls, named, IsOpenTabStop);
-        if (target != nullptr) target->GiveFocus();
+        if (target == nullptr) return true;
+        target->GiveFocus();
+        // Whoever lost the focus may have set an edit's text anew; here it is selected all the
+        // same.
+        target->GiveFocus();
     } else {
         named->GiveFocus();
         named->Press();
