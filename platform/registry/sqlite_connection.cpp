@@ -197,7 +197,8 @@ DWORD Connection::Examine(const std::filesystem::path& file, bool* isEmpty) {
     if (*isEmpty) return ERROR_SUCCESS;
     if (format != kFormat) return format > kFormat ? ERROR_UNKNOWN_REVISION : ERROR_BADDB;
     std::int64_t isWhole = 0;
-    result = Number("SELECT quick_check = 'ok' FROM pragma_quick_check(1)", &isWhole);
+    // Without the number of complaints wanted: some versions take it for a table's name.
+    result = Number("SELECT quick_check = 'ok' FROM pragma_quick_check LIMIT 1", &isWhole);
     if (result != SQLITE_OK) return ErrorFromSqlite(result);
     return isWhole != 0 ? ERROR_SUCCESS : ERROR_BADDB;
 }
