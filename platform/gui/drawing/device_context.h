@@ -19,6 +19,9 @@ struct DeviceContext : GraphicsObject {
 
     /// The image that drawing changes; null for a printer and for a window that is gone.
     QImage* Pixels();
+    /// The text in the image that was drawn last; empty when there is none.
+    [[nodiscard]] QString Words() const;
+    void SetWords(const QString& words);
     /// Brings what was drawn into a window's image onto the screen, at once.
     void Show();
 
