@@ -1,5 +1,6 @@
 #include "platform/gui/controls/drop_down_list.h"
 
+#include <QAccessible>
 #include <QFrame>
 #include <QKeyEvent>
 #include <algorithm>
@@ -101,6 +102,8 @@ LRESULT DropDownList::Delete(WPARAM index) {
 void DropDownList::Select(int index) {
     selection_ = index;
     Widget()->update();
+    QAccessibleValueChangeEvent changed(Widget(), Text());
+    QAccessible::updateAccessibility(&changed);
     if (open_) popup_->ShowSelection();
 }
 
@@ -139,6 +142,10 @@ void DropDownList::Close(bool accepted) {
     if (!open_) return;
     open_ = false;
     popup_->hide();
+    if (Widget()->hasFocus()) {  // assistive programs had it with the items
+        QAccessibleEvent back(Widget(), QAccessible::Focus);
+        QAccessible::updateAccessibility(&back);
+    }
     Notify(accepted ? CBN_SELENDOK : CBN_SELENDCANCEL);
     Notify(CBN_CLOSEUP);
 }
@@ -147,6 +154,10 @@ void DropDownList::Pick(int index) {
     Select(index);
     Close(true);
     Notify(CBN_SELCHANGE);
+}
+
+QListWidget* DropDownList::ItemsWidget() const {
+    return popup_ == nullptr ? nullptr : popup_->Items();
 }
 
 QWidget* DropDownList::ItemPlace(int index, QRect* place) const {

@@ -5,6 +5,8 @@
 
 #include "platform/gui/controls/control.h"
 
+class QListWidget;
+
 namespace platform {
 
 class DropDownList : public Control {
@@ -32,6 +34,8 @@ public:
     void Close(bool accepted);
     /// The user picks an item of the open list.
     void Pick(int index);
+    /// What shows the items when the list is open; null while the list is being made.
+    [[nodiscard]] QListWidget* ItemsWidget() const;
     /// The open list's widget that shows item `index`, and the item's place in it.
     QWidget* ItemPlace(int index, QRect* place) const;
 
@@ -56,7 +60,7 @@ private:
     [[nodiscard]] int DroppedWidth() const;
 
     std::vector<Item> items_;
-    Popup* popup_;
+    Popup* popup_ = nullptr;
     int selection_ = -1;
     int droppedWidth_ = 0;   ///< pixels, as asked for
     int droppedHeight_ = 0;  ///< pixels of the open list

@@ -41,7 +41,6 @@ bool AreDigits(const QString& text) {
 class EditControl::Face : public QLineEdit {
 public:
     Face(EditControl& control, QWidget* parent) : QLineEdit(parent), control_(control) {
-        setMaxLength(std::numeric_limits<int>::max());
         setDragEnabled(false);
         setAcceptDrops(false);
     }
@@ -93,9 +92,7 @@ protected:
     }
 
 private:
-    void Paste(QClipboard::Mode mode) {
-        control_.Type(FirstLine(QApplication::clipboard()->text(mode)));
-    }
+    void Paste(QClipboard::Mode mode) { control_.Type(QApplication::clipboard()->text(mode)); }
 
     EditControl& control_;
 };
@@ -106,6 +103,8 @@ EditControl::EditControl(ControlOwner& owner, const ControlTemplate& made)
       digitsOnly_((made.Style & ES_NUMBER) != 0),
       limit_(kDefaultLimit) {
     Equip(face_);
+    // Tells assistive programs of itself at once: not before it is known as a control.
+    face_->setMaxLength(std::numeric_limits<int>::max());
     face_->setText(QString::fromStdU16String(made.Text));
     QObject::connect(face_, &QLineEdit::textChanged, face_, [this] { NotifyChange(); });
 }
@@ -139,7 +138,8 @@ void EditControl::FocusChanged(bool has) {
     Notify(has ? EN_SETFOCUS : EN_KILLFOCUS);
 }
 
-void EditControl::Type(const QString& text) {
+void EditControl::Type(const QString& typed) {
+    const QString text = FirstLine(typed);
     if (digitsOnly_ && !AreDigits(text)) return;
     const auto kept = static_cast<std::size_t>(face_->text().size() - face_->selectedText().size());
     const std::size_t room = limit_ > kept ? limit_ - kept : 0;

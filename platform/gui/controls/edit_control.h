@@ -20,8 +20,9 @@ public:
 
     /// The up-down that the arrow keys step.
     void SetUpDown(UpDown* upDown) { upDown_ = upDown; }
-    /// What a user types or pastes: cut to the limit, digits alone where only they are taken.
-    void Type(const QString& text);
+    /// What a user types or pastes: its first line, cut to the limit, digits alone where only they
+    /// are taken.
+    void Type(const QString& typed);
 
 private:
     class Face;
