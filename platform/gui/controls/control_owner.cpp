@@ -1,8 +1,14 @@
 #include "platform/gui/controls/control_owner.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
+
+ControlOwner::~ControlOwner() {
+    // Whoever asks while they go finds no control any more, rather than half of one.
+    const auto going = std::move(controls_);
+}
 
 Control* ControlOwner::Find(int controlId) const {
     const auto found = std::ranges::find(controls_, controlId, &Control::ControlId);

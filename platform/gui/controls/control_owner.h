@@ -29,6 +29,7 @@ public:
 
 protected:
     using Window::Window;
+    ~ControlOwner() override;
     void Add(std::unique_ptr<Control> control) { controls_.push_back(std::move(control)); }
 
 private:

@@ -1,5 +1,6 @@
 #include "platform/gui/controls/drop_down_list.h"
 
+#include <QAccessible>
 #include <QFrame>
 #include <QKeyEvent>
 #include <algorithm>
@@ -100,6 +101,8 @@ LRESULT DropDownList::Delete(WPARAM index) {
 void DropDownList::Select(int index) {
     selection_ = index;
     Widget()->update();
+    QAccessibleValueChangeEvent changed(Widget(), Text());
+    QAccessible::updateAccessibility(&changed);
     if (open_ && popup_ != nullptr) popup_->ShowSelection();
 }
 
@@ -132,7 +135,7 @@ void DropDownList::Open() {
     open_ = true;
     Notify(CBN_DROPDOWN);
     if (!open_ || !Widget()->isVisible()) return;
-    if (popup_ == nullptr) popup_ = new Popup(*this, Widget());
+    MakePopup();
     popup_->Drop(DroppedWidth(), droppedHeight_);
 }
 
@@ -140,6 +143,10 @@ void DropDownList::Close(bool accepted) {
     if (!open_) return;
     open_ = false;
     if (popup_ != nullptr) popup_->hide();
+    if (Widget()->hasFocus()) {  // assistive programs had it with the items
+        QAccessibleEvent back(Widget(), QAccessible::Focus);
+        QAccessible::updateAccessibility(&back);
+    }
     Notify(accepted ? CBN_SELENDOK : CBN_SELENDCANCEL);
     Notify(CBN_CLOSEUP);
 }
@@ -148,6 +155,19 @@ void DropDownList::Pick(int index) {
     Select(index);
     Close(true);
     Notify(CBN_SELCHANGE);
+}
+
+QListWidget* DropDownList::ItemsWidget() {
+    MakePopup();
+    return popup_ == nullptr ? nullptr : popup_->Items();
+}
+
+void DropDownList::MakePopup() {
+    // A new widget tells assistive programs of itself, which may ask for it before it is there.
+    if (popup_ != nullptr || makesPopup_ || Widget() == nullptr) return;
+    makesPopup_ = true;
+    popup_ = new Popup(*this, Widget());
+    makesPopup_ = false;
 }
 
 QWidget* DropDownList::ItemPlace(int index, QRect* place) const {

@@ -5,6 +5,8 @@
 
 #include "platform/gui/controls/control.h"
 
+class QListWidget;
+
 namespace platform {
 
 class DropDownList : public Control {
@@ -32,6 +34,9 @@ public:
     void Close(bool accepted);
     /// The user picks an item of the open list.
     void Pick(int index);
+    /// What shows the items when the list is open, made when it is first needed; null while the
+    /// control itself is being made.
+    [[nodiscard]] QListWidget* ItemsWidget();
     /// The open list's widget that shows item `index`, and the item's place in it; null when the
     /// list has never dropped.
     QWidget* ItemPlace(int index, QRect* place) const;
@@ -55,9 +60,11 @@ private:
     /// The user moves to an item by key or wheel.
     void MoveTo(int index);
     [[nodiscard]] int DroppedWidth() const;
+    void MakePopup();
 
     std::vector<Item> items_;
-    Popup* popup_ = nullptr;  ///< made when it is first opened
+    Popup* popup_ = nullptr;  ///< made when it is first needed
+    bool makesPopup_ = false;
     int selection_ = -1;
     int droppedWidth_ = 0;   ///< pixels, as asked for
     int droppedHeight_ = 0;  ///< pixels of the open list

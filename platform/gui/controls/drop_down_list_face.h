@@ -33,6 +33,7 @@ public:
     void Drop(int width, int height);
     void ShowSelection();
     QWidget* ItemPlace(int index, QRect* place) const;
+    [[nodiscard]] QListWidget* Items() const { return items_; }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -41,7 +41,6 @@ bool AreDigits(const QString& text) {
 class EditControl::Face : public QLineEdit {
 public:
     Face(EditControl& control, QWidget* parent) : QLineEdit(parent), control_(control) {
-        setMaxLength(std::numeric_limits<int>::max());
         setDragEnabled(false);
         setAcceptDrops(false);
     }
@@ -109,6 +108,8 @@ EditControl::EditControl(ControlOwner& owner, const ControlTemplate& made)
       digitsOnly_((made.Style & ES_NUMBER) != 0),
       limit_(kDefaultLimit) {
     Equip(face_);
+    // Tells assistive programs of itself at once: not before it is known as a control.
+    face_->setMaxLength(std::numeric_limits<int>::max());
     face_->setText(QString::fromStdU16String(made.Text));
     QObject::connect(face_, &QLineEdit::textChanged, face_, [this] { NotifyChange(); });
 }

@@ -14,6 +14,11 @@ constexpr DWORD kStaticTypeMask = 0x1F;
 constexpr int kTitleIndent = 8;  // pixels from the frame's left side
 constexpr int kTitleGap = 3;     // pixels of the top line left out on each side of the title
 
+bool IsFrame(DWORD style) {
+    const DWORD type = style & kStaticTypeMask;
+    return type == SS_BLACKFRAME || type == SS_WHITEFRAME;
+}
+
 /// Paints in the control's stead.
 class Face : public QWidget {
 public:
@@ -39,7 +44,7 @@ protected:
         QPainter painter(this);
         if (control_.HasDrawing()) {
             painter.drawImage(0, 0, control_.Backing());
-        } else if (type_ == SS_BLACKFRAME || type_ == SS_WHITEFRAME) {
+        } else if (IsFrame(type_)) {
             painter.setPen(type_ == SS_BLACKFRAME ? Qt::black : Qt::white);
             painter.drawRect(rect().adjusted(0, 0, -1, -1));
         } else {
@@ -78,14 +83,18 @@ protected:
 
 }  // namespace
 
-StaticControl::StaticControl(ControlOwner& owner, const ControlTemplate& made, QWidget* face)
-    : Control(WindowKind::kStatic, owner, made), text_(QString::fromStdU16String(made.Text)) {
+StaticControl::StaticControl(ControlOwner& owner, const ControlTemplate& made, QWidget* face,
+                             StaticLook look)
+    : Control(WindowKind::kStatic, owner, made),
+      text_(QString::fromStdU16String(made.Text)),
+      look_(look) {
     Equip(face);
 }
 
 StaticControl::StaticControl(ControlOwner& owner, const ControlTemplate& made)
     : StaticControl(owner, made,
-                    new StaticFace(*this, owner.Widget(), made.Style & kStaticTypeMask)) {}
+                    new StaticFace(*this, owner.Widget(), made.Style & kStaticTypeMask),
+                    IsFrame(made.Style) ? StaticLook::kFrame : StaticLook::kLabel) {}
 
 void StaticControl::Place(const QRect& place) {
     // Templates are measured with the platform's own face; a label must not lose its last letter
@@ -100,6 +109,6 @@ void StaticControl::SetText(const QString& text) {
 }
 
 GroupBox::GroupBox(ControlOwner& owner, const ControlTemplate& made)
-    : StaticControl(owner, made, new GroupBoxFace(*this, owner.Widget())) {}
+    : StaticControl(owner, made, new GroupBoxFace(*this, owner.Widget()), StaticLook::kGroupBox) {}
 
 }  // namespace platform

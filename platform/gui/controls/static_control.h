@@ -5,19 +5,23 @@
 
 namespace platform {
 
+enum class StaticLook { kLabel, kFrame, kGroupBox };
+
 /// A label, or a frame, which shows what is drawn into it.
 class StaticControl : public Control {
 public:
     StaticControl(ControlOwner& owner, const ControlTemplate& made);
     [[nodiscard]] QString Text() const override { return text_; }
+    [[nodiscard]] StaticLook Look() const { return look_; }
     void SetText(const QString& text) override;
     void Place(const QRect& place) override;
 
 protected:
-    StaticControl(ControlOwner& owner, const ControlTemplate& made, QWidget* face);
+    StaticControl(ControlOwner& owner, const ControlTemplate& made, QWidget* face, StaticLook look);
 
 private:
     QString text_;
+    StaticLook look_;
 };
 
 /// A frame with a title in its top line.

@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include <QAccessible>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLocale>
@@ -141,17 +142,25 @@ void UpDown::StepByKey(int direction) {
     if ((style_ & UDS_ARROWKEYS) != 0 && Widget()->isEnabled()) Step(direction);
 }
 
-void UpDown::Step(int amount) {
-    if (buddy_ == nullptr || (style_ & UDS_SETBUDDYINT) == 0) return;
-    const int direction = lowest_ <= highest_ ? amount : -amount;
-    const auto [low, high] = std::minmax(lowest_, highest_);
+int UpDown::Number() const {
     bool isNumber = false;
-    const int number = buddy_->Text().trimmed().remove(kThousandsSeparator).toInt(&isNumber);
-    if (isNumber && number >= low && number <= high) position_ = number;
-    const int next = std::clamp(position_ + direction, low, high);
+    const int number = buddy_ == nullptr ? 0 : buddy_->Text().trimmed().remove(kThousandsSeparator).toInt(&isNumber);
+    return isNumber && number >= Lowest() && number <= Highest() ? number : position_;
+}
+
+void UpDown::Step(int amount) {
+    MoveTo(Number() + (lowest_ <= highest_ ? amount : -amount));
+}
+
+void UpDown::MoveTo(int number) {
+    if (buddy_ == nullptr || (style_ & UDS_SETBUDDYINT) == 0) return;
+    position_ = Number();
+    const int next = std::clamp(number, Lowest(), Highest());
     if (next == position_) return;
     position_ = next;
     buddy_->SetText(Written(next));
+    QAccessibleValueChangeEvent changed(Widget(), next);
+    QAccessible::updateAccessibility(&changed);
 }
 
 }  // namespace platform

@@ -1,6 +1,8 @@
 /// Up-downs: a pair of arrows that step the number in a buddy edit.
 #pragma once
 
+#include <algorithm>
+
 #include "platform/gui/controls/control.h"
 
 namespace platform {
@@ -17,6 +19,12 @@ public:
     void FindBuddy();
     /// One step up (+1) or down (-1) by an arrow key; nothing when disabled or not of that style.
     void StepByKey(int direction);
+    [[nodiscard]] int Lowest() const { return std::min(lowest_, highest_); }
+    [[nodiscard]] int Highest() const { return std::max(lowest_, highest_); }
+    /// The buddy's number when it is one within the range, else the last that was.
+    [[nodiscard]] int Number() const;
+    /// Writes a number, cut to the range, into the buddy, as steps to it would.
+    void MoveTo(int number);
 
 private:
     class Face;

@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "platform/base/fail.h"
+#include "platform/gui/accessibility/accessible_factory.h"
 #include "platform/gui/controls/button_control.h"
 #include "platform/gui/controls/control_factory.h"
 #include "platform/gui/controls/focus.h"
@@ -31,6 +32,7 @@ Dialog::Dialog(const DialogTemplate& made, Window* owner, DLGPROC procedure)
 std::unique_ptr<Dialog> Dialog::Make(const DialogTemplate& made, Window* owner, DLGPROC procedure) {
     EnsureApplication();
     FollowFocus();
+    DescribeDialogsToReaders();
     const DialogUnits units(made);
     std::unique_ptr<Dialog> dialog(new Dialog(made, owner, procedure));
     dialog->frame_->setFont(units.Font());

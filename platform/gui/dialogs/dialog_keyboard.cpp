@@ -3,6 +3,8 @@
 #include <QKeyEvent>
 #include <algorithm>
 
+#include "platform/gui/windows/window_text.h"
+
 namespace platform {
 namespace {
 
@@ -27,16 +29,6 @@ Control* NextAfter(const Controls& controls, const Control* from, Condition fits
 
 bool IsOpenTabStop(const Control* control) {
     return control->IsTabStop() && control->TakesFocus();
-}
-
-/// The letter after the first single "&"; null when there is none.
-QChar MnemonicOf(const QString& text) {
-    for (qsizetype i = 0; i + 1 < text.size(); ++i) {
-        if (text[i] != u'&') continue;
-        if (text[i + 1] != u'&') return text[i + 1].toLower();
-        ++i;
-    }
-    return {};
 }
 
 /// A label's letter leads to the next control; a button's presses it.

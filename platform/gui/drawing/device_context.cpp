@@ -126,6 +126,18 @@ qreal DeviceContext::Fineness() {
     return pixels == nullptr ? 1.0 : pixels->devicePixelRatio();
 }
 
+QString DeviceContext::Words() const {
+    if (surface == Surface::kMemory) return bitmap->words;
+    const Window* target = surface == Surface::kWindow ? Window::From(window) : nullptr;
+    return target == nullptr ? QString() : target->DrawnText();
+}
+
+void DeviceContext::SetWords(const QString& words) {
+    if (surface == Surface::kMemory) bitmap->words = words;
+    Window* target = surface == Surface::kWindow ? Window::From(window) : nullptr;
+    if (target != nullptr) target->SetDrawnText(words);
+}
+
 void DeviceContext::Show() {
     if (surface != Surface::kWindow) return;
     if (Window* target = Window::From(window)) target->ShowBacking();
@@ -245,6 +257,7 @@ int WINAPI FillRect(HDC context, const RECT* rectangle, HBRUSH brush) try {
     if (pixels == nullptr) return 0;
     const QRect area = platform::PartInside(*pixels, *rectangle);
     if (!area.isEmpty()) platform::FillPixels(*pixels, area, platform::ColorOf(paint->color));
+    if (area.size() == pixels->deviceIndependentSize().toSize()) target->SetWords({});
     target->Show();
     return 1;
 } catch (...) {
@@ -262,6 +275,7 @@ BOOL WINAPI BitBlt(HDC target, int x, int y, int width, int height, HDC source, 
         return Fail(ERROR_INVALID_PARAMETER);
     }
     platform::CopyPixels(*toPixels, *fromPixels, {x, sourceX, width}, {y, sourceY, height});
+    to->SetWords(from->Words());
     to->Show();
     return TRUE;
 } catch (...) {

@@ -21,6 +21,9 @@ struct DeviceContext : GraphicsObject {
     QImage* Pixels();
     /// Pixels of that image in a pixel at 96 dots per inch; 1 where there is none.
     qreal Fineness();
+    /// The text in the image that was drawn last; empty when there is none.
+    [[nodiscard]] QString Words() const;
+    void SetWords(const QString& words);
     /// Brings what was drawn into a window's image onto the screen, at once.
     void Show();
 

@@ -79,7 +79,9 @@ BOOL WINAPI TextOutW(HDC context, int x, int y, LPCWSTR text, int length) try {
     QImage* pixels = found->Pixels();
     if (pixels == nullptr) return FALSE;
     if (length > 0) {
-        platform::DrawLine(*pixels, *found, x, y, platform::WellFormedText(text, length));
+        const QString line = platform::WellFormedText(text, length);
+        platform::DrawLine(*pixels, *found, x, y, line);
+        found->SetWords(line);
         found->Show();
     }
     return TRUE;

@@ -43,6 +43,7 @@ struct Bitmap : GraphicsObject {
         : GraphicsObject(kKind, lifetime), pixels(std::move(image)) {}
 
     QImage pixels;  ///< `QImage::Format_RGB32`, as fine as its screen
+    QString words;  ///< the text in it
 };
 
 struct Font : GraphicsObject {

@@ -1,5 +1,6 @@
 #include "platform/gui/windows/window.h"
 
+#include <QAccessible>
 #include <unordered_map>
 
 #include "platform/base/fail.h"
@@ -100,6 +101,13 @@ void Window::ShowBacking() {
 
 bool Window::HasDrawing() const {
     return drawn_ && BackingFits();
+}
+
+void Window::SetDrawnText(const QString& text) {
+    if (widget_ == nullptr || text == drawnText_) return;
+    drawnText_ = text;
+    QAccessibleEvent changed(widget_, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&changed);
 }
 
 void Window::Place(const QRect& place) {

@@ -45,6 +45,9 @@ public:
     void ShowBacking();
     /// Whether there is an image to show in place of the window's own face.
     [[nodiscard]] bool HasDrawing() const;
+    /// The words in the drawing, for those who cannot see it; empty when there are none.
+    [[nodiscard]] const QString& DrawnText() const { return drawnText_; }
+    void SetDrawnText(const QString& text);
 
     /// The window's text; a list's is its selected item's.
     [[nodiscard]] virtual QString Text() const { return {}; }
@@ -68,6 +71,7 @@ private:
     [[nodiscard]] bool BackingFits() const;
 
     QImage backing_;
+    QString drawnText_;
     bool drawn_ = false;
 };
 

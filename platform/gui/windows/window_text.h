@@ -14,4 +14,10 @@ QString TextOrNothing(LPCWSTR text);
 /// copied, without the terminator; 0 and nothing written when there is no room at all.
 int CopyOut(const QString& text, LPWSTR buffer, int capacity);
 
+/// The letter after the first single "&", in lower case; null when there is none.
+QChar MnemonicOf(const QString& text);
+
+/// The text as it is shown: without the "&" of its mnemonic, "&&" as one.
+QString WithoutMnemonic(const QString& text);
+
 }  // namespace platform
