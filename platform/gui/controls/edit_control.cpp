@@ -96,7 +96,7 @@ protected:
 private:
     void Paste(QClipboard::Mode mode) {
         // Only what is typed is held to digits.
-        control_.Insert(FirstLine(QApplication::clipboard()->text(mode)));
+        control_.Insert(QApplication::clipboard()->text(mode));
     }
 
     EditControl& control_;
@@ -157,7 +157,8 @@ void EditControl::Type(const QString& text) {
     if (!digitsOnly_ || AreDigits(text)) Insert(text);
 }
 
-void EditControl::Insert(const QString& text) {
+void EditControl::Insert(const QString& given) {
+    const QString text = FirstLine(given);
     const auto kept = static_cast<std::size_t>(face_->text().size() - face_->selectedText().size());
     const std::size_t room = limit_ > kept ? limit_ - kept : 0;
     const auto length = static_cast<std::size_t>(text.size());

@@ -23,8 +23,8 @@ public:
     void SelectAll();
     /// What a user types: digits alone where only they are taken.
     void Type(const QString& text);
-    /// What a user types or pastes, cut to the limit.
-    void Insert(const QString& text);
+    /// What a user types or pastes: its first line, cut to the limit.
+    void Insert(const QString& given);
     /// Selects the whole text as well, as the keys that move the focus do.
     void GiveFocus() override;
 

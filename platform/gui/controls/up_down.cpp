@@ -144,7 +144,9 @@ void UpDown::StepByKey(int direction) {
 
 int UpDown::Number() const {
     bool isNumber = false;
-    const int number = buddy_ == nullptr ? 0 : buddy_->Text().trimmed().remove(kThousandsSeparator).toInt(&isNumber);
+    const int number = buddy_ == nullptr
+                           ? 0
+                           : buddy_->Text().trimmed().remove(kThousandsSeparator).toInt(&isNumber);
     return isNumber && number >= Lowest() && number <= Highest() ? number : position_;
 }
 
