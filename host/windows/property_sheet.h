@@ -1,5 +1,6 @@
-/// A property page in a window: the tree of its items, the control of the chosen one, OK, Cancel
-/// and Apply. For the user-interface thread only; `platform::EnsureApplication` comes first.
+/// A property page in a window: the tree of its items, the control of the chosen one, a line that
+/// says why something is as it is, OK, Cancel, Apply and Help. For the user-interface thread only;
+/// `platform::EnsureApplication` comes first.
 #pragma once
 
 #include <QDialog>
@@ -50,6 +51,7 @@ private:
     ItemActions Actions();
     void MakeButtons();
     void LoadOrEnd();
+    void ShowChosen();
     /// \param action  answers whether there is something to apply now.
     void Act(bool mayAsk, const std::function<bool()>& action);
     [[nodiscard]] bool Apply();
