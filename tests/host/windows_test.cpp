@@ -120,7 +120,7 @@ TEST_F(PageWindow, ANumberOutOfTheRangeCountsForNothingAndStaysToBeMended) {
     sheet.Type("250");
     for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return}) {
         sheet.Press(key);
-        EXPECT_TRUE(sheet.Number().text() == "250" && sheet.Window().isVisible()) << key;
+        ASSERT_TRUE(sheet.Number().text() == "250" && sheet.Window().isVisible()) << key;
         EXPECT_EQ(sheet.Status().text(), "Scaling must be 20 to 200.");
         EXPECT_EQ(sheet.Row("Scaling").text(0), "Scaling: 100 %");
     }
