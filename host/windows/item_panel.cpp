@@ -3,8 +3,10 @@
 #include <QHBoxLayout>
 #include <QSignalBlocker>
 #include <QStandardItemModel>
+#include <utility>
 
 #include "host/windows/item_look.h"
+#include "host/windows/item_reason.h"
 
 namespace host {
 namespace {
@@ -19,7 +21,7 @@ ItemPanel::ItemPanel(QWidget* parent, const ItemActions& actions)
     : QGroupBox(parent),
       label_(new QLabel("&Setting:", this)),
       choices_(new QComboBox(this)),
-      number_(new QSpinBox(this)),
+      number_(new NumberField(this, actions.leaveNumber)),
       range_(new QLabel(this)),
       button_(new QPushButton(this)) {
     choices_->setMinimumContentsLength(kChoiceColumns);
@@ -54,7 +56,7 @@ void ItemPanel::Connect(const ItemActions& actions) {
 }
 
 void ItemPanel::ShowItem(PageItem* item) {
-    item_ = item;
+    const bool anew = std::exchange(item_, item) != item;
     const bool isList = item != nullptr && item->Kind() == ItemKind::List;
     const bool isNumber = item != nullptr && item->Kind() == ItemKind::Number;
     setTitle(item != nullptr ? WithoutMnemonic(QString::fromStdString(item->Name()))
@@ -66,11 +68,22 @@ void ItemPanel::ShowItem(PageItem* item) {
     button_->setVisible(item != nullptr && item->HasButton());
     range_->setText(item != nullptr ? "Choose one of the settings below it to change it." : "");
     if (isList) ShowChoices();
-    if (isNumber) ShowNumber();
+    if (isNumber) ShowNumber(anew);
     if (item != nullptr && item->HasButton()) button_->setText(ButtonTitle(*item));
     for (QWidget* control : std::initializer_list<QWidget*>{label_, choices_, number_, button_}) {
         control->setEnabled(item != nullptr && item->Enabled());
     }
+}
+
+QString ItemPanel::Settle() {
+    const bool isNumber = item_ != nullptr && item_->Kind() == ItemKind::Number;
+    if (!isNumber || number_->Settle()) return {};
+    return QString::fromStdString(WhyNumberRefused(*item_));
+}
+
+void ItemPanel::ReturnToNumber() {
+    number_->setFocus();
+    number_->selectAll();
 }
 
 void ItemPanel::ShowChoices() {
@@ -100,11 +113,12 @@ void ItemPanel::LineUpChoices() {
     }
 }
 
-void ItemPanel::ShowNumber() {
-    const QSignalBlocker quiet(number_);
+void ItemPanel::ShowNumber(bool anew) {
     label_->setBuddy(number_);
-    number_->setRange(item_->Lowest(), item_->Highest());
-    if (number_->value() != item_->Record().Sel) number_->setValue(item_->Record().Sel);
+    const LONG selection = item_->Record().Sel;
+    if (anew) number_->Begin(item_->Lowest(), item_->Highest(), selection);
+    const QSignalBlocker quiet(number_);
+    if (number_->value() != selection) number_->Follow(selection);
     range_->setText(QString("%1 [%2 - %3]")
                         .arg(QString::fromStdString(item_->Unit()))
                         .arg(item_->Lowest())

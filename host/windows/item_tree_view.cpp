@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "host/windows/item_look.h"
+#include "host/windows/item_reason.h"
 
 namespace host {
 namespace {
@@ -58,6 +59,9 @@ void ItemTreeView::RefreshRow(QTreeWidgetItem& row, const PageItem& item, bool c
     const QString text = RowText(item);
     row.setText(0, text);
     row.setData(0, Qt::AccessibleTextRole, text + Remarks(item, changed));
+    const QString reason = QString::fromStdString(WhyUnavailable(item));
+    row.setToolTip(0, reason);
+    row.setData(0, Qt::AccessibleDescriptionRole, reason);
     row.setHidden(!item.Visible());
     // A greyed row can still be chosen: its help tells what it needs.
     row.setForeground(
@@ -82,6 +86,11 @@ PageItem* ItemTreeView::Chosen() const {
 
 void ItemTreeView::Choose(const PageItem& item) {
     setCurrentItem(rows_[static_cast<std::size_t>(&item - items_->data())]);
+}
+
+void ItemTreeView::resizeEvent(QResizeEvent* event) {
+    QTreeWidget::resizeEvent(event);
+    if (currentItem() != nullptr) scrollToItem(currentItem());
 }
 
 QSize ItemTreeView::sizeHint() const {

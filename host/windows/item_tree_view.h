@@ -26,6 +26,9 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void RefreshRow(QTreeWidgetItem& row, const PageItem& item, bool changed);
     void LeaveHiddenRow();

@@ -64,6 +64,7 @@ constexpr EditorScene kScenes[] = {
     {nullptr,
      {"message-confirm-overwrite.png"},
      "choose Watermark List = Copy\ntype String COPIED\npress OK\nanswer No\n"},
+    {nullptr, {}, "press Help\n"},
     {nullptr, {"message-name-empty.png"}, "press New\ntype Name \"\"\npress OK\nanswer OK\n"},
     {nullptr, {"message-text-empty.png"}, "press New\ntype String \"\"\npress OK\nanswer OK\n"},
     {nullptr, {"message-none-not-added.png"}, "press New\ntype Name <NONE>\npress OK\nanswer OK\n"},
@@ -100,7 +101,8 @@ public:
         if (name != nullptr) Keep(name, platform::SavePicture(dialog, folder_ / name));
     }
     void ReadHelp(const platform::HelpRequest& request) override {
-        const char* name = "help-popup.png";
+        const bool popup = request.command == HELP_CONTEXTPOPUP;
+        const char* name = popup ? "help-popup.png" : "help-window.png";
         Keep(name, platform::SaveHelpPicture(request, folder_ / name));
     }
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "host/errors/failure.h"
+#include "host/windows/item_reason.h"
 #include "platform/text/text_encoding.h"
 #include "platform/user/user.h"
 
@@ -17,6 +18,18 @@ namespace {
 // So that either page fits without scrolling.
 constexpr int kDocumentRows = 19;
 constexpr int kPrinterRows = 9;
+constexpr int kStatusLines = 2;
+
+/// Its text wraps in the room that the window has, and never makes it larger.
+QLabel* MakeStatus(QWidget* parent) {
+    auto* status = new QLabel(parent);
+    status->setTextFormat(Qt::PlainText);
+    status->setWordWrap(true);
+    status->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    status->setFixedHeight(status->fontMetrics().lineSpacing() * kStatusLines);
+    return status;
+}
 
 QString TitleOf(const std::string& printerName, PageKind kind) {
     return QString::fromStdString(printerName) +
@@ -51,7 +64,7 @@ PropertySheet::PropertySheet(std::string printerName, PageKind kind)
       handle_(*this),
       tree_(new ItemTreeView(this, kind == PageKind::Document ? kDocumentRows : kPrinterRows)),
       panel_(new ItemPanel(this, Actions())),
-      status_(new QLabel(this)) {
+      status_(MakeStatus(this)) {
     setWindowTitle(TitleOf(printerName_, kind_));
     auto* settings = new QLabel("Se&ttings:", this);
     settings->setBuddy(tree_);
@@ -61,8 +74,9 @@ PropertySheet::PropertySheet(std::string printerName, PageKind kind)
     column->addWidget(panel_);
     MakeButtons();
     connect(tree_, &QTreeWidget::currentItemChanged, this, [this] {
-        status_->clear();
-        panel_->ShowItem(tree_->Chosen());
+        const QString refusal = panel_->Settle();
+        ShowChosen();
+        if (!refusal.isEmpty()) status_->setText(refusal);
     });
     auto* help = new QShortcut(Qt::Key_F1, this);
     connect(help, &QShortcut::activated, this, [this] { ShowItemHelp(); });
@@ -83,11 +97,13 @@ void PropertySheet::MakeButtons() {
     for (QPushButton* button : {defaults_, ok_}) button->setEnabled(false);
     auto* cancel = new QPushButton("Cancel", this);
     apply_ = new QPushButton("&Apply", this);
-    for (QPushButton* button : {ok_, cancel, apply_}) row->addWidget(button);
+    auto* help = new QPushButton("&Help", this);
+    for (QPushButton* button : {ok_, cancel, apply_, help}) row->addWidget(button);
     connect(defaults_, &QPushButton::clicked, this, [this] { RestoreDefaults(); });
     connect(ok_, &QPushButton::clicked, this, [this] { accept(); });
     connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
     connect(apply_, &QPushButton::clicked, this, [this] { static_cast<void>(Apply()); });
+    connect(help, &QPushButton::clicked, this, [this] { ShowItemHelp(); });
     auto* column = static_cast<QVBoxLayout*>(layout());
     column->addLayout(above);
     column->addLayout(row);
@@ -110,8 +126,11 @@ ItemActions PropertySheet::Actions() {
                 });
             },
             [this](PageItem& item) {
+                const std::string idle = WhyButtonIdle(item);
                 Act(false, [&] { return session_->PressButton(item) != CPSUICB_ACTION_NONE; });
-            }};
+                if (!idle.empty()) status_->setText(QString::fromStdString(idle));
+            },
+            [this] { status_->setText(panel_->Settle()); }};
 }
 
 bool PropertySheet::Run() {
@@ -153,7 +172,13 @@ void PropertySheet::Load() {
 
 void PropertySheet::Refresh() {
     tree_->Refresh(kept_);
-    panel_->ShowItem(tree_->Chosen());
+    ShowChosen();
+}
+
+void PropertySheet::ShowChosen() {
+    PageItem* item = tree_->Chosen();
+    panel_->ShowItem(item);
+    status_->setText(item != nullptr ? QString::fromStdString(WhyUnavailable(*item)) : "");
 }
 
 void PropertySheet::Act(bool mayAsk, const std::function<bool()>& action) {
@@ -167,6 +192,12 @@ void PropertySheet::Act(bool mayAsk, const std::function<bool()>& action) {
 }
 
 bool PropertySheet::Apply() {
+    const QString refusal = panel_->Settle();
+    if (!refusal.isEmpty()) {
+        panel_->ReturnToNumber();
+        status_->setText(refusal);
+        return false;
+    }
     bool applied = false;
     try {
         applied = session_->Apply();

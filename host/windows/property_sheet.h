@@ -1,5 +1,6 @@
-/// A property page in a window: the tree of its items, the control of the chosen one, Restore
-/// Defaults, OK, Cancel and Apply. For the user-interface thread only;
+/// A property page in a window: the tree of its items, the control of the chosen one, a line that
+/// says why something is as it is, Restore Defaults, OK, Cancel, Apply and Help. For the
+/// user-interface thread only;
 /// `platform::EnsureApplication` comes first.
 #pragma once
 
@@ -51,6 +52,7 @@ private:
     ItemActions Actions();
     void MakeButtons();
     void LoadOrEnd();
+    void ShowChosen();
     /// \param action  answers whether there is something to apply now.
     void Act(bool mayAsk, const std::function<bool()>& action);
     [[nodiscard]] bool Apply();

@@ -185,11 +185,13 @@ TEST_F(DialogTest, ListsKeepSelectionAndValuesWithTheirItems) {
         Ask(dialog, SORTED, CB_SETCURSEL, 1);
         Ask(dialog, SORTED, CB_SETITEMDATA, 1, 77);
         EXPECT_EQ(Ask(dialog, SORTED, CB_ADDSTRING, 0, Text(u"alpha2")), 1);
-        Ask(dialog, SORTED, CB_ADDSTRING, 0, Text(u"Gamma"));
+        Ask(dialog, SORTED, CB_ADDSTRING, 0, Text(u"Bravo"));
+        SetFocus(GetDlgItem(dialog, SORTED));
+        for (const char letter : {'B', 'E'}) hands::PressKey(dialog, letter);  // to Bravo and back
         EXPECT_EQ(Ask(dialog, SORTED, CB_GETCURSEL), 2) << "moved with its item";
         EXPECT_EQ(Ask(dialog, SORTED, CB_GETITEMDATA, 2), 77);
         EXPECT_EQ(Ask(dialog, SORTED, CB_FINDSTRINGEXACT, 0, Text(u"ALPHA")), 0) << "wraps";
-        EXPECT_EQ(Ask(dialog, SORTED, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), Text(u"gam")),
+        EXPECT_EQ(Ask(dialog, SORTED, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), Text(u"bra")),
                   CB_ERR);
         EXPECT_EQ(Ask(dialog, SORTED, CB_DELETESTRING, 0), 3);
         EXPECT_EQ(Ask(dialog, SORTED, CB_GETCURSEL), 1);

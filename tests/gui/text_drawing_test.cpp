@@ -1,3 +1,5 @@
+#include <QFile>
+#include <QFontDatabase>
 #include <climits>
 #include <vector>
 
@@ -123,13 +125,31 @@ int CALLBACK Remember(const LOGFONTW* font, const TEXTMETRICW* metrics, DWORD ty
     return seen.calls < seen.most ? 7 : 0;
 }
 
+/// A family that two foundries make.
+void InstallTwins() {
+    QFile file(QStringLiteral("/usr/share/fonts/truetype/liberation/LiberationSans-Regular.ttf"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QByteArray font = file.readAll();
+    QByteArray wide[] = {"Liberation Sans", "Two Foundries 1"};
+    for (QByteArray& name : wide) {
+        for (qsizetype at = name.size(); at > 0; --at) name.insert(at - 1, '\0');
+    }
+    font.replace(wide[0], wide[1]);
+    for (const char* foundry : {"ONE ", "TWO "}) {
+        font.replace("1ASC", foundry).replace("ONE ", foundry);
+        ASSERT_GE(QFontDatabase::addApplicationFontFromData(font), 0);
+    }
+}
+
 TEST_F(Drawing, FamiliesAreEnumeratedOnceEachUntilTheCallbackHasEnough) {
     const Canvas canvas(1, 1);
+    InstallTwins();
     Enumerated all;
     const auto argument = [](Enumerated& seen) { return reinterpret_cast<LPARAM>(&seen); };
     EXPECT_EQ(EnumFontFamiliesW(canvas, nullptr, Remember, argument(all)), 7);
     EXPECT_EQ(all.calls, static_cast<int>(all.types.size()));
-    for (const auto* face : {u"Arial", u"Times New Roman", u"Courier New", u"Liberation Sans"}) {
+    EXPECT_EQ(all.types.count(u"Two Foundries 1 [ONE]"), 0u) << "the foundry's name is no part";
+    for (const auto* face : {u"Arial", u"Times New Roman", u"Courier New", u"Two Foundries 1"}) {
         EXPECT_EQ(all.types[face], DWORD{TRUETYPE_FONTTYPE});
     }
     Enumerated two;

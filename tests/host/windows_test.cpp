@@ -4,12 +4,16 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
+#include <cstdlib>
 #include <iterator>
 #include <set>
 
 #include "host/page/settings.h"
+#include "host/windows/lost_display.h"
 #include "host/windows/property_sheet.h"
 #include "platform/faults/failure_points.h"
 #include "platform/gui/windows/application.h"
@@ -34,8 +38,14 @@ public:
 
     PropertySheet& Window() { return sheet_; }
     QComboBox& List() { return *sheet_.findChild<QComboBox*>(); }
+    QSpinBox& Number() { return *sheet_.findChild<QSpinBox*>(); }
     QTreeWidget& Tree() { return *sheet_.findChild<QTreeWidget*>(); }
 
+    /// The line below the settings, which says why.
+    QLabel& Status() {
+        const auto labels = sheet_.findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+        return *std::ranges::max(labels, {}, &QWidget::y);
+    }
     QPushButton& Button(const QString& text) {
         for (QPushButton* button : sheet_.findChildren<QPushButton*>()) {
             if (button->text().remove('&') == text) return *button;
@@ -72,6 +82,7 @@ private:
 class PageWindow : public HostTest {
 protected:
     PageWindow() {
+        ::setenv("LC_ALL", "fa_IR.UTF-8", 1);  // has digits of its own, the texts have not
         platform::EnsureApplication();
         Install("Office", "T");
     }
@@ -96,9 +107,7 @@ TEST_F(PageWindow, KeepsATypedNumberWhenAppliedAndDropsALaterOneOnEscape) {
     EXPECT_EQ(Kept("Scaling"), 150);
 
     sheet.Press(Qt::Key_A, Qt::ControlModifier);
-    sheet.Type("9");  // below the range: nothing yet
-    EXPECT_EQ(sheet.Row("Scaling").text(0), "Scaling: 150 %");
-    sheet.Press(Qt::Key_0);
+    sheet.Type("90");
     EXPECT_EQ(sheet.Row("Scaling").text(0), "Scaling: 90 %");
     sheet.Press(Qt::Key_Escape);
     EXPECT_FALSE(sheet.Window().isVisible());
@@ -121,6 +130,35 @@ TEST_F(PageWindow, RestoresDefaultsThatOnlyOkKeeps) {
     }
 }
 
+TEST_F(PageWindow, ANumberOutOfTheRangeCountsForNothingAndStaysToBeMended) {
+    Sheet sheet(PageKind::Document);
+    sheet.GoTo("Scaling");
+    EXPECT_EQ(sheet.Number().text(), "100");
+    sheet.Type("250");
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return}) {
+        sheet.Press(key);
+        ASSERT_TRUE(sheet.Number().text() == "250" && sheet.Window().isVisible()) << key;
+        EXPECT_EQ(sheet.Status().text(), "Scaling must be 20 to 200.");
+        EXPECT_EQ(sheet.Row("Scaling").text(0), "Scaling: 100 %");
+    }
+    QTest::keyClicks(QApplication::focusWidget(), "300");  // over the one that is selected
+    sheet.Window().ChooseItem(FindItem(sheet.Window().Page(), "Copies"));
+    EXPECT_EQ(sheet.Status().text(), "Scaling must be 20 to 200.");
+    sheet.GoTo("Scaling");
+    EXPECT_EQ(sheet.Number().text(), "100");
+}
+
+TEST_F(PageWindow, IsAsWideWithAnyStatusAndKeepsTheChosenRowInView) {
+    Sheet sheet(PageKind::Document);
+    sheet.GoTo("Rendering Intent");
+    const QSize least = sheet.Window().minimumSizeHint();
+    sheet.Status().setText(QString(500, 'm'));
+    EXPECT_EQ(sheet.Window().minimumSizeHint(), least);
+    sheet.Window().resize(least);
+    const QTreeWidget& tree = sheet.Tree();
+    EXPECT_TRUE(tree.viewport()->rect().contains(tree.visualItemRect(tree.currentItem())));
+}
+
 TEST_F(PageWindow, EnterAppliesAndTheConflictIsTold) {
     Sheet sheet(PageKind::Document);
     sheet.GoTo("Scaling");
@@ -137,6 +175,7 @@ TEST_F(PageWindow, EnterAppliesAndTheConflictIsTold) {
 }
 
 TEST_F(PageWindow, ShowsNothingHiddenAndLetsNothingDisabledBeChosen) {
+    Do({"document", "Office", "-o", "Paper Source=Tray 2", "--apply"});
     Do({"printer", "Office", "-o", "Tray2=NOTINSTALLED", "-o", "DuplexUnit=NotInstalled",
         "--apply"});
     Sheet sheet(PageKind::Document);
@@ -146,24 +185,20 @@ TEST_F(PageWindow, ShowsNothingHiddenAndLetsNothingDisabledBeChosen) {
 
     sheet.GoTo("Duplex");
     EXPECT_FALSE(sheet.List().isEnabled());
+    EXPECT_EQ(sheet.Status().text(), "Duplex needs the duplex unit, which is not installed.");
 
-    sheet.GoTo("Paper Source");
-    sheet.Type("Tr");           // "Tray 1"
+    sheet.GoTo("Paper Source: Tray 2");
+    EXPECT_FALSE(sheet.Row("Paper Source").icon(0).isNull());
+    EXPECT_EQ(sheet.Status().text(), "\"Tray 2\" is not installed.");
+    sheet.Press(Qt::Key_S, Qt::AltModifier);
+    sheet.Press(Qt::Key_Up);
     sheet.Press(Qt::Key_Down);  // over both missing trays
     EXPECT_EQ(sheet.Row("Paper Source").text(0), "Paper Source: Manual Feed");
     const QAbstractItemModel& choices = *sheet.List().model();
     EXPECT_FALSE(choices.flags(choices.index(2, 0)).testFlag(Qt::ItemIsEnabled));
 }
 
-TEST_F(PageWindow, MarksASelectionThatIsNoLongerInstalled) {
-    Do({"document", "Office", "-o", "Paper Source=Tray 2", "--apply"});
-    Do({"printer", "Office", "-o", "Tray2=NOTINSTALLED", "--apply"});
-    Sheet sheet(PageKind::Document);
-    EXPECT_EQ(sheet.Row("Paper Source").text(0), "Paper Source: Tray 2");
-    EXPECT_FALSE(sheet.Row("Paper Source").icon(0).isNull());
-}
-
-TEST_F(PageWindow, F1AsksForTheTopicOfTheChosenItem) {
+TEST_F(PageWindow, F1AndHelpAskForTheTopicOfTheChosenItem) {
     Sheet sheet(PageKind::Document);
     sheet.GoTo("Copies");
     sheet.Press(Qt::Key_F1);  // the driver's items have none
@@ -171,7 +206,8 @@ TEST_F(PageWindow, F1AsksForTheTopicOfTheChosenItem) {
     sheet.GoTo("Scaling");
     sheet.Type("120");  // the focus is in the number then
     sheet.Press(Qt::Key_F1);
-    ASSERT_EQ(user_.Help().size(), 1u);
+    QTest::mouseClick(&sheet.Button("Help"), Qt::LeftButton);
+    ASSERT_EQ(user_.Help().size(), 2u);
     EXPECT_EQ(user_.Help()[0].topic, 1212u);
     EXPECT_NE(user_.Help()[0].file.find(u"QVRT_HLP.HLP"), std::u16string::npos);
 }
@@ -180,7 +216,7 @@ TEST_F(PageWindow, EditOpensTheEditorWhileTheWatermarkIsEnabled) {
     Sheet sheet(PageKind::Document);
     sheet.GoTo("Watermark");
     QTest::mouseClick(&sheet.Button("Edit"), Qt::LeftButton);
-    EXPECT_FALSE(sheet.Button("Apply").isEnabled());
+    EXPECT_EQ(sheet.Status().text(), "\"Edit\" works while Watermark is \"Enabled\".");
 
     bool opened = false;
     user_.InDialog(
@@ -246,6 +282,14 @@ TEST_F(PageWindow, CannotOpenWithoutAPrinterOrADisplay) {
     EXPECT_EQ(result.code, 1);
     EXPECT_THAT(result.err, HasSubstr("no display"));
     EXPECT_EQ(Run({"document", "Office", "--window", "--json"}).code, 2);
+    // The ways in which the window library ends a process.
+    for (void (*end)() : {+[] { std::exit(0); }, +[] { qFatal("no connection"); }}) {
+        const auto lose = [&] {
+            const LostDisplayNotice notice;
+            end();
+        };
+        EXPECT_EXIT(lose(), testing::ExitedWithCode(1), "^driverhost: the display has gone.*\n$");
+    }
 }
 
 TEST_F(PageWindow, PicturesComeFromAMachineOfTheirOwn) {
@@ -254,7 +298,7 @@ TEST_F(PageWindow, PicturesComeFromAMachineOfTheirOwn) {
     std::istringstream names(Do({"pictures", folder.native()}).out);
     std::set<std::string> told{std::istream_iterator<std::string>(names), {}};
     for (const char* name : {"document-page.png", "printer-page.png", "editor-diagonal.png",
-                             "message-scaling-conflict.png", "help-popup.png"}) {
+                             "message-scaling-conflict.png", "help-popup.png", "help-window.png"}) {
         EXPECT_EQ(told.count(name), 1u) << name;
     }
     {

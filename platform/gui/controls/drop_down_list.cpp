@@ -14,9 +14,14 @@ namespace {
 
 constexpr int kFrameOfClosedList = 8;  // pixels above and below the line of text, together
 constexpr int kItemsOfPage = 8;        // how far the page keys go
+constexpr int kTypingPause = 1000;     // milliseconds after which a letter begins a new search
 
 const WCHAR* Wide(const QString& text) {
     return reinterpret_cast<const WCHAR*>(text.utf16());
+}
+
+bool IsTyped(const QString& text) {
+    return !text.isEmpty() && text.front().category() != QChar::Other_Control;
 }
 
 QString TextAt(LPARAM address) {
@@ -121,6 +126,7 @@ int DropDownList::DroppedWidth() const {
 
 void DropDownList::FocusChanged(bool has) {
     Widget()->update();
+    sinceLetter_.invalidate();
     if (has) return Notify(CBN_SETFOCUS);
     if (open_) {
         Close(false);
@@ -189,10 +195,12 @@ void DropDownList::HandleKey(QKeyEvent& event) {
         return open_ ? Close(confirmed) : Open();
     }
     const int target = TargetOfKey(event);
-    if (target >= 0) MoveTo(target);
+    if (target < 0) return;
+    if (!IsTyped(event.text())) sinceLetter_.invalidate();
+    MoveTo(target);
 }
 
-int DropDownList::TargetOfKey(const QKeyEvent& event) const {
+int DropDownList::TargetOfKey(const QKeyEvent& event) {
     if (items_.empty()) return -1;
     const int last = Count() - 1;
     switch (event.key()) {
@@ -211,14 +219,26 @@ int DropDownList::TargetOfKey(const QKeyEvent& event) const {
         case Qt::Key_End:
             return last;
         default:
-            return event.text().isEmpty() ? -1 : FindInitial(event.text().front());
+            return IsTyped(event.text()) ? FindTyped(event.text()) : -1;
     }
 }
 
-int DropDownList::FindInitial(QChar letter) const {
-    for (int step = 1; step <= Count(); ++step) {
-        const int index = (selection_ + step) % Count();
-        if (ItemText(index).startsWith(letter, Qt::CaseInsensitive)) return index;
+int DropDownList::FindTyped(const QString& letter) {
+    const bool goesOn = sinceLetter_.isValid() && !sinceLetter_.hasExpired(kTypingPause);
+    typed_ = goesOn ? typed_ + letter : letter;
+    sinceLetter_.start();
+    if (typed_ == letter) return FindBeginning(letter, selection_ + 1);
+    const int found = FindBeginning(typed_, selection_);
+    if (found >= 0) return found == selection_ ? -1 : found;
+    const bool oneLetter =
+        typed_.count(letter, Qt::CaseInsensitive) * letter.size() == typed_.size();
+    return oneLetter ? FindBeginning(letter, selection_ + 1) : -1;  // it leads on each time
+}
+
+int DropDownList::FindBeginning(const QString& text, int from) const {
+    for (int step = 0; step < Count(); ++step) {
+        const int index = (std::max(from, 0) + step) % Count();
+        if (ItemText(index).startsWith(text, Qt::CaseInsensitive)) return index;
     }
     return -1;
 }

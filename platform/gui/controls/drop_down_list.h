@@ -1,6 +1,7 @@
 /// Drop-down lists, sorted or not.
 #pragma once
 
+#include <QElapsedTimer>
 #include <vector>
 
 #include "platform/gui/controls/control.h"
@@ -55,8 +56,10 @@ private:
     void Select(int index);
     void HandleKey(QKeyEvent& event);
     /// The item that a key leads to; -1 when it is no key of lists.
-    [[nodiscard]] int TargetOfKey(const QKeyEvent& event) const;
-    [[nodiscard]] int FindInitial(QChar letter) const;
+    [[nodiscard]] int TargetOfKey(const QKeyEvent& event);
+    /// Where the letters typed in one go lead from the selection; -1: nowhere else.
+    [[nodiscard]] int FindTyped(const QString& letter);
+    [[nodiscard]] int FindBeginning(const QString& text, int from) const;
     /// The user moves to an item by key or wheel.
     void MoveTo(int index);
     [[nodiscard]] int DroppedWidth() const;
@@ -65,6 +68,8 @@ private:
     std::vector<Item> items_;
     Popup* popup_ = nullptr;  ///< made when it is first needed
     bool makesPopup_ = false;
+    QString typed_;
+    QElapsedTimer sinceLetter_;
     int selection_ = -1;
     int droppedWidth_ = 0;   ///< pixels, as asked for
     int droppedHeight_ = 0;  ///< pixels of the open list

@@ -13,6 +13,7 @@
 #include "platform/gui/controls/up_down.h"
 #include "platform/gui/dialogs/dialog_frame.h"
 #include "platform/gui/dialogs/dialog_keyboard.h"
+#include "platform/gui/dialogs/scrolled_frame.h"
 #include "platform/gui/windows/active_window.h"
 #include "platform/gui/windows/application.h"
 #include "platform/user/user.h"
@@ -37,6 +38,9 @@ std::unique_ptr<Dialog> Dialog::Make(const DialogTemplate& made, Window* owner, 
     std::unique_ptr<Dialog> dialog(new Dialog(made, owner, procedure));
     dialog->frame_->setFont(units.Font());
     dialog->frame_->setFixedSize(units.ToPixels(0, 0, made.Width, made.Height).size());
+    if (ScrolledFrame::IsNeededFor(*dialog->frame_)) {
+        dialog->scroller_ = std::make_unique<ScrolledFrame>(*dialog->frame_);
+    }
     if (!dialog->MakeControls(made, units)) return nullptr;
     dialog->ShowDefaultButton(nullptr);
     return dialog;
@@ -88,10 +92,10 @@ INT_PTR Dialog::Run(LPARAM parameter) {
 }
 
 void Dialog::Show() {
-    frame_->show();
+    frame_->window()->show();
     paintRequested_ = true;  // below, once
     // Offscreen and in tests nobody else makes a window the active one.
-    Activate(*frame_);
+    Activate(*frame_->window());
     paintRequested_ = false;
     if (!ended_) Receive(WM_PAINT, 0, 0);
 }
@@ -101,7 +105,7 @@ void Dialog::End(INT_PTR result) {
     result_ = result;
     if (FocusedControl() != nullptr && &FocusedControl()->Owner() == this) ReportFocus(nullptr);
     ended_ = true;
-    frame_->hide();
+    frame_->window()->hide();
     if (loop_ != nullptr) loop_->quit();
 }
 
@@ -172,7 +176,7 @@ void Dialog::MoveFocus(WPARAM target, bool isControl) {
 
 void Dialog::Place(const QRect& place) {
     frame_->setFixedSize(place.size());
-    frame_->move(place.topLeft());
+    frame_->window()->move(place.topLeft());
 }
 
 void Dialog::AskHelp(int controlId) {

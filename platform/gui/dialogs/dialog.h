@@ -11,6 +11,8 @@ class QEventLoop;
 
 namespace platform {
 
+class ScrolledFrame;
+
 class Dialog : public ControlOwner {
 public:
     /// Null when a control's class is not supported.
@@ -56,6 +58,7 @@ private:
 
     DLGPROC procedure_;
     Frame* frame_;
+    std::unique_ptr<ScrolledFrame> scroller_;  ///< where the frame is larger than the screen
     QEventLoop* loop_ = nullptr;
     INT_PTR result_ = -1;
     bool ended_ = false;

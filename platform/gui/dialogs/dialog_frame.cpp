@@ -33,7 +33,7 @@ void Dialog::Frame::resizeEvent(QResizeEvent*) {
 
 void Dialog::Frame::showEvent(QShowEvent*) {
     // What another window covered or the screen lost shows up as an exposure.
-    windowHandle()->installEventFilter(this);
+    window()->windowHandle()->installEventFilter(this);
 }
 
 void Dialog::Frame::closeEvent(QCloseEvent* event) {
@@ -55,8 +55,8 @@ bool Dialog::Frame::event(QEvent* event) {
 
 bool Dialog::Frame::eventFilter(QObject* watched, QEvent* event) {
     if (awaitsHelpClick_ && TakeHelpClick(*event)) return true;
-    if (watched == windowHandle()) {
-        if (event->type() == QEvent::Expose && windowHandle()->isExposed()) dialog_.RequestPaint();
+    if (const auto* screenWindow = qobject_cast<QWindow*>(watched)) {
+        if (event->type() == QEvent::Expose && screenWindow->isExposed()) dialog_.RequestPaint();
         return false;
     }
     if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;

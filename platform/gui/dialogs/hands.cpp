@@ -42,7 +42,7 @@ constexpr KeyName kKeys[] = {{VK_BACK, Qt::Key_Backspace, "\b"},
 Dialog* OpenDialog(HWND handle) {
     Dialog* dialog = Dialog::Require(handle);
     if (dialog == nullptr || dialog->HasEnded()) return nullptr;
-    Activate(*dialog->Widget());
+    Activate(*dialog->Widget()->window());
     return dialog;
 }
 

@@ -46,11 +46,17 @@ void FontCatalogue::Add(const QString& shown, const QString& real) {
     realNames.insert(face.toLower(), real);
 }
 
+/// The family alone: one that several foundries make is listed once for each, "Family [foundry]".
+QString WithoutFoundry(const QString& name) {
+    return name.endsWith(u']') ? name.left(name.lastIndexOf(QLatin1String(" ["))) : name;
+}
+
 FontCatalogue ReadFontCatalogue() {
     FontCatalogue catalogue;
     const QStringList names = QFontDatabase::families();
     for (const QString& name : names) {
-        if (!QFontDatabase::isPrivateFamily(name)) catalogue.Add(name, name);
+        const QString family = WithoutFoundry(name);
+        if (!QFontDatabase::isPrivateFamily(family)) catalogue.Add(family, family);
     }
     for (const Substitute& substitute : kSubstitutes) {
         if (catalogue.Has(substitute.standIn)) {

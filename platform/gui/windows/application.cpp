@@ -1,6 +1,7 @@
 #include "platform/gui/windows/application.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QStyleFactory>
 
 namespace platform {
@@ -26,6 +27,8 @@ void EnsureApplication() {
     // Never deleted: the window system's own libraries may be gone before static objects are.
     static auto* const application = new QApplication(argumentCount, arguments);
     application->setQuitOnLastWindowClosed(false);
+    // The texts are English: numbers in fields have the digits and signs of those in texts.
+    QLocale::setDefault(QLocale::c());
 }
 
 QStyle* DialogStyle() {
