@@ -86,18 +86,18 @@ PropertySheet::PropertySheet(std::string printerName, PageKind kind)
 PropertySheet::~PropertySheet() = default;
 
 void PropertySheet::MakeButtons() {
-    defaults_ = new QPushButton("Restore &Defaults", this);
+    ok_ = new QPushButton("OK", this);
+    ok_->setDefault(true);
+    auto* cancel = new QPushButton("Cancel", this);
+    apply_ = new QPushButton("&Apply", this);
+    auto* help = new QPushButton("&Help", this);
+    defaults_ = new QPushButton("Restore &Defaults", this);  // the last that Tab comes to
+    for (QPushButton* button : {defaults_, ok_}) button->setEnabled(false);
     auto* above = new QHBoxLayout;
     above->addWidget(status_, 1);
     above->addWidget(defaults_);
     auto* row = new QHBoxLayout;
     row->addStretch(1);
-    ok_ = new QPushButton("OK", this);
-    ok_->setDefault(true);
-    for (QPushButton* button : {defaults_, ok_}) button->setEnabled(false);
-    auto* cancel = new QPushButton("Cancel", this);
-    apply_ = new QPushButton("&Apply", this);
-    auto* help = new QPushButton("&Help", this);
     for (QPushButton* button : {ok_, cancel, apply_, help}) row->addWidget(button);
     connect(defaults_, &QPushButton::clicked, this, [this] { RestoreDefaults(); });
     connect(ok_, &QPushButton::clicked, this, [this] { accept(); });

@@ -3,6 +3,7 @@
 #include <climits>
 #include <vector>
 
+#include "platform/gui/windows/application.h"
 #include "tests/gui/drawing_fixture.h"
 
 namespace {
@@ -127,6 +128,7 @@ int CALLBACK Remember(const LOGFONTW* font, const TEXTMETRICW* metrics, DWORD ty
 
 /// A family that two foundries make.
 void InstallTwins() {
+    platform::EnsureApplication();
     QFile file(QStringLiteral("/usr/share/fonts/truetype/liberation/LiberationSans-Regular.ttf"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     QByteArray font = file.readAll();

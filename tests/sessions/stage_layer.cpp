@@ -1,4 +1,6 @@
 #include "tests/sessions/stage.h"
+
+#include "platform/gui/dialogs/hands.h"
 #include "tests/support/test_printer.h"
 
 namespace sessions {
@@ -15,6 +17,9 @@ void PreparePrinter(const tests::Text& name) {
                               TEXT("Default DevMode"), REG_BINARY, &devmode, sizeof devmode);
 }
 
-void PrepareEditor(HWND) {}
+// The third party looks for each letter by itself.
+void PrepareEditor(HWND) {
+    platform::hands::TypeSlowly();
+}
 
 }  // namespace sessions

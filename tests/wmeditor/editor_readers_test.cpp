@@ -3,6 +3,7 @@
 #include <QMetaEnum>
 #include <QWidget>
 
+#include "platform/gui/windows/application.h"
 #include "tests/wmeditor/editor_fixture.h"
 
 namespace oemui {
@@ -128,7 +129,10 @@ constexpr const char* kEditor = R"(Dialog 'Watermark' modal
 /// Asks about every window at each of its events, from before it is made until after it has gone.
 class ImpatientReader : public QObject {
 public:
-    ImpatientReader() { qApp->installEventFilter(this); }
+    ImpatientReader() {
+        platform::EnsureApplication();
+        qApp->installEventFilter(this);
+    }
     int Answers() const { return answers_; }
 
 protected:

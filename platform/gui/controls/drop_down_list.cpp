@@ -14,7 +14,8 @@ namespace {
 
 constexpr int kFrameOfClosedList = 8;  // pixels above and below the line of text, together
 constexpr int kItemsOfPage = 8;        // how far the page keys go
-constexpr int kTypingPause = 1000;     // milliseconds after which a letter begins a new search
+
+int typingPause = 1000;  // milliseconds
 
 const WCHAR* Wide(const QString& text) {
     return reinterpret_cast<const WCHAR*>(text.utf16());
@@ -33,6 +34,10 @@ QString TextAt(LPARAM address) {
 DropDownList::DropDownList(ControlOwner& owner, const ControlTemplate& made)
     : Control(WindowKind::kList, owner, made), sorted_((made.Style & CBS_SORT) != 0) {
     Equip(new Face(*this, owner.Widget()));
+}
+
+void DropDownList::SetTypingPause(int milliseconds) {
+    typingPause = milliseconds;
 }
 
 DropDownList::~DropDownList() {
@@ -224,7 +229,8 @@ int DropDownList::TargetOfKey(const QKeyEvent& event) {
 }
 
 int DropDownList::FindTyped(const QString& letter) {
-    const bool goesOn = sinceLetter_.isValid() && !sinceLetter_.hasExpired(kTypingPause);
+    const bool goesOn =
+        typingPause > 0 && sinceLetter_.isValid() && !sinceLetter_.hasExpired(typingPause);
     typed_ = goesOn ? typed_ + letter : letter;
     sinceLetter_.start();
     if (typed_ == letter) return FindBeginning(letter, selection_ + 1);

@@ -13,6 +13,9 @@ namespace platform {
 class DropDownList : public Control {
 public:
     DropDownList(ControlOwner& owner, const ControlTemplate& made);
+    /// After how long a typed letter begins a new search, in all lists; 1000 at first. 0: always.
+    static void SetTypingPause(int milliseconds);
+
     ~DropDownList() override;
 
     [[nodiscard]] QString Text() const override;

@@ -234,6 +234,10 @@ bool AskHelp(HWND dialog, int controlId) {
     return true;
 }
 
+void TypeSlowly() {
+    DropDownList::SetTypingPause(0);
+}
+
 void Close(HWND dialog) {
     const Dialog* found = OpenDialog(dialog);
     if (found != nullptr) found->Widget()->close();

@@ -27,6 +27,8 @@ bool ChooseAt(HWND dialog, int listId, int index);
 bool StepUpDown(HWND dialog, int upDownId, int steps);  ///< clicks the up (+) or down (-) arrow
 /// Clicks the caption's question mark, then the control, which may be disabled.
 bool AskHelp(HWND dialog, int controlId);
+/// From now on each letter that is typed into a list is sought by itself, as by a slow person.
+void TypeSlowly();
 void Close(HWND dialog);  ///< the close box
 
 }  // namespace platform::hands
