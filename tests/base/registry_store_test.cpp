@@ -72,7 +72,9 @@ protected:
         const pid_t reader = fork();
         if (reader == 0) {
             HKEY key = nullptr;
-            _exit(GiveUpPrivileges() && Open(&key) == 0 && Read(key) == fill && Write(key, 9) != 0 ? 0 : 1);
+            _exit(GiveUpPrivileges() && Open(&key) == 0 && Read(key) == fill && Write(key, 9) != 0
+                      ? 0
+                      : 1);
         }
         const int code = ExitCode(reader);
         permissions(folder, std::filesystem::perms(0755));

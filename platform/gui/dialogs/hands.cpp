@@ -198,8 +198,7 @@ bool ChooseAt(HWND dialog, int listId, int index) {
     const QString sought = list->ItemText(index);
     if (!list->IsOpen() && !Click(dialog, listId)) return false;
     // The program hears that the list drops, and may fill it anew, hide or close it.
-    const bool isThere =
-        list->IsOpen() && index < list->Count() && list->ItemText(index) == sought;
+    const bool isThere = list->IsOpen() && index < list->Count() && list->ItemText(index) == sought;
     QRect place;
     QWidget* items = isThere ? list->ItemPlace(index, &place) : nullptr;
     if (items == nullptr) {
