@@ -59,6 +59,13 @@ void OfferSameFaces(HWND dialog) {
     ::SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(place), 0);
 }
 
+// The letters of labels, and what they stand before.
+constexpr std::pair<int, int> kLabelled[] = {
+    {'L', IDC_WATERMARK_LIST}, {'M', IDC_NAME},     {'S', IDC_TEXT},  {'F', IDC_TYPEFACE},
+    {'Z', IDC_POINT_SIZE},     {'C', IDC_COLOR},    {'A', IDC_ANGLE}, {'U', IDC_USER_ANGLE},
+    {'H', IDC_HORIZONTAL},     {'V', IDC_VERTICAL},
+};
+
 }  // namespace
 
 class Player::Machine {
@@ -89,6 +96,7 @@ private:
     bool AtPage(const Action& action);
     bool InEditor(const Action& action);
     [[nodiscard]] bool IsUnsettledKey(int key) const;
+    [[nodiscard]] bool IsUnsettledLetter(int letter) const;
     bool Drop(int steps);
     void WorkInEditor();
     void Edit();
@@ -225,7 +233,7 @@ bool Player::Performance::InEditor(const Action& action) {
         case Verb::kDrop:
             return Drop(action.number);
         case Verb::kMnemonic:
-            return user_.PressKey(action.number, true);
+            return !IsUnsettledLetter(action.number) && user_.PressKey(action.number, true);
         default:
             return user_.Close(), true;
     }
@@ -238,6 +246,17 @@ bool Player::Performance::IsUnsettledKey(int key) const {
     if (key < VK_LEFT || key > VK_DOWN) return false;
     const auto kind = editor_->FocusedKind();
     return kind == kButton || kind == kCheck || kind == kUpDown;
+}
+
+/// The third party leads a label's letter through the label itself: a control that has the focus
+/// already, or gets it because the label's own is disabled, hears of a loss and a gain.
+bool Player::Performance::IsUnsettledLetter(int letter) const {
+    for (const auto& [labelLetter, id] : kLabelled) {
+        if (labelLetter != letter) continue;
+        const HWND control = ::GetDlgItem(user_.Dialog(), id);
+        if (!::IsWindowEnabled(control) || ::GetFocus() == control) return true;
+    }
+    return false;
 }
 
 /// Opened and closed again at once: what a letter with Alt does to an open list is not documented.

@@ -142,12 +142,14 @@ void UpDown::StepByKey(int direction) {
     if ((style_ & UDS_ARROWKEYS) != 0 && Widget()->isEnabled()) Step(direction);
 }
 
+// Blanks before a number are passed over, what stands behind it makes it none.
 int UpDown::Number() const {
+    if (buddy_ == nullptr) return position_;
+    const QString text = buddy_->Text().remove(kThousandsSeparator);
     bool isNumber = false;
-    const int number = buddy_ == nullptr
-                           ? 0
-                           : buddy_->Text().trimmed().remove(kThousandsSeparator).toInt(&isNumber);
-    return isNumber && number >= Lowest() && number <= Highest() ? number : position_;
+    const int number = text.toInt(&isNumber);
+    const bool isKnown = isNumber && !text.back().isSpace();
+    return isKnown && number >= Lowest() && number <= Highest() ? number : position_;
 }
 
 void UpDown::Step(int amount) {
