@@ -33,8 +33,8 @@ TextView TextIn(const WCHAR (&array)[Capacity]) {
 
 /// Without half of a surrogate pair at its end, as a limit on typing or a cut leaves one.
 constexpr TextView WithoutLoneHalf(TextView text) {
-    constexpr auto isHigh = [](WCHAR unit) { return (unit & 0xFC00) == 0xD800; };
-    constexpr auto isLow = [](WCHAR unit) { return (unit & 0xFC00) == 0xDC00; };
+    const auto isHigh = [](WCHAR unit) { return (unit & 0xFC00) == 0xD800; };
+    const auto isLow = [](WCHAR unit) { return (unit & 0xFC00) == 0xDC00; };
     if (text.empty()) return text;
     const bool isPair = text.size() > 1 && isHigh(text[text.size() - 2]) && isLow(text.back());
     const bool isHalf = isHigh(text.back()) || isLow(text.back());
