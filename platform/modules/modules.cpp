@@ -75,7 +75,7 @@ std::map<const ModuleImage*, Mapped>::iterator Find(HINSTANCE handle) {
     return isOpen ? found : modules.end();
 }
 
-std::u16string WithEnding(std::u16string name) {
+std::u16string WithEnding(const std::u16string& name) {
     const std::size_t lastPart = name.find_last_of(u"\\/:") + 1;
     return name.find(u'.', lastPart) == std::u16string::npos ? name + u".dll" : name;
 }
