@@ -25,7 +25,9 @@ DWORD ReadPrinterWatermarkList(HANDLE printer, WatermarkList* list) {
 
 void WritePrinterWatermarkList(LPCWSTR printerName, const WatermarkList& list,
                                UINT writeFailedTextId) {
-    const UniquePrinter printer = OpenPrinterFor(printerName, PRINTER_ALL_ACCESS);
+    // Without a name the platform would open the print server.
+    const UniquePrinter printer =
+        printerName != nullptr ? OpenPrinterFor(printerName, PRINTER_ALL_ACCESS) : UniquePrinter();
     if (!printer) {
         ShowMessage(IDS_PRINTER_NOT_OPENED, IDS_CAPTION_ERROR, MB_OK);
         return;
