@@ -23,8 +23,7 @@ bool TakesNextArgument(const CLI::Option& option, const std::string& argument) {
 }
 
 bool MayComeAgain(const CLI::Option& option) {
-    return option.get_multi_option_policy() == CLI::MultiOptionPolicy::TakeAll ||
-           option.get_expected_max() == 0;
+    return option.get_multi_option_policy() == CLI::MultiOptionPolicy::TakeAll;
 }
 
 std::vector<std::string> LongNames(const CLI::App& app) {

@@ -28,7 +28,7 @@ struct PageOptions {
     bool lines = false;
     bool json = false;
     bool window = false;
-    std::string watermark;
+    std::optional<std::string> watermark;
     std::string script;
 };
 
@@ -83,15 +83,21 @@ void ShowPage(PageKind kind, const PageOptions& options, const CommandContext& c
         ShowPageWindow(options.name, kind);
         return;
     }
+    if (options.watermark && options.watermark->empty()) {
+        throw UsageFailure("--watermark needs a name");
+    }
     std::optional<EditScript> script;
     if (!options.script.empty()) script = EditScript::Read(options.script);
     UseChosenMachine(context);
     TerminalUser user(context.err);
     const platform::UserScope scope(user);
     std::unique_ptr<PageSession> page = OpenPage(options.name, kind, context.err);
-    if (options.defaults) page = page->WithDefaults();
+    if (options.defaults) {
+        const SlowAnswerNotice notice(context.err);
+        page = page->WithDefaults();
+    }
     for (const std::string& setting : options.settings) SetItem(*page, setting);
-    if (!options.watermark.empty()) SelectWatermark(*page, user, options.watermark);
+    if (options.watermark) SelectWatermark(*page, user, *options.watermark);
     if (script) Edit(*page, user, *script);
     if (options.apply && !page->Apply()) throw Failure("the settings were refused");
     // A command that only changes says nothing when all went well.

@@ -103,6 +103,9 @@ std::string WhyNeverAsked(const std::string& portName, bool bidirectional) {
 }
 
 PortSpec ParsePort(const std::string& name, const std::string& kind, const std::string& address) {
+    if (name.empty() || Escaped(name) != name) {
+        throw UsageFailure(Quoted(name) + " is no name for a port");
+    }
     PortSpec port = ReadName(name);
     if (!kind.empty()) port.kind = RowNamed(kKinds, "kind of port", kind).kind;
     // An address makes a port of unknown kind a standard one.

@@ -276,7 +276,6 @@ EditScript EditScript::Selecting(const std::string& watermark) {
     EditScript script;
     script.actions_ = {{&VerbNamed("choose"), 0, IDC_WATERMARK_LIST, "Watermark List", watermark},
                        {&VerbNamed("press"), 0, IDOK, "OK", ""}};
-    script.consents_ = true;
     return script;
 }
 
@@ -308,7 +307,6 @@ bool EditScript::AtAnswer() const {
 std::string EditScript::ObjectionTo(const platform::MessageBoxRequest& box) const {
     const std::string message = Quoted(platform::Utf8(box.text));
     if (box.caption == errorCaption_) return "the editor says " + message;
-    if (consents_) return "";
     if (!AtAnswer()) return "the message " + message + " is not answered";
     const Action& action = actions_[next_];
     return AnswersOf(box.type).Has(action.number)
@@ -320,7 +318,7 @@ int EditScript::Answer(const platform::MessageBoxRequest& box) {
     const BoxAnswers answers = AnswersOf(box.type);
     if (dialog_ == nullptr) return answers.safe;
     const std::string objection = ObjectionTo(box);
-    if (objection.empty()) return consents_ ? answers.consent : actions_[next_++].number;
+    if (objection.empty()) return actions_[next_++].number;
     Stop(objection + "; nothing was stored");
     // Closed under its question the editor stores nothing, whatever the answer.
     platform::hands::Close(dialog_);
