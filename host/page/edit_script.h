@@ -31,8 +31,8 @@ public:
     [[nodiscard]] static EditScript Parse(std::string_view text);
     /// The same from a file.
     [[nodiscard]] static EditScript Read(const std::filesystem::path& file);
-    /// One that selects a watermark by its name and closes with OK. It answers no question: an entry
-    /// that OK would change stays as it is, and the script fails.
+    /// One that selects a watermark by its name and closes with OK. It answers no question: an
+    /// entry that OK would change stays as it is, and the script fails.
     [[nodiscard]] static EditScript Selecting(const std::string& watermark);
 
     /// The caption of message boxes that tell an error.
