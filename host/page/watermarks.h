@@ -17,8 +17,8 @@ namespace host {
 /// A line for each: name and what it prints; the selected one is marked with '*'.
 void PrintWatermarks(const PageSession& page, std::ostream& out);
 
-/// Works in the page's editor by a script. Throws `Failure` when the
-/// script could not be carried out; nothing is stored then.
+/// Works in the page's editor by a script. Throws `Failure` when the script could not be carried
+/// out; what an OK before that has stored stays.
 void Edit(PageSession& page, TerminalUser& user, EditScript& script);
 
 /// Selects a watermark by its name, as the editor's OK does, and switches it on.
